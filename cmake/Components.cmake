@@ -1,0 +1,41 @@
+# One component a folder of src/. A file whose name begins with Frm or Scrivanta speaks to the platform's windows
+# and is built for Windows only; so is the whole of win/. The rest is portable.
+
+add_library(scrivanta_options INTERFACE)
+target_compile_options(scrivanta_options INTERFACE -Wall -Wextra -Wconversion -Wshadow -Werror)
+target_include_directories(scrivanta_options INTERFACE ${CMAKE_SOURCE_DIR}/src)
+if(SCRIVANTA_SANITIZE)
+  target_compile_options(scrivanta_options INTERFACE -fsanitize=address,undefined -fno-sanitize-recover=all
+                                                     -fno-omit-frame-pointer -O1)
+  target_link_options(scrivanta_options INTERFACE -fsanitize=address,undefined)
+endif()
+if(WIN32)
+  target_compile_definitions(scrivanta_options INTERFACE UNICODE _UNICODE NOMINMAX WIN32_LEAN_AND_MEAN STRICT
+                                                         _WIN32_WINNT=0x0A00 WINVER=0x0A00)
+  target_link_options(scrivanta_options INTERFACE -static)
+endif()
+
+# scrivanta_component(NAME [DEPENDS component...]): the library scrivanta_NAME from the sources of this folder.
+# With WINDOWS_ONLY every source is for Windows. Files in the sub-folder posix/ are for the others.
+function(scrivanta_component name)
+  cmake_parse_arguments(ARG "WINDOWS_ONLY" "" "DEPENDS" ${ARGN})
+  file(GLOB sources CONFIGURE_DEPENDS *.cpp)
+  if(WIN32)
+    file(GLOB resources CONFIGURE_DEPENDS *.rc)
+  else()
+    list(FILTER sources EXCLUDE REGEX "/(Frm|Scrivanta)[^/]*$")
+    file(GLOB posixSources CONFIGURE_DEPENDS posix/*.cpp)
+    list(APPEND sources ${posixSources})
+  endif()
+  if(NOT sources)
+    add_library(scrivanta_${name} INTERFACE)
+    set(scope INTERFACE)
+  else()
+    add_library(scrivanta_${name} STATIC ${sources})
+    set(scope PUBLIC)
+  endif()
+  target_link_libraries(scrivanta_${name} ${scope} scrivanta_options)
+  foreach(component IN LISTS ARG_DEPENDS)
+    target_link_libraries(scrivanta_${name} ${scope} scrivanta_${component})
+  endforeach()
+endfunction()

@@ -1,0 +1,48 @@
+// The edit box as commands see it: one text, one selection. FrmMain implements it on the real control, tests on a
+// string.
+#pragma once
+
+#include <compare>
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+namespace scrivanta {
+
+// A position in the document text, in UTF-16 code units from 0; a line break (CR LF) counts two. The control's own
+// positions count it once and have a type of their own (ControlPos), so that the two cannot be mixed.
+struct TextPos {
+  std::size_t value = 0;
+  friend auto operator<=>(const TextPos&, const TextPos&) = default;
+};
+
+struct TextRange {
+  TextPos start;
+  std::size_t length = 0;  // in UTF-16 code units
+
+  bool empty() const noexcept { return length == 0; }
+  TextPos end() const noexcept { return {start.value + length}; }
+  friend bool operator==(const TextRange&, const TextRange&) = default;
+};
+
+class Editor {
+ public:
+  Editor() = default;
+  Editor(const Editor&) = delete;
+  Editor& operator=(const Editor&) = delete;
+  virtual ~Editor() = default;
+
+  // The document text, lines separated by CR LF.
+  virtual std::u16string Text() const = 0;
+  virtual std::u16string SelectedText() const = 0;
+  virtual TextRange Selection() const = 0;
+  // Scrolls the caret into view. Positions beyond the end mean the end.
+  virtual void SetSelection(TextRange range) = 0;
+
+  // Both change the document: they mark it as changed and are one step of undo. A lone CR or LF in the text becomes a
+  // line break, as everything shown does.
+  virtual void SetText(std::u16string_view text) = 0;
+  virtual void ReplaceSelection(std::u16string_view text) = 0;
+};
+
+}  // namespace scrivanta

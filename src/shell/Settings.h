@@ -1,0 +1,31 @@
+// What is kept between runs: the registry-backed store and the ini file behind one interface.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace scrivanta {
+
+inline constexpr std::u16string_view kFormSection = u"FormSaveSetting";
+inline constexpr std::u16string_view kWindowSection = u"Settings";
+
+enum class Store { kRegistry, kIniFile };
+
+class Settings {
+ public:
+  Settings() = default;
+  Settings(const Settings&) = delete;
+  Settings& operator=(const Settings&) = delete;
+  virtual ~Settings() = default;
+
+  // An empty section means kFormSection. Line breaks in the value are kept (stored as "<#@#>"). Throws when the store
+  // cannot be written.
+  virtual void Save(std::u16string_view key, std::u16string_view value, Store store = Store::kRegistry,
+                    std::u16string_view section = kFormSection) = 0;
+  // The empty text when the key is absent.
+  virtual std::u16string Get(std::u16string_view key, Store store = Store::kRegistry,
+                             std::u16string_view section = kFormSection) const = 0;
+};
+
+}  // namespace scrivanta

@@ -1,0 +1,76 @@
+// All that a command may touch. FrmMain provides it on real controls, tests provide a scripted one.
+#pragma once
+
+#include <chrono>
+#include <filesystem>
+#include <string>
+
+#include "shell/Editor.h"
+#include "shell/Prompts.h"
+#include "shell/Settings.h"
+#include "text/Progress.h"
+
+namespace scrivanta {
+
+// Fixed at start-up.
+struct Folders {
+  std::filesystem::path program;
+  std::filesystem::path temporary;
+  std::filesystem::path iniFile;
+};
+
+class Clock {
+ public:
+  Clock() = default;
+  Clock(const Clock&) = delete;
+  Clock& operator=(const Clock&) = delete;
+  virtual ~Clock() = default;
+
+  virtual std::chrono::local_time<std::chrono::milliseconds> Now() const = 0;
+};
+
+// What the desktop does for the program.
+class Shell {
+ public:
+  Shell() = default;
+  Shell(const Shell&) = delete;
+  Shell& operator=(const Shell&) = delete;
+  virtual ~Shell() = default;
+
+  // Opens a document with its own program. Throws FileError.
+  virtual void OpenWithDefaultProgram(const std::filesystem::path& document) = 0;
+  // Runs a program with arguments and does not wait for it. Throws FileError.
+  virtual void Run(const std::u16string& program, const std::u16string& arguments) = 0;
+};
+
+// While one lives the window is busy: hourglass, menu, edit box and dialogs disabled, the first status panel shows how
+// far the work has come and has its old text back at the end; after a second the interrupt window is there.
+class BusyWork {
+ public:
+  BusyWork() = default;
+  BusyWork(const BusyWork&) = delete;
+  BusyWork& operator=(const BusyWork&) = delete;
+  virtual ~BusyWork() = default;
+
+  virtual Progress& progress() = 0;
+};
+
+class Workbench {
+ public:
+  Workbench() = default;
+  Workbench(const Workbench&) = delete;
+  Workbench& operator=(const Workbench&) = delete;
+  virtual ~Workbench() = default;
+
+  virtual Editor& editor() = 0;
+  virtual Prompts& prompts() = 0;
+  virtual Settings& settings() = 0;
+  virtual Shell& shell() = 0;
+  virtual const Clock& clock() const = 0;
+  virtual const Folders& folders() const = 0;
+  virtual std::unique_ptr<BusyWork> StartWork() = 0;
+  // The text of the first status panel, beside the document path: a count, a remark. The next change of state ends it.
+  virtual void ShowStatus(const std::u16string& text) = 0;
+};
+
+}  // namespace scrivanta
