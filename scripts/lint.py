@@ -1,0 +1,104 @@
+#!/usr/bin/env python3
+"""Runs clang-tidy over the sources of src/, as many at a time as there are processors.
+
+A file that was clean is not read again until it, a header of ours that it includes, its compile command or the
+configuration has changed: the stamps lie in build/lint. The native build's commands are used; what only the Windows build
+has is read with clang's view of the mingw headers.
+"""
+
+import concurrent.futures
+import hashlib
+import json
+import os
+import pathlib
+import re
+import subprocess
+import sys
+
+ROOT = pathlib.Path(__file__).resolve().parent.parent
+STAMPS = ROOT / "build" / "lint"
+INCLUDE = re.compile(r'^\s*#\s*include\s*"([^"]+)"', re.MULTILINE)
+GENERATED = re.compile(r"Table\.cpp$")
+
+
+def compile_commands(preset):
+    path = ROOT / "build" / preset / "compile_commands.json"
+    if not path.exists():
+        return {}
+    commands = {}
+    for entry in json.loads(path.read_text()):
+        file = pathlib.Path(entry["file"])
+        if file.suffix == ".cpp" and file.is_relative_to(ROOT / "src") and not GENERATED.search(file.name):
+            commands[file] = (preset, entry["command"])
+    return commands
+
+
+def closure(file, roots, seen):
+    """The file and every header of ours that it includes, however deep."""
+    if file in seen:
+        return seen
+    seen.add(file)
+    for name in INCLUDE.findall(file.read_text(encoding="utf-8")):
+        for folder in [file.parent, *roots]:
+            header = folder / name
+            if header.exists():
+                closure(header.resolve(), roots, seen)
+                break
+    return seen
+
+
+def stamp_of(file, command):
+    digest = hashlib.sha256((ROOT / ".clang-tidy").read_bytes())
+    digest.update(command.replace(str(ROOT), "").encode())
+    digest.update(pathlib.Path(__file__).read_bytes())
+    for part in sorted(closure(file, [ROOT / "src"], set())):
+        digest.update(part.read_bytes())
+    return STAMPS / digest.hexdigest()
+
+
+def mingw_arguments():
+    """What makes clang see the headers that the cross compiler sees."""
+    text = subprocess.run(
+        ["x86_64-w64-mingw32-g++-posix", "-E", "-x", "c++", "-v", os.devnull], capture_output=True, text=True, check=True
+    ).stderr
+    folders = text.split("search starts here:\n")[-1].split("End of search list")[0].split()
+    arguments = ["--extra-arg=--target=x86_64-w64-windows-gnu", "--extra-arg=-nostdinc++"]
+    # Clang brings its own compiler headers; those of GCC would not parse.
+    for folder in folders:
+        if not re.search(r"/12[^/]*/include(-fixed)?$", folder):
+            arguments.append("--extra-arg=-isystem" + folder)
+    return arguments
+
+
+def lint(file, preset, command, mingw):
+    stamp = stamp_of(file, command)
+    if stamp.exists():
+        return file, True, ""
+    arguments = ["clang-tidy", "-quiet", "-p", str(ROOT / "build" / preset)]
+    arguments += ["--extra-arg=-Wno-unknown-warning-option"]
+    if preset == "windows":
+        arguments += mingw
+    result = subprocess.run([*arguments, str(file)], capture_output=True, text=True, check=False)
+    if result.returncode == 0:
+        stamp.touch()
+    return file, result.returncode == 0, result.stdout + result.stderr
+
+
+def main():
+    STAMPS.mkdir(parents=True, exist_ok=True)
+    commands = compile_commands("windows")
+    commands.update(compile_commands("native"))
+    wanted = [pathlib.Path(name).resolve() for name in sys.argv[1:]]
+    jobs = [(file, *rest) for file, rest in sorted(commands.items()) if not wanted or file in wanted]
+    mingw = mingw_arguments() if any(preset == "windows" for _, preset, _ in jobs) else []
+    failed = 0
+    with concurrent.futures.ThreadPoolExecutor(max_workers=os.cpu_count()) as pool:
+        for file, clean, output in pool.map(lambda job: lint(*job, mingw), jobs):
+            if not clean:
+                failed += 1
+                print(f"{file.relative_to(ROOT)}:\n{output}", file=sys.stderr)
+    print(f"lint: {len(jobs)} files, {failed} with findings")
+    return 1 if failed else 0
+
+
+sys.exit(main())
