@@ -1,0 +1,24 @@
+// The registry-backed settings of the program: texts under the program's title, a section and a key. On Windows each
+// section is a registry key of the user's, tests keep a map.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace scrivanta {
+
+class RegistryStore {
+ public:
+  RegistryStore() = default;
+  RegistryStore(const RegistryStore&) = delete;
+  RegistryStore& operator=(const RegistryStore&) = delete;
+  virtual ~RegistryStore() = default;
+
+  // Nothing when the key is absent. The value is as it was stored: line breaks are the caller's business.
+  virtual std::optional<std::u16string> Read(std::u16string_view section, std::u16string_view key) const = 0;
+  // Throws std::system_error when it cannot be stored.
+  virtual void Write(std::u16string_view section, std::u16string_view key, std::u16string_view value) = 0;
+};
+
+}  // namespace scrivanta
