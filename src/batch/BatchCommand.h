@@ -4,9 +4,11 @@
 
 #include <filesystem>
 #include <functional>
+#include <stdexcept>
 #include <string>
 #include <vector>
 
+#include "batch/BatchInput.h"
 #include "text/Bytes.h"
 #include "text/Encoding.h"
 #include "text/Progress.h"
@@ -24,13 +26,15 @@ enum class ExitStatus {
   kFailed = 3,
 };
 
-// What a command works with. What it writes to output is put in place only when it returns; an exception or an
-// interrupt leaves the target as it was.
+// What a command works with. What it writes to an output is put in place only when it returns; an exception or an
+// interrupt leaves every target as it was.
 struct BatchContext {
-  ByteSource& input;
+  BatchInput& input;
   ByteSink& output;
   Encoding encoding;
   Progress& progress;
+  // Opens an output beside the main one; it lives as long as the context. Throws FileError.
+  std::function<ByteSink&(const std::filesystem::path&)> openFurtherOutput;
 };
 
 // Arguments that only together cannot be used; what() says why. Ends the program with kUnusableArguments.
@@ -46,12 +50,19 @@ struct BatchCommand {
   std::string description;
   std::string example;  // a whole command line, shown by --help
   // Adds the command's own options to its parser and returns the work, which reads them when it runs. Arguments are
-  // UTF-8.
+  // UTF-8. The options live in what the work holds (a shared_ptr), not in the caller.
   std::function<BatchWork(CLI::App&)> configure;
+  bool takesInput = true;  // false: the command has positional arguments of its own, and its input is empty
 };
 
 std::vector<BatchCommand> LineBatchCommands();
 std::vector<BatchCommand> RegExpBatchCommands();
 std::vector<BatchCommand> CipherBatchCommands();
+
+// All of them, in the order of the help.
+std::vector<BatchCommand> BatchCommands();
+
+// A path from an argument.
+std::filesystem::path PathFromUtf8(std::string_view argument);
 
 }  // namespace scrivanta

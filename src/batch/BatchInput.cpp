@@ -1,0 +1,67 @@
+#include "batch/BatchInput.h"
+
+#include <vector>
+
+namespace scrivanta {
+
+namespace {
+
+constexpr std::size_t kBlockSize = 256 * 1024;
+
+}  // namespace
+
+BatchInput::BatchInput(const std::filesystem::path& path)
+    : path_(path), file_(std::make_unique<FileSource>(path)), stream_(file_.get()) {}
+
+std::size_t BatchInput::Read(std::span<char> buffer) {
+  return stream_->Read(buffer);
+}
+
+std::optional<std::uint64_t> BatchInput::Size() const {
+  return stream_->Size();
+}
+
+void BatchInput::MakeRewindable(Progress& progress) {
+  if (file_ != nullptr && file_->Size()) {
+    return;
+  }
+  auto spool = std::make_unique<Spool>();
+  std::vector<char> block(kBlockSize);
+  while (const std::size_t count = stream_->Read(block)) {
+    spool->Write({block.data(), count});
+    progress.Report(0, 0);
+  }
+  spool_ = std::move(spool);
+  stream_ = spool_.get();
+}
+
+void BatchInput::Rewind() {
+  if (spool_ != nullptr) {
+    spool_->Rewind();
+  } else {
+    file_ = std::make_unique<FileSource>(path_);
+    stream_ = file_.get();
+  }
+}
+
+std::string ReadAll(ByteSource& source, Progress& progress) {
+  const std::uint64_t total = source.Size().value_or(0);
+  std::string bytes(static_cast<std::size_t>(total) + 1, '\0');
+  std::size_t used = 0;
+  for (;;) {
+    const std::span<char> rest = std::span(bytes).subspan(used);
+    const std::size_t count = source.Read(rest.first(std::min(rest.size(), kBlockSize)));
+    if (count == 0) {
+      break;
+    }
+    used += count;
+    progress.Report(used, total);
+    if (used == bytes.size()) {
+      bytes.resize(bytes.size() * 2);
+    }
+  }
+  bytes.resize(used);
+  return bytes;
+}
+
+}  // namespace scrivanta

@@ -1,0 +1,31 @@
+// A file that a command writes: nothing of it is seen before the command has succeeded.
+#pragma once
+
+#include <filesystem>
+#include <memory>
+
+#include "batch/Spool.h"
+#include "text/Bytes.h"
+
+namespace scrivanta {
+
+class OutputFile final : public ByteSink {
+ public:
+  // A regular file, or one that does not exist, is written beside its target; anything else (a device, a pipe) is
+  // written straight, after the work. Throws FileError.
+  explicit OutputFile(const std::filesystem::path& target);
+  ~OutputFile() override;
+
+  void Write(std::string_view bytes) override;
+  // Everything that can fail short of putting the file in place.
+  void Prepare();
+  void Commit();
+
+ private:
+  std::filesystem::path target_;
+  std::filesystem::path beside_;  // empty: spool_ is used
+  std::unique_ptr<FileSink> file_;
+  std::unique_ptr<Spool> spool_;
+};
+
+}  // namespace scrivanta

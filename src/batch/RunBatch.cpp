@@ -1,0 +1,152 @@
+#include "batch/RunBatch.h"
+
+#include <algorithm>
+#include <deque>
+#include <map>
+#include <new>
+
+#include <CLI/CLI.hpp>
+
+#include "batch/BatchCommand.h"
+#include "batch/OutputFile.h"
+#include "batch/TerminalProgress.h"
+#include "batch/Version.h"
+
+namespace scrivanta {
+
+namespace {
+
+struct CommonOptions {
+  std::string input;
+  std::string output;
+  Encoding encoding = Encoding::kGbk;
+  bool noProgress = false;
+};
+
+struct ConfiguredCommand {
+  CommonOptions options;
+  BatchWork work;
+  bool takesInput = true;
+};
+
+void AddCommonOptions(CLI::App& parser, CommonOptions& options, bool takesInput) {
+  static const std::map<std::string, Encoding> kEncodings = {{"gbk", Encoding::kGbk}, {"utf-8", Encoding::kUtf8}};
+  if (takesInput) {
+    parser.add_option("INPUT", options.input, "File to read; \"-\" or none: standard input");
+  }
+  parser.add_option("-o,--output", options.output, "File to write, may be the input; none: standard output")
+      ->type_name("OUTPUT");
+  parser.add_option("--encoding", options.encoding, "Encoding of input and output: gbk (default) or utf-8")
+      ->transform(CLI::CheckedTransformer(kEncodings, CLI::ignore_case).description(""))
+      ->type_name("ENCODING");
+  parser.add_flag("--progress")->description("Show a bar on standard error when that is a terminal: so by default");
+  parser.add_flag("--no-progress", options.noProgress, "Show none");
+}
+
+// Adds a command to the program's parser; the options stand in configured, which must not move.
+void AddCommand(CLI::App& program, const BatchCommand& command, ConfiguredCommand& configured) {
+  CLI::App* parser = program.add_subcommand(command.name, command.description);
+  parser->footer("Example:\n  " + command.example);
+  configured.takesInput = command.takesInput;
+  configured.work = command.configure(*parser);
+  AddCommonOptions(*parser, configured.options, command.takesInput);
+}
+
+ExitStatus RunCommand(const ConfiguredCommand& command, const BatchStreams& streams) {
+  const CommonOptions& options = command.options;
+  TerminalProgress progress(streams.errors, streams.errorsAreTerminal && !options.noProgress, streams.interrupted);
+  std::deque<OutputFile> files;
+  Spool toStandardOutput;
+  ExitStatus status = ExitStatus::kDone;
+  {
+    // The input is closed before the outputs are put in place: it may be one of them.
+    MemorySource nothing("");
+    ByteSource& stream = command.takesInput ? streams.input : nothing;
+    std::optional<BatchInput> input;
+    if (options.input.empty() || options.input == "-") {
+      input.emplace(stream);
+    } else {
+      input.emplace(PathFromUtf8(options.input));
+    }
+    const auto openOutput = [&files](const std::filesystem::path& path) -> ByteSink& {
+      return files.emplace_back(path);
+    };
+    ByteSink& output = options.output.empty() ? toStandardOutput : openOutput(PathFromUtf8(options.output));
+    BatchContext context{*input, output, options.encoding, progress, openOutput};
+    status = command.work(context);
+  }
+  for (OutputFile& file : files) {
+    file.Prepare();
+  }
+  for (OutputFile& file : files) {
+    file.Commit();
+  }
+  CopyBytes(toStandardOutput, streams.output);
+  return status;
+}
+
+int Fail(ExitStatus status, std::string reason, const BatchStreams& streams) {
+  std::replace(reason.begin(), reason.end(), '\n', ' ');
+  streams.errors << "scrivanta-batch: " << reason << '\n';
+  return static_cast<int>(status);
+}
+
+int RunReportingFailure(const ConfiguredCommand& command, const BatchStreams& streams) {
+  try {
+    return static_cast<int>(RunCommand(command, streams));
+  } catch (const UnusableArguments& error) {
+    return Fail(ExitStatus::kUnusableArguments, error.what(), streams);
+  } catch (const Interrupted&) {
+    return Fail(ExitStatus::kFailed, "interrupted", streams);
+  } catch (const std::bad_alloc&) {
+    return Fail(ExitStatus::kFailed, "not enough memory", streams);
+  } catch (const std::exception& error) {
+    return Fail(ExitStatus::kFailed, streams.interrupted ? "interrupted" : error.what(), streams);
+  }
+}
+
+}  // namespace
+
+std::vector<BatchCommand> BatchCommands() {
+  std::vector<BatchCommand> all;
+  for (auto list : {LineBatchCommands(), RegExpBatchCommands(), CipherBatchCommands()}) {
+    std::move(list.begin(), list.end(), std::back_inserter(all));
+  }
+  return all;
+}
+
+std::filesystem::path PathFromUtf8(std::string_view argument) {
+  return std::u8string(argument.begin(), argument.end());
+}
+
+int RunBatch(const std::vector<std::string>& arguments, const BatchStreams& streams) {
+  CLI::App program("Text commands on files, for scripts and for documents too large for a window.", "scrivanta-batch");
+  program.footer(
+      "Each command: scrivanta-batch COMMAND [OPTIONS] [INPUT] [-o OUTPUT]; see scrivanta-batch COMMAND --help.\n"
+      "Exit status: 0 done; 1 done, nothing was found; 2 the arguments cannot be used; 3 the work failed.\n"
+      "Example:\n  scrivanta-batch trim-lines report.txt -o report.txt");
+  program.require_subcommand(0, 1);
+  program.get_formatter()->label("SUBCOMMAND", "COMMAND");
+  program.set_version_flag("--version", "scrivanta-batch " + std::string(kVersion));
+  std::map<std::string, ConfiguredCommand> commands;
+  for (const BatchCommand& command : BatchCommands()) {
+    AddCommand(program, command, commands[command.name]);
+  }
+  try {
+    program.parse(std::vector<std::string>(arguments.rbegin(), arguments.rend()));
+  } catch (const CLI::CallForHelp&) {
+    streams.output.Write(program.help());
+    return static_cast<int>(ExitStatus::kDone);
+  } catch (const CLI::CallForVersion& version) {
+    streams.output.Write(std::string(version.what()) + "\n");
+    return static_cast<int>(ExitStatus::kDone);
+  } catch (const CLI::ParseError& error) {
+    return Fail(ExitStatus::kUnusableArguments, error.what(), streams);
+  }
+  if (program.get_subcommands().empty()) {
+    return Fail(ExitStatus::kUnusableArguments, "a COMMAND is required, see scrivanta-batch --help", streams);
+  }
+  return RunReportingFailure(commands.at(program.get_subcommands().front()->get_name()), streams);
+}
+
+}  // namespace scrivanta

@@ -1,0 +1,136 @@
+#include <thread>
+
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+
+#include "batch/BatchCommand.h"
+#include "batch/Spool.h"
+#include "support/BatchRun.h"
+#include "support/TemporaryFolder.h"
+
+namespace scrivanta::testing {
+namespace {
+
+std::size_t FilesIn(const std::filesystem::path& folder) {
+  return static_cast<std::size_t>(
+      std::distance(std::filesystem::directory_iterator(folder), std::filesystem::directory_iterator()));
+}
+
+TEST(RunBatch, ReadsFromWhereItIsTold) {
+  const TemporaryFolder folder;
+  const std::string file = folder.Put("in put.txt", " file\n").string();
+  EXPECT_EQ(RunBatchOn(" stream\n", {"trim-lines"}).output, "stream\r\n");
+  EXPECT_EQ(RunBatchOn(" stream\n", {"trim-lines", "-"}).output, "stream\r\n");
+  EXPECT_EQ(RunBatchOn(" stream\n", {"trim-lines", file}).output, "file\r\n");
+}
+
+TEST(RunBatch, WritesAFileInOneStep) {
+  const TemporaryFolder folder;
+  const std::filesystem::path target = folder.path() / "out.txt";
+  const BatchResult result = RunBatchOn("a\n\nb", {"del-empty-lines", "-o", target.string()});
+  EXPECT_EQ(result.status, 0);
+  EXPECT_EQ(result.output, "");
+  EXPECT_EQ(ReadWholeFile(target), "a\r\nb\r\n");
+  EXPECT_EQ(FilesIn(folder.path()), 1U);
+}
+
+TEST(RunBatch, InputAndOutputMayBeTheSameFile) {
+  const TemporaryFolder folder;
+  const std::string file = folder.Put("both.txt", "a\n\nb\n").string();
+  EXPECT_EQ(RunBatchOn("", {"del-empty-lines", file, "-o", file}).status, 0);
+  EXPECT_EQ(ReadWholeFile(file), "a\r\nb\r\n");
+  EXPECT_EQ(RunBatchOn("", {"add-tabs", file, "--output", file}).status, 0);
+  EXPECT_EQ(ReadWholeFile(file), "a\r\nb\r\n");
+}
+
+TEST(RunBatch, AnInterruptLeavesEverythingAsItWas) {
+  const TemporaryFolder folder;
+  const std::string file = folder.Put("file.txt", "a\n\nb\n").string();
+  const BatchResult result = RunBatchOn("", {"trim-lines", file, "-o", file}, true);
+  EXPECT_EQ(result.status, 3);
+  EXPECT_EQ(result.errors, "scrivanta-batch: interrupted\n");
+  EXPECT_EQ(ReadWholeFile(file), "a\n\nb\n");
+  EXPECT_EQ(RunBatchOn("a\n", {"trim-lines"}, true).output, "");
+  EXPECT_EQ(FilesIn(folder.path()), 1U);
+}
+
+TEST(RunBatch, AFailureIsOneLineAndItsStatus) {
+  const TemporaryFolder folder;
+  const std::string missing = (folder.path() / "missing.txt").string();
+  struct Case {
+    std::vector<std::string> arguments;
+    int status;
+    std::string reason;  // somewhere in the line
+  };
+  const Case cases[] = {
+      {{}, 2, "COMMAND"},
+      {{"no-such-command"}, 2, "no-such-command"},
+      {{"trim-lines", "--no-such-option"}, 2, "--no-such-option"},
+      {{"trim-lines", "one", "two"}, 2, "two"},
+      {{"trim-lines", "--encoding", "utf-16"}, 2, "encoding"},
+      {{"del-lines", "--from", "1"}, 2, "--to"},
+      {{"del-lines", "--from", "x", "--to", "2"}, 2, "--from"},
+      {{"trim-lines", missing}, 3, missing},
+      {{"trim-lines", folder.path().string()}, 3, folder.path().string()},
+      {{"trim-lines", "-o", folder.path().string()}, 3, folder.path().string()},
+      {{"trim-lines", "-o", missing + "/file"}, 3, missing},
+  };
+  for (const Case& c : cases) {
+    const BatchResult result = RunBatchOn("text\n", c.arguments);
+    EXPECT_EQ(result.status, c.status) << result.errors;
+    EXPECT_EQ(result.output, "");
+    EXPECT_EQ(std::count(result.errors.begin(), result.errors.end(), '\n'), 1) << result.errors;
+    EXPECT_NE(result.errors.find(c.reason), std::string::npos) << result.errors;
+  }
+  EXPECT_EQ(FilesIn(folder.path()), 0U);
+}
+
+TEST(RunBatch, TakesTextsThatLookLikeOptions) {
+  EXPECT_EQ(RunBatchOn("a\nb\nc\n", {"del-lines", "--from", "-5", "--to", "2"}).output, "c\r\n");
+  EXPECT_EQ(RunBatchOn("a\nb\nc\n", {"del-lines", "--from=3", "--to=2"}).output, "a\r\nb\r\nc\r\n");
+}
+
+TEST(RunBatch, WritesAPipeStraight) {
+  const TemporaryFolder folder;
+  const std::filesystem::path pipe = folder.path() / "pipe";
+  ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
+  std::string received;
+  std::thread reader([&] { received = ReadWholeFile(pipe); });
+  EXPECT_EQ(RunBatchOn(" a\n", {"trim-lines", "-o", pipe.string()}).status, 0);
+  reader.join();
+  EXPECT_EQ(received, "a\r\n");
+  EXPECT_TRUE(std::filesystem::is_fifo(pipe));
+}
+
+TEST(RunBatch, EveryCommandExplainsItself) {
+  EXPECT_EQ(RunBatchOn("", {"--version"}).output.rfind("scrivanta-batch ", 0), 0U);
+  const std::string help = RunBatchOn("", {"--help"}).output;
+  for (const BatchCommand& command : BatchCommands()) {
+    EXPECT_NE(help.find("\n  " + command.name + " "), std::string::npos) << command.name;
+    const BatchResult own = RunBatchOn("", {command.name, "--help"});
+    EXPECT_EQ(own.status, 0);
+    EXPECT_NE(own.output.find(command.description), std::string::npos) << own.output;
+    EXPECT_NE(own.output.find(command.example), std::string::npos) << own.output;
+    EXPECT_EQ(command.example.rfind("scrivanta-batch " + command.name + " ", 0), 0U) << command.example;
+  }
+}
+
+TEST(Spool, GivesBackWhatItWasGivenFromMemoryAndFromItsFile) {
+  for (const std::size_t times : {0U, 3U, 12U}) {
+    const std::string block(1'000'000, static_cast<char>('a' + times));
+    Spool spool;
+    for (std::size_t i = 0; i < times; ++i) {
+      spool.Write(block);
+    }
+    for (int round = 0; round < 2; ++round) {
+      StringSink sink;
+      CopyBytes(spool, sink);
+      EXPECT_EQ(sink.bytes().size(), times * block.size());
+      EXPECT_EQ(sink.bytes().find_first_not_of(block[0]), std::string::npos);
+      spool.Rewind();
+    }
+  }
+}
+
+}  // namespace
+}  // namespace scrivanta::testing
