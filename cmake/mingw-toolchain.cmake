@@ -11,3 +11,5 @@ set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY ONLY)
 # Header-only packages serve both builds, see cmake/Libraries.cmake.
 set(CMAKE_FIND_ROOT_PATH_MODE_INCLUDE ONLY)
 set(CMAKE_FIND_ROOT_PATH_MODE_PACKAGE ONLY)
+# Test programs run under Wine; scripts/wine-env.sh gives them a display and a prefix.
+set(CMAKE_CROSSCOMPILING_EMULATOR wine)
