@@ -3,8 +3,10 @@
 
 #include <chrono>
 #include <filesystem>
+#include <memory>
 #include <string>
 
+#include "shell/Document.h"
 #include "shell/Editor.h"
 #include "shell/Prompts.h"
 #include "shell/Settings.h"
@@ -63,6 +65,7 @@ class Workbench {
   virtual ~Workbench() = default;
 
   virtual Editor& editor() = 0;
+  virtual Document& document() = 0;
   virtual Prompts& prompts() = 0;
   virtual Settings& settings() = 0;
   virtual Shell& shell() = 0;
