@@ -15,13 +15,26 @@ if(WIN32)
   target_link_options(scrivanta_options INTERFACE -static)
 endif()
 
+# The resource scripts of all components. The linker drops resources that lie in static libraries, so whatever is to have
+# windows links this library itself.
+if(WIN32)
+  add_library(scrivanta_resources OBJECT)
+  target_include_directories(scrivanta_resources PRIVATE ${CMAKE_SOURCE_DIR}/src)
+  set_target_properties(scrivanta_resources PROPERTIES LINKER_LANGUAGE CXX)
+  # The scripts are UTF-8.
+  set(CMAKE_RC_FLAGS "-c 65001")
+endif()
+
 # scrivanta_component(NAME [DEPENDS component...]): the library scrivanta_NAME from the sources of this folder.
-# With WINDOWS_ONLY every source is for Windows. Files in the sub-folder posix/ are for the others.
+# Files in the sub-folder posix/ are for other systems than Windows.
 function(scrivanta_component name)
-  cmake_parse_arguments(ARG "WINDOWS_ONLY" "" "DEPENDS" ${ARGN})
+  cmake_parse_arguments(ARG "" "" "DEPENDS" ${ARGN})
   file(GLOB sources CONFIGURE_DEPENDS *.cpp)
   if(WIN32)
     file(GLOB resources CONFIGURE_DEPENDS *.rc)
+    file(GLOB headers CONFIGURE_DEPENDS *Controls.h)
+    set_source_files_properties(${resources} TARGET_DIRECTORY scrivanta_resources PROPERTIES OBJECT_DEPENDS "${headers}")
+    target_sources(scrivanta_resources PRIVATE ${resources})
   else()
     list(FILTER sources EXCLUDE REGEX "/(Frm|Scrivanta)[^/]*$")
     file(GLOB posixSources CONFIGURE_DEPENDS posix/*.cpp)

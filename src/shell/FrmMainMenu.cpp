@@ -1,0 +1,88 @@
+#include "shell/FrmMainMenu.h"
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "shell/MenuTree.h"
+#include "win/PlatformError.h"
+#include "win/WideText.h"
+
+namespace scrivanta {
+
+namespace {
+
+std::wstring ShownText(const MenuEntry& entry) {
+  std::wstring text = ToWide(entry.caption);
+  if (!entry.shortcut.empty()) {
+    text += L'\t' + ToWide(entry.shortcut);
+  }
+  return text;
+}
+
+// "Ctrl+Shift+S", "F3".
+std::optional<ACCEL> ParseShortcut(std::u16string_view shortcut, int commandId) {
+  if (shortcut.empty()) {
+    return std::nullopt;
+  }
+  ACCEL accelerator{};
+  accelerator.fVirt = FVIRTKEY;
+  accelerator.cmd = static_cast<WORD>(commandId);
+  const auto take = [&shortcut](std::u16string_view prefix) {
+    const bool found = shortcut.starts_with(prefix);
+    shortcut.remove_prefix(found ? prefix.size() : 0);
+    return found;
+  };
+  if (take(u"Ctrl+")) {
+    accelerator.fVirt |= FCONTROL;
+  }
+  if (take(u"Shift+")) {
+    accelerator.fVirt |= FSHIFT;
+  }
+  if (shortcut.size() == 1) {
+    accelerator.key = shortcut.front();  // the virtual key code of a letter is its capital
+  } else {
+    accelerator.key = static_cast<WORD>(VK_F1 + shortcut[1] - u'1');
+  }
+  return accelerator;
+}
+
+}  // namespace
+
+OwnedMenu BuildMainMenu() {
+  OwnedMenu bar(CreateMenu());
+  HMENU popup = nullptr;
+  for (const MenuEntry& entry : MenuTree()) {
+    if (entry.level == MenuLevel::kBar) {
+      popup = CreatePopupMenu();
+      AppendMenuW(bar.get(), MF_POPUP, reinterpret_cast<UINT_PTR>(popup), ShownText(entry).c_str());
+    } else {
+      AppendMenuW(popup, entry.IsSeparator() ? MF_SEPARATOR : MF_STRING,
+                  static_cast<UINT_PTR>(*MenuCommandId(entry.controlName)), ShownText(entry).c_str());
+    }
+  }
+  return bar;
+}
+
+OwnedAccelerators BuildAccelerators() {
+  std::vector<ACCEL> accelerators;
+  for (const MenuEntry& entry : MenuTree()) {
+    if (const auto accelerator = ParseShortcut(entry.shortcut, *MenuCommandId(entry.controlName))) {
+      accelerators.push_back(*accelerator);
+    }
+  }
+  return OwnedAccelerators(CreateAcceleratorTableW(accelerators.data(), static_cast<int>(accelerators.size())));
+}
+
+void EnableMenuEntries(HMENU popup, const CommandTable& commands, const WorkbenchState& state) {
+  const int count = GetMenuItemCount(popup);
+  for (int position = 0; position < count; ++position) {
+    const MenuEntry* entry = MenuEntryOf(static_cast<int>(GetMenuItemID(popup, position)));
+    if (entry != nullptr && !entry->IsSeparator()) {
+      const bool available = commands.IsAvailable(entry->controlName, state);
+      EnableMenuItem(popup, static_cast<UINT>(position), MF_BYPOSITION | (available ? MF_ENABLED : MF_GRAYED));
+    }
+  }
+}
+
+}  // namespace scrivanta

@@ -1,0 +1,30 @@
+// The menu of the main window as data: FrmMain builds it, tests and the check of the help document read it.
+#pragma once
+
+#include <optional>
+#include <span>
+#include <string_view>
+
+namespace scrivanta {
+
+inline constexpr int kFirstMenuCommandId = 40001;
+
+enum class MenuLevel { kBar, kEntry };
+
+struct MenuEntry {
+  std::string_view controlName;
+  std::u16string_view caption;  // without the shortcut; "-" is a separator
+  MenuLevel level = MenuLevel::kEntry;
+  std::u16string_view shortcut = {};  // as shown: "Ctrl+Shift+S", "F3"
+
+  bool IsSeparator() const noexcept { return caption == u"-"; }
+};
+
+// In the order of the menu: an entry of the bar is followed by the entries below it.
+std::span<const MenuEntry> MenuTree();
+
+// What the window is sent when the entry is chosen.
+std::optional<int> MenuCommandId(std::string_view controlName);
+const MenuEntry* MenuEntryOf(int commandId);
+
+}  // namespace scrivanta

@@ -1,0 +1,208 @@
+#include "win/Dialog.h"
+
+#include "win/Monitors.h"
+#include "win/PlatformError.h"
+#include "win/WideText.h"
+
+namespace scrivanta {
+
+Dialog::~Dialog() {
+  if (handle_ != nullptr) {
+    const HWND window = handle_;
+    Closed();
+    SetWindowLongPtrW(window, DWLP_USER, 0);
+    DestroyWindow(window);
+  }
+}
+
+int Dialog::ShowModal(HWND owner) {
+  modal_ = true;
+  const INT_PTR result =
+      DialogBoxParamW(host_.instance, MAKEINTRESOURCEW(templateId_), owner, &Procedure, reinterpret_cast<LPARAM>(this));
+  if (result == -1) {
+    ThrowLastError("DialogBoxParam");
+  }
+  return static_cast<int>(result);
+}
+
+void Dialog::ShowModeless(HWND owner) {
+  if (handle_ == nullptr) {
+    modal_ = false;
+    if (CreateDialogParamW(host_.instance, MAKEINTRESOURCEW(templateId_), owner, &Procedure,
+                           reinterpret_cast<LPARAM>(this)) == nullptr) {
+      ThrowLastError("CreateDialogParam");
+    }
+  }
+  ShowWindow(handle_, SW_SHOWNORMAL);
+  SetForegroundWindow(handle_);
+}
+
+void Dialog::Close(int result) {
+  if (handle_ == nullptr) {
+    return;
+  }
+  if (modal_) {
+    EndDialog(handle_, result);
+  } else {
+    DestroyWindow(handle_);
+  }
+}
+
+bool Dialog::OnCommand(int, int) {
+  return false;
+}
+
+std::optional<LRESULT> Dialog::OnMessage(UINT, WPARAM, LPARAM) {
+  return std::nullopt;
+}
+
+HWND Dialog::Control(int controlId) const {
+  return GetDlgItem(handle_, controlId);
+}
+
+std::u16string Dialog::ControlText(int controlId) const {
+  const HWND control = Control(controlId);
+  std::wstring text(static_cast<std::size_t>(GetWindowTextLengthW(control)) + 1, L'\0');
+  const int length = GetWindowTextW(control, text.data(), static_cast<int>(text.size()));
+  text.resize(static_cast<std::size_t>(length));
+  return FromWide(text);
+}
+
+void Dialog::SetControlText(int controlId, std::u16string_view text) {
+  SetWindowTextW(Control(controlId), ToWide(text).c_str());
+}
+
+bool Dialog::IsChecked(int controlId) const {
+  return IsDlgButtonChecked(handle_, controlId) == BST_CHECKED;
+}
+
+void Dialog::SetChecked(int controlId, bool checked) {
+  CheckDlgButton(handle_, controlId, checked ? BST_CHECKED : BST_UNCHECKED);
+}
+
+void Dialog::EnableControl(int controlId, bool enable) {
+  EnableWindow(Control(controlId), enable ? TRUE : FALSE);
+}
+
+void Dialog::FocusOn(int controlId) {
+  focusOn_ = controlId;
+  // Unlike SetFocus this keeps the mark of the default button right and selects the text of an edit box.
+  SendMessageW(handle_, WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(Control(controlId)), TRUE);
+}
+
+void Dialog::SetToolTip(int controlId, std::u16string_view text) {
+  if (toolTips_ == nullptr) {
+    toolTips_ = CreateWindowExW(WS_EX_TOPMOST, TOOLTIPS_CLASSW, nullptr, WS_POPUP | TTS_ALWAYSTIP, 0, 0, 0, 0, handle_,
+                                nullptr, host_.instance, nullptr);
+    constexpr LPARAM kWidestLine = 400;  // pixels; a longer tip is broken into lines
+    SendMessageW(toolTips_, TTM_SETMAXTIPWIDTH, 0, kWidestLine);
+  }
+  std::wstring tip = ToWide(text);
+  TTTOOLINFOW tool{};
+  tool.cbSize = TTTOOLINFOW_V1_SIZE;
+  tool.uFlags = TTF_IDISHWND | TTF_SUBCLASS;
+  tool.hwnd = handle_;
+  tool.uId = reinterpret_cast<UINT_PTR>(Control(controlId));
+  tool.lpszText = tip.data();
+  SendMessageW(toolTips_, TTM_ADDTOOLW, 0, reinterpret_cast<LPARAM>(&tool));
+}
+
+void Dialog::HookKeys(int controlId, KeyHandler handler) {
+  HWND control = Control(controlId);
+  COMBOBOXINFO combo{};
+  combo.cbSize = sizeof(combo);
+  // The keys of a combo box go to the edit box inside.
+  if (GetComboBoxInfo(control, &combo) != FALSE && combo.hwndItem != nullptr) {
+    control = combo.hwndItem;
+  }
+  hooks_.push_back(std::make_unique<Subclass>(
+      host_, control, [handler = std::move(handler)](UINT message, WPARAM key, LPARAM) -> std::optional<LRESULT> {
+        return message == WM_KEYDOWN && handler(key) ? std::optional<LRESULT>(0) : std::nullopt;
+      }));
+}
+
+void Dialog::SetTopMost(bool topMost) {
+  SetWindowPos(handle_, topMost ? HWND_TOPMOST : HWND_NOTOPMOST, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
+}
+
+void Dialog::CentreOverOwner() {
+  const HWND owner = GetWindow(handle_, GW_OWNER);
+  RECT around{};
+  RECT own{};
+  GetWindowRect(owner != nullptr ? owner : GetDesktopWindow(), &around);
+  GetWindowRect(handle_, &own);
+  const LONG left = (around.left + around.right - own.right + own.left) / 2;
+  const LONG top = (around.top + around.bottom - own.bottom + own.top) / 2;
+  OffsetRect(&own, left - own.left, top - own.top);
+  const RECT kept = KeepOnScreen(own);
+  SetWindowPos(handle_, nullptr, kept.left, kept.top, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+INT_PTR CALLBACK Dialog::Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+  if (message == WM_INITDIALOG) {
+    reinterpret_cast<Dialog*>(lParam)->Opened(window);
+  }
+  auto* const self = reinterpret_cast<Dialog*>(GetWindowLongPtrW(window, DWLP_USER));
+  if (self == nullptr) {
+    return FALSE;
+  }
+  try {
+    return self->Handle(message, wParam, lParam);
+  } catch (...) {
+    self->host_.onError(window, std::current_exception());
+    return TRUE;
+  }
+}
+
+void Dialog::Opened(HWND window) {
+  SetWindowLongPtrW(window, DWLP_USER, reinterpret_cast<LONG_PTR>(this));
+  handle_ = window;
+  host_.loop.AddDialog(window);
+}
+
+void Dialog::Closed() {
+  host_.loop.RemoveDialog(handle_);
+  hooks_.clear();
+  toolTips_ = nullptr;
+  focusOn_.reset();
+  handle_ = nullptr;
+}
+
+INT_PTR Dialog::Handle(UINT message, WPARAM wParam, LPARAM lParam) {
+  switch (message) {
+    case WM_INITDIALOG:
+      CentreOverOwner();
+      OnInit();
+      return focusOn_ ? FALSE : TRUE;
+    case WM_COMMAND:
+      if (OnCommand(LOWORD(wParam), HIWORD(wParam))) {
+        return TRUE;
+      }
+      if (LOWORD(wParam) == IDCANCEL) {
+        Close();
+        return TRUE;
+      }
+      return FALSE;
+    case WM_LBUTTONDOWN:
+      if (dragByBody_) {
+        ReleaseCapture();
+        SendMessageW(handle_, WM_NCLBUTTONDOWN, HTCAPTION, lParam);
+        return TRUE;
+      }
+      break;
+    case WM_DESTROY:
+      OnClose();
+      Closed();
+      return TRUE;
+    default:
+      break;
+  }
+  const std::optional<LRESULT> answer = OnMessage(message, wParam, lParam);
+  if (!answer) {
+    return FALSE;
+  }
+  SetWindowLongPtrW(handle_, DWLP_MSGRESULT, *answer);
+  return TRUE;
+}
+
+}  // namespace scrivanta

@@ -1,0 +1,6 @@
+// Identifiers of the input box, for its template and its code.
+#pragma once
+
+#define IDD_INPUT_BOX 3000
+#define IDC_INPUT_PROMPT 3001
+#define IDC_INPUT_VALUE 3002

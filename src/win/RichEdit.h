@@ -1,0 +1,87 @@
+// The rich edit control. Its text has one carriage return for a line break; positions count UTF-16 code units
+// from 0, a line break once.
+#pragma once
+
+#include <windows.h>
+
+#include <richedit.h>
+
+#include <functional>
+#include <string>
+#include <string_view>
+
+#include "win/Handles.h"
+
+namespace scrivanta {
+
+// The library that holds the control; to be kept as long as a control lives.
+OwnedLibrary LoadRichEditLibrary();
+
+class RichEdit {
+ public:
+  RichEdit() = default;
+
+  // The parent destroys the control. Throws std::system_error.
+  void Create(HWND parent, int controlId, DWORD style);
+  HWND handle() const noexcept { return handle_; }
+
+  // In UTF-16 code units, a line break counting one.
+  std::size_t Length() const;
+  std::u16string Text() const;
+  std::u16string Text(CHARRANGE range) const;
+
+  // Takes decoded text with any line ends in place of all there is, in time linear in its length. The character format
+  // is the default one.
+  void LoadText(std::u16string_view text);
+  // The bytes of a rich text. False when they are none: the control may then hold anything.
+  bool LoadRtf(std::string_view bytes);
+  std::string Rtf() const;
+  std::string SelectedRtf() const;
+  void ReplaceSelectionByRtf(std::string_view bytes);
+
+  CHARRANGE Selection() const;
+  // Does not scroll.
+  void Select(CHARRANGE range);
+  void ScrollToCaret();
+  // In time more than linear: for small texts only.
+  void ReplaceSelection(std::u16string_view text);
+  // What is to be scrolled to the upper left corner, in pixels of the whole text.
+  POINT ScrollPosition() const;
+  void SetScrollPosition(POINT position);
+
+  CHARFORMAT2W SelectionFormat() const;
+  void SetSelectionFormat(const CHARFORMAT2W& format);
+  PARAFORMAT2 SelectionParagraph() const;
+  void SetSelectionParagraph(const PARAFORMAT2& format);
+  void SetDefaultFormat(const CHARFORMAT2W& format);
+  // The format of all there is, and of what comes.
+  void SetFormatOfAll(const CHARFORMAT2W& format);
+
+  void SetWordWrap(bool wrap);
+  void SetReadOnly(bool readOnly);
+  // Lines as shown, wrapped lines counted singly.
+  std::size_t LineCount() const;
+  std::size_t LineOf(LONG position) const;
+
+  DWORD EventMask() const;
+  void SetEventMask(DWORD mask);
+  LRESULT Send(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) const;
+
+ private:
+  HWND handle_ = nullptr;
+};
+
+// While it lives the control draws nothing and sends no notifications.
+class QuietRichEdit {
+ public:
+  explicit QuietRichEdit(RichEdit& box);
+  QuietRichEdit(const QuietRichEdit&) = delete;
+  QuietRichEdit& operator=(const QuietRichEdit&) = delete;
+  ~QuietRichEdit();
+
+ private:
+  RichEdit& box_;
+  DWORD eventMask_;
+};
+
+}  // namespace scrivanta

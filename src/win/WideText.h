@@ -1,0 +1,18 @@
+// Between the program's UTF-16 and the platform's: the same code units under two type names.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace scrivanta {
+
+static_assert(sizeof(wchar_t) == sizeof(char16_t));
+
+inline std::wstring ToWide(std::u16string_view text) {
+  return {text.begin(), text.end()};
+}
+inline std::u16string FromWide(std::wstring_view text) {
+  return {text.begin(), text.end()};
+}
+
+}  // namespace scrivanta
