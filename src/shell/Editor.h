@@ -39,6 +39,12 @@ class Editor {
   // Scrolls the caret into view. Positions beyond the end mean the end.
   virtual void SetSelection(TextRange range) = 0;
 
+  // Lines as they are displayed: with automatic wrapping a long line of text is several of them.
+  // How many the text would take in a box of this one's geometry.
+  virtual std::size_t CountDisplayLines(std::u16string_view text) = 0;
+  // The one that holds the caret, from 1.
+  virtual std::size_t CaretDisplayLine() const = 0;
+
   // Both change the document: they mark it as changed and are one step of undo. A lone CR or LF in the text becomes a
   // line break, as everything shown does.
   virtual void SetText(std::u16string_view text) = 0;
