@@ -2,6 +2,8 @@
 
 #include <stdexcept>
 
+#include "shell/ErrorText.h"
+
 namespace scrivanta {
 
 void CommandTable::Add(std::string_view controlName, Command command) {
@@ -25,7 +27,13 @@ bool CommandTable::Run(std::string_view controlName, Workbench& workbench) const
   if (command == nullptr) {
     return false;
   }
-  command->handler(workbench);
+  try {
+    command->handler(workbench);
+  } catch (const Interrupted&) {
+    return true;  // the user stopped it and knows
+  } catch (const std::exception& error) {
+    workbench.prompts().Ask(FailureMessage(error));
+  }
   return true;
 }
 
