@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "text/Encoding.h"
+#include "text/ExplainedError.h"
 
 namespace scrivanta {
 
@@ -30,9 +31,11 @@ std::u16string FileErrorReason(const std::error_code& code) {
 }
 
 Message FailureMessage(const std::exception& error) {
-  Message message{.icon = Icon::kCritical, .systemModal = true};
+  Message message{.text = {}, .icon = Icon::kCritical, .systemModal = true};
   if (const auto* fileError = dynamic_cast<const FileError*>(&error)) {
     message.text = u"文件读写失败：\n" + fileError->path().u16string() + u"\n" + FileErrorReason(fileError->code());
+  } else if (const auto* explained = dynamic_cast<const ExplainedError*>(&error)) {
+    message.text = explained->chinese();
   } else if (dynamic_cast<const std::bad_alloc*>(&error) != nullptr) {
     message.text = u"内存不足！";
   } else {
