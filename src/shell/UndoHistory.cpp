@@ -1,0 +1,190 @@
+#include "shell/UndoHistory.h"
+
+#include <algorithm>
+#include <iterator>
+#include <string_view>
+#include <utility>
+
+namespace scrivanta {
+namespace {
+
+constexpr std::chrono::seconds kPause{3};
+constexpr std::size_t kMostGathered = 100;  // characters in a step of typing or erasing
+constexpr std::size_t kMostTyped = 32;      // characters at once, as an input method hands them over
+constexpr std::u16string_view kWordEnds = u" \t　，。！？；：、…）》】”’";
+
+bool EndsWord(char16_t unit) {
+  return kWordEnds.find(unit) != std::u16string_view::npos;
+}
+
+// Between two characters typed one after the other.
+bool StepEndsBetween(char16_t before, char16_t after) {
+  return before == u'\r' || after == u'\r' || (EndsWord(before) && !EndsWord(after));
+}
+
+std::size_t CostOf(const ControlEdit& edit) {
+  return sizeof edit + (edit.removed.size() + edit.inserted.size()) * sizeof(char16_t);
+}
+
+std::size_t CostOf(const RichText& richText) {
+  return richText ? richText->size() : 0;
+}
+
+std::size_t CostOf(const UndoPart& part) {
+  std::size_t cost = sizeof part + CostOf(part.before) + CostOf(part.after);
+  for (const ControlEdit& edit : part.edits) {
+    cost += CostOf(edit);
+  }
+  return cost;
+}
+
+std::size_t CostOf(const UndoStep& step) {
+  std::size_t cost = sizeof step;
+  for (const UndoPart& part : step.parts) {
+    cost += CostOf(part);
+  }
+  return cost;
+}
+
+}  // namespace
+
+void UndoHistory::Clear(ControlRange selection) {
+  done_.clear();
+  undone_.clear();
+  bytes_ = 0;
+  startSelection_ = selection;
+  commandHasStep_ = false;
+  Seal();
+}
+
+void UndoHistory::Record(ControlEdit edit, ControlRange selectionBefore, ControlRange selectionAfter, Time now) {
+  const Gathering kind = commandDepth_ > 0 ? Gathering::kNone : KindOf(edit, selectionBefore);
+  if (Gathers(kind, edit, now)) {
+    Gather(kind, std::move(edit));
+    done_.back().selectionAfter = selectionAfter;
+  } else {
+    UndoPart part;
+    part.edits.push_back(std::move(edit));
+    Append(std::move(part), selectionBefore, selectionAfter);
+  }
+  open_ = kind;
+  lastEdit_ = now;
+}
+
+void UndoHistory::RecordRebuild(UndoPart rebuild, ControlRange selectionBefore, ControlRange selectionAfter) {
+  Seal();
+  rebuild.rebuilds = true;
+  Append(std::move(rebuild), selectionBefore, selectionAfter);
+}
+
+UndoHistory::Gathering UndoHistory::KindOf(const ControlEdit& edit, ControlRange selectionBefore) {
+  if (!edit.inserted.empty()) {
+    return edit.inserted.size() <= kMostTyped ? Gathering::kTyping : Gathering::kNone;
+  }
+  if (!selectionBefore.empty() || edit.removed.size() > 2) {  // a surrogate pair goes at once
+    return Gathering::kNone;
+  }
+  return edit.start < selectionBefore.start ? Gathering::kBackspace : Gathering::kDelete;
+}
+
+bool UndoHistory::Gathers(Gathering kind, const ControlEdit& edit, Time now) const {
+  if (kind == Gathering::kNone || kind != open_ || done_.empty() || !undone_.empty() || now - lastEdit_ > kPause) {
+    return false;
+  }
+  const ControlEdit& last = done_.back().parts.back().edits.back();
+  if (last.removed.size() + last.inserted.size() >= kMostGathered) {
+    return false;
+  }
+  if (kind == Gathering::kTyping) {
+    return edit.removed.empty() && edit.start == last.insertedRange().end() &&
+           !StepEndsBetween(last.inserted.back(), edit.inserted.front());
+  }
+  const ControlPos joint = kind == Gathering::kBackspace ? edit.removedRange().end() : edit.start;
+  return joint == last.start && edit.removed.front() != u'\r' && last.removed.front() != u'\r';
+}
+
+void UndoHistory::Gather(Gathering kind, ControlEdit edit) {
+  ControlEdit& last = done_.back().parts.back().edits.back();
+  bytes_ += (edit.removed.size() + edit.inserted.size()) * sizeof(char16_t);
+  if (kind == Gathering::kBackspace) {
+    last.start = edit.start;
+    last.removed.insert(0, edit.removed);
+  } else {
+    last.removed += edit.removed;
+    last.inserted += edit.inserted;
+  }
+}
+
+void UndoHistory::Append(UndoPart part, ControlRange selectionBefore, ControlRange selectionAfter) {
+  for (const UndoStep& step : undone_) {
+    bytes_ -= CostOf(step);
+  }
+  undone_.clear();
+  if (!commandHasStep_) {
+    bytes_ += sizeof(UndoStep);
+    done_.push_back({{}, commandDepth_ > 0 ? commandSelection_ : selectionBefore, {}});
+    commandHasStep_ = commandDepth_ > 0;
+  }
+  UndoStep& step = done_.back();
+  step.selectionAfter = selectionAfter;
+  bytes_ += CostOf(part);
+  if (!part.rebuilds && !step.parts.empty() && !step.parts.back().rebuilds) {
+    bytes_ -= sizeof part;
+    std::ranges::move(part.edits, std::back_inserter(step.parts.back().edits));
+  } else {
+    step.parts.push_back(std::move(part));
+  }
+  ForgetOldest();
+}
+
+void UndoHistory::ForgetOldest() {
+  while (bytes_ > mostBytes_ && done_.size() > 1) {
+    bytes_ -= CostOf(done_.front());
+    startSelection_ = done_.front().selectionAfter;
+    done_.pop_front();
+  }
+}
+
+void UndoHistory::BeginCommand(ControlRange selection) {
+  if (commandDepth_++ == 0) {
+    Seal();
+    commandSelection_ = selection;
+    commandHasStep_ = false;
+  }
+}
+
+void UndoHistory::EndCommand(ControlRange selection) {
+  if (--commandDepth_ > 0) {
+    return;
+  }
+  if (commandHasStep_) {
+    done_.back().selectionAfter = selection;
+  }
+  commandHasStep_ = false;
+  Seal();
+}
+
+void UndoHistory::Keep(RichText& kept, RichText richText) {
+  bytes_ += CostOf(richText);
+  bytes_ -= CostOf(kept);
+  kept = std::move(richText);
+  ForgetOldest();
+  while (bytes_ > mostBytes_ && undone_.size() > 1) {  // the state farthest ahead
+    bytes_ -= CostOf(undone_.front());
+    undone_.pop_front();
+  }
+}
+
+void UndoHistory::MoveToUndone() {
+  Seal();
+  undone_.push_back(std::move(done_.back()));
+  done_.pop_back();
+}
+
+void UndoHistory::MoveToDone() {
+  Seal();
+  done_.push_back(std::move(undone_.back()));
+  undone_.pop_back();
+}
+
+}  // namespace scrivanta

@@ -1,0 +1,365 @@
+#include <random>
+#include <string>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+#include "FakeControl.h"
+#include "shell/DocumentHistory.h"
+
+namespace scrivanta {
+namespace {
+
+using std::chrono::seconds;
+
+// A control whose changes are told to a history, with a clock that a test turns.
+struct Session {
+  explicit Session(std::u16string text = {}) : control(std::move(text)) { history.Reset(control); }
+
+  FakeControl control;
+  DocumentHistory history;
+  DocumentHistory::Time now;
+
+  void Note() { history.NoteChange(control, now); }
+  void PlaceCaret(std::size_t position, std::size_t length = 0) {
+    control.selection = {{position}, length};
+    history.NoteSelection(control);
+  }
+  void Type(std::u16string_view typed) {
+    for (const char16_t unit : typed) {
+      control.Type({&unit, 1});
+      Note();
+    }
+  }
+  void Paste(std::u16string_view pasted) {
+    control.Type(pasted);
+    Note();
+  }
+  void Backspace(int times = 1) {
+    for (; times > 0; --times) {
+      control.Backspace();
+      Note();
+    }
+  }
+  void Delete(int times = 1) {
+    for (; times > 0; --times) {
+      control.Delete();
+      Note();
+    }
+  }
+  void Rebuild(std::u16string_view text) {
+    RichText before = control.Capture();
+    control.Load(text);
+    history.NoteRebuild(control, std::move(before));
+  }
+  // The states that undoing passes, newest first.
+  std::vector<std::u16string> UndoAll() {
+    std::vector<std::u16string> texts;
+    while (history.Undo(control)) {
+      texts.push_back(control.text);
+    }
+    return texts;
+  }
+};
+
+TEST(DocumentHistory, TheStartingStateCannotBeUndone) {
+  Session session(u"ab");
+  EXPECT_FALSE(session.history.canUndo());
+  EXPECT_FALSE(session.history.Undo(session.control));
+  EXPECT_EQ(session.control.text, u"ab");
+  EXPECT_EQ(session.history.UndoEntry(0).Text, u"ab");
+
+  session.Type(u"c");
+  EXPECT_TRUE(session.history.canUndo());
+  session.history.Allow(false);
+  EXPECT_FALSE(session.history.Undo(session.control));
+  EXPECT_EQ(session.control.text, u"cab");
+}
+
+TEST(DocumentHistory, GathersTypingIntoWordsAndErasingIntoRuns) {
+  Session session;
+  using States = std::vector<std::u16string>;
+
+  session.Type(u"one two  three\r\rfour");
+  EXPECT_EQ(session.UndoAll(),
+            (States{u"one two  three\r\r", u"one two  three\r", u"one two  three", u"one two  ", u"one ", u""}));
+  session.Type(u"今天，天气 好");
+  EXPECT_EQ(session.UndoAll(), (States{u"今天，天气 ", u"今天，", u""}));
+
+  session.Type(u"ab");
+  session.now += seconds(10);
+  session.Type(u"cd");
+  EXPECT_EQ(session.UndoAll(), (States{u"ab", u""})) << "a pause";
+
+  session.Type(u"ab");
+  session.PlaceCaret(0);
+  session.PlaceCaret(2);
+  session.Type(u"cd");
+  EXPECT_EQ(session.UndoAll(), (States{u"ab", u""})) << "a caret that has been elsewhere";
+
+  session.Type(u"abc");
+  session.Backspace(2);
+  session.Type(u"d");
+  EXPECT_EQ(session.UndoAll(), (States{u"a", u"abc", u""})) << "another kind of edit";
+
+  session.Paste(u"ab\rcd\r\ref");
+  session.PlaceCaret(5);
+  session.Backspace(5);
+  session.Delete(4);
+  EXPECT_EQ(session.UndoAll(), (States{u"ef", u"\ref", u"\r\ref", u"ab\r\ref", u"ab\r\r\ref", u"ab\rcd\r\ref", u""}));
+}
+
+TEST(DocumentHistory, ACommandIsOneStepHoweverManyEditsItMakes) {
+  Session session(u"a b c");
+  {
+    const UndoCommand outer(session.history, session.control);
+    for (const std::size_t position : {0, 2, 4}) {
+      const UndoCommand inner(session.history, session.control);
+      session.PlaceCaret(position, 1);
+      session.Paste(u"x");
+    }
+  }
+  { const UndoCommand nothingChanged(session.history, session.control); }
+  EXPECT_EQ(session.history.history().undoCount(), 2U);
+  session.Type(u"y");
+  EXPECT_EQ(session.UndoAll(), (std::vector<std::u16string>{u"x x x", u"a b c"}));
+  EXPECT_TRUE(session.history.Redo(session.control));
+  EXPECT_EQ(session.control.text, u"x x x");
+}
+
+TEST(DocumentHistory, EntriesTellTextCaretAndLengthInCharacters) {
+  Session session(u"ab\rcd");
+  session.PlaceCaret(5);
+  session.Type(u"\r");
+  session.Type(u"中");
+  session.history.Undo(session.control);
+
+  const UndoElement start = session.history.UndoEntry(0);
+  EXPECT_EQ(start.Text, u"ab\r\ncd");
+  const UndoElement current = session.history.UndoEntry(1);
+  EXPECT_EQ(current.Text, u"ab\r\ncd\r\n");
+  EXPECT_EQ(current.SelStart, 8);
+  EXPECT_EQ(current.TextLen, 8);
+  const UndoElement next = session.history.RedoEntry(0);
+  EXPECT_EQ(next.Text, u"ab\r\ncd\r\n中");
+  EXPECT_EQ(next.SelStart, 9);
+  EXPECT_EQ(next.TextLen, 9);
+  EXPECT_EQ(Change(current.Text, next.Text, next.SelStart + 1), u"中");
+}
+
+TEST(DocumentHistory, SelectsWhatWasSelectedBeforeAndAfterTheChange) {
+  Session session(u"one two three");
+  session.PlaceCaret(4, 4);
+  session.Delete();
+  session.PlaceCaret(0);
+  session.history.Undo(session.control);
+  EXPECT_EQ(session.control.selection, (ControlRange{{4}, 4}));
+  session.history.Redo(session.control);
+  EXPECT_EQ(session.control.selection, (ControlRange{{4}, 0}));
+}
+
+TEST(DocumentHistory, ANewChangeClearsWhatWasUndone) {
+  Session session(u"a");
+  session.Type(u"b");
+  session.history.Undo(session.control);
+  EXPECT_TRUE(session.history.canRedo());
+  session.Type(u"c");
+  EXPECT_FALSE(session.history.canRedo());
+  EXPECT_FALSE(session.history.Redo(session.control));
+}
+
+TEST(DocumentHistory, LeavesTheFormattingOfUntouchedText) {
+  Session session(u"bold plain");
+  session.control.formats = "bbbbpppppp";
+  session.PlaceCaret(5);
+  session.Type(u"new ");
+  session.history.Undo(session.control);
+  EXPECT_EQ(session.control.formats, "bbbbpppppp");
+}
+
+TEST(DocumentHistory, BringsBackTheFormattingThatARebuildTakesAway) {
+  for (const bool addsBreak : {false, true}) {
+    Session session(u"bold plain");
+    session.control.addsBreakToRichText = addsBreak;
+    session.control.formats = "bbbbpppppp";
+    session.Rebuild(u"plain bold\r\n");
+    session.control.formats = "pppppbbbbbp";  // as highlighting leaves it: the text the same, only the colours new
+    session.Rebuild(u"plain bold\r\n");
+    session.Type(u"x");
+
+    EXPECT_TRUE(session.history.Undo(session.control));
+    EXPECT_TRUE(session.history.Undo(session.control));
+    EXPECT_EQ(session.control.text, u"plain bold\r");
+    EXPECT_EQ(session.control.formats, "pppppbbbbbp");
+    EXPECT_TRUE(session.history.Undo(session.control));
+    EXPECT_EQ(session.control.text, u"bold plain");
+    EXPECT_EQ(session.control.formats, "bbbbpppppp");
+    EXPECT_FALSE(session.history.canUndo());
+
+    EXPECT_TRUE(session.history.Redo(session.control));
+    EXPECT_EQ(session.control.formats, "pppppbbbbbp");
+    EXPECT_TRUE(session.history.Redo(session.control));
+    EXPECT_EQ(session.control.formats, "ppppppppppp");
+  }
+}
+
+TEST(DocumentHistory, AChangeThatNobodyToldOfIsAStepOfItsOwn) {
+  Session session(u"one two");
+  session.PlaceCaret(7);
+  session.Type(u"x");
+  session.control.selection = {{0}, 3};
+  session.control.Type(u"1");
+  EXPECT_EQ(session.UndoAll(), (std::vector<std::u16string>{u"one twox", u"one two"}));
+}
+
+TEST(DocumentHistory, ForgetsTheOldestStepsWhenTheMemoryIsUsedUp) {
+  Session session;
+  DocumentHistory history(10'000);
+  history.Reset(session.control);
+  std::vector<std::u16string> states = {session.control.text};
+  for (int step = 0; step < 20; ++step) {
+    session.control.selection = {};
+    history.NoteSelection(session.control);
+    session.control.Type(std::u16string(1000, static_cast<char16_t>(u'a' + step)));
+    history.NoteChange(session.control, session.now);
+    states.push_back(session.control.text);
+  }
+  const std::size_t kept = history.history().undoCount();
+  EXPECT_GE(kept, 4U);
+  EXPECT_LE(kept, 6U);
+  EXPECT_LE(history.history().bytes(), 10'000U);
+  EXPECT_EQ(history.UndoEntry(0).Text, states[states.size() - kept]);
+  while (history.Undo(session.control)) {
+  }
+  EXPECT_EQ(session.control.text, states[states.size() - kept]);
+}
+
+// Any sequence of edits, as a person and commands make them, is undone and redone state by state.
+class RandomEdits {
+ public:
+  explicit RandomEdits(unsigned seed) : random_(seed), session_(u"first line\rsecond line\r") { Remember(); }
+
+  void Run(int rounds) {
+    for (int round = 0; round < rounds; ++round) {
+      Edit();
+      Remember();
+      if (Below(20) == 0) {
+        Wander();
+      }
+    }
+    GoTo(0);
+    ASSERT_FALSE(session_.history.canUndo());
+    GoTo(states_.size() - 1);
+    ASSERT_FALSE(session_.history.canRedo());
+  }
+
+ private:
+  std::size_t Below(std::size_t bound) { return std::uniform_int_distribution<std::size_t>(0, bound - 1)(random_); }
+
+  std::u16string SomeText(std::size_t most) {
+    std::u16string text;
+    for (std::size_t i = Below(most + 1); i > 0; --i) {
+      text += u"aab \r中，"[Below(7)];
+    }
+    return text;
+  }
+
+  void Edit() {
+    if (Below(3) == 0) {
+      const std::size_t start = Below(session_.control.text.size() + 1);
+      session_.PlaceCaret(start, Below(2) * Below(session_.control.text.size() - start + 1));
+    }
+    switch (Below(8)) {
+      case 0:
+        return session_.Paste(SomeText(40));
+      case 1:
+        return session_.Backspace();
+      case 2:
+        return session_.Delete();
+      case 3:
+        return Command();
+      case 4:
+        return session_.Rebuild(ToDocumentText(SomeText(60)));
+      default:
+        return session_.Paste(std::u16string(1, u"aab \r中，"[Below(7)]));
+    }
+  }
+
+  void Command() {
+    const UndoCommand command(session_.history, session_.control);
+    for (std::size_t i = Below(4); i > 0; --i) {
+      session_.PlaceCaret(Below(session_.control.text.size() + 1));
+      session_.Paste(SomeText(5));
+    }
+    if (Below(3) == 0) {
+      session_.Rebuild(ToDocumentText(session_.control.text + SomeText(5)));
+    }
+  }
+
+  // The state now is that of the newest entry; what was undone before an edit is gone.
+  void Remember() {
+    states_.resize(session_.history.history().undoCount());
+    states_.back() = session_.control.text;
+  }
+
+  void Wander() { GoTo(Below(states_.size())); }
+
+  void GoTo(std::size_t entry) {
+    while (session_.history.history().undoCount() - 1 > entry) {
+      ASSERT_TRUE(session_.history.Undo(session_.control));
+      Check();
+    }
+    while (session_.history.history().undoCount() - 1 < entry) {
+      ASSERT_TRUE(session_.history.Redo(session_.control));
+      Check();
+    }
+  }
+
+  void Check() {
+    const std::size_t current = session_.history.history().undoCount() - 1;
+    ASSERT_EQ(session_.control.text, states_[current]);
+    ASSERT_EQ(session_.history.text().Text(), ToDocumentText(states_[current]));
+    const std::size_t other = Below(states_.size());
+    const UndoElement element =
+        other <= current ? session_.history.UndoEntry(other) : session_.history.RedoEntry(states_.size() - 1 - other);
+    ASSERT_EQ(element.Text, ToDocumentText(states_[other]));
+  }
+
+  std::mt19937 random_;
+  Session session_;
+  std::vector<std::u16string> states_;
+};
+
+TEST(DocumentHistory, UndoesAndRedoesRandomEdits) {
+  for (unsigned seed = 0; seed < 30; ++seed) {
+    SCOPED_TRACE(seed);
+    RandomEdits(seed).Run(120);
+    if (HasFatalFailure()) {
+      return;
+    }
+  }
+}
+
+TEST(DocumentHistory, AThousandStepsOnALargeDocumentAreSmallAndReadLittle) {
+  std::u16string text;
+  while (text.size() < 5'000'000) {
+    text += u"每一行都有一些字 and some more of it\r";
+  }
+  Session session(text);
+  session.control.unitsRead = 0;
+  std::mt19937 random(1);
+  for (int step = 0; step < 1000; ++step) {
+    session.PlaceCaret(std::uniform_int_distribution<std::size_t>(0, text.size())(random));
+    session.Paste(u"一个新词 ");
+  }
+  EXPECT_EQ(session.history.history().undoCount(), 1001U);
+  EXPECT_LT(session.history.history().bytes(), 1'000'000U);
+  EXPECT_LT(session.control.unitsRead, 1000U * 1000U);
+  while (session.history.Undo(session.control)) {
+  }
+  EXPECT_EQ(session.history.history().redoCount(), 1000U);
+  EXPECT_EQ(session.control.text, text);
+}
+
+}  // namespace
+}  // namespace scrivanta

@@ -1,0 +1,74 @@
+// An edit control in memory: text, selection, and one format a unit in place of rich text.
+#pragma once
+
+#include <algorithm>
+#include <string>
+
+#include "shell/DocumentHistory.h"
+
+namespace scrivanta {
+
+class FakeControl final : public UndoTarget {
+ public:
+  std::u16string text;  // one CR a line break
+  std::string formats;  // a letter a unit; 'p' is plain
+  ControlRange selection;
+  mutable std::size_t unitsRead = 0;
+  bool addsBreakToRichText = false;
+
+  explicit FakeControl(std::u16string controlText = {}) : text(std::move(controlText)), formats(text.size(), 'p') {}
+
+  std::size_t Length() const override { return text.size(); }
+  ControlRange Selection() const override { return selection; }
+  std::u16string Read(ControlRange range) const override {
+    unitsRead += range.length;
+    return text.substr(range.start.value, range.length);
+  }
+  void Replace(const ControlEdit& edit) override {
+    selection = edit.removedRange();
+    Type(edit.inserted);
+  }
+  RichText Capture() const override {
+    const bool plain = formats.find_first_not_of('p') == std::string::npos;
+    return plain ? nullptr : std::make_shared<const std::string>(formats);
+  }
+  void Rebuild(const RichText& richText, std::u16string_view documentText) override {
+    Load(documentText);
+    if (richText) {
+      formats = *richText;
+      if (addsBreakToRichText) {
+        text += u'\r';
+        formats += 'p';
+      }
+    }
+  }
+  void Select(ControlRange range) override { selection = range; }
+
+  // What a person does.
+  void Type(std::u16string_view typed) {
+    const std::size_t start = selection.start.value;
+    text.replace(start, selection.length, typed);
+    formats.replace(start, selection.length, typed.size(), start > 0 ? formats[start - 1] : 'p');
+    selection = {{start + typed.size()}, 0};
+  }
+  void Backspace() {
+    if (selection.empty() && selection.start.value > 0) {
+      selection = {{selection.start.value - 1}, 1};
+    }
+    Type({});
+  }
+  void Delete() {
+    if (selection.empty() && selection.start.value < text.size()) {
+      selection.length = 1;
+    }
+    Type({});
+  }
+  // What a command does that puts the whole text in anew.
+  void Load(std::u16string_view documentText) {
+    text = ToControlText(documentText);
+    formats.assign(text.size(), 'p');
+    selection = {};
+  }
+};
+
+}  // namespace scrivanta
