@@ -132,5 +132,7 @@ wine reg add 'HKCU\Software\Wine\X11 Driver' /v Managed /d N /f >/dev/null 2>&1
 # time. It ends when its input does, so not even a killed script leaves it behind.
 exec {keeper_input}> >(exec wine cmd /q /d >/dev/null 2>&1)
 keeper_pid=$!
+# The first window starts the desktop. It must not be the command's: the desktop would hold the command's output open.
+wine rundll32 user32.dll,GetDesktopWindow </dev/null >/dev/null 2>&1
 
 "$@"

@@ -1,0 +1,288 @@
+#include "window/driver/App.h"
+
+#include <commctrl.h>
+#include <shellapi.h>
+#include <shlobj.h>
+
+#include <array>
+#include <cstdio>
+#include <cstdlib>
+#include <optional>
+
+#include "ScrivantaApp.h"
+#include "shell/FrmMain.h"
+#include "shell/FrmMainControls.h"
+#include "shell/MenuTree.h"
+#include "win/InputBoxControls.h"
+#include "win/WideText.h"
+#include "window/driver/Keyboard.h"
+#include "window/driver/Wait.h"
+#include "window/driver/WindowProbe.h"
+
+namespace scrivanta {
+
+namespace {
+
+constexpr char16_t kInterruptCaption[] = u"中断继续运行【通用】";
+
+void ExpectShown(const std::string& what, std::u16string_view expected, const std::function<std::u16string()>& shown) {
+  try {
+    WaitUntil(what, [&] { return shown() == expected; });
+  } catch (const DriverFailure& failure) {
+    throw DriverFailure(what + "\n  expected: " + Shown(expected) + "\n  shown:    " + Shown(shown()) + "\n" +
+                        failure.what());
+  }
+}
+
+// What the system hands over when files are dropped; the receiver frees it.
+HGLOBAL MakeDrop(std::initializer_list<std::filesystem::path> files) {
+  std::wstring names;
+  for (const std::filesystem::path& file : files) {
+    names += file.wstring() + L'\0';
+  }
+  names += L'\0';
+  const SIZE_T bytes = names.size() * sizeof(wchar_t);
+  const HGLOBAL memory = GlobalAlloc(GHND, sizeof(DROPFILES) + bytes);
+  auto* drop = static_cast<DROPFILES*>(GlobalLock(memory));
+  drop->pFiles = sizeof(DROPFILES);
+  drop->fWide = TRUE;
+  CopyMemory(drop + 1, names.data(), bytes);
+  GlobalUnlock(memory);
+  return memory;
+}
+
+}  // namespace
+
+App::~App() {
+  if (!thread_.joinable()) {
+    return;
+  }
+  try {
+    WaitUntil("the program to end", [this] {
+      DismissOne();
+      return !running_;
+    });
+    WaitForEnd();
+  } catch (const std::exception& error) {
+    // Its thread cannot be left behind running.
+    std::printf("%s\n", error.what());
+    std::fflush(stdout);
+    std::_Exit(EXIT_FAILURE);
+  }
+}
+
+void App::Start(const std::u16string& commandLine) {
+  running_ = true;
+  thread_ = std::thread([this, commandLine] {
+    try {
+      exitCode_ = RunApp(GetModuleHandleW(nullptr), commandLine, &window_);
+    } catch (...) {
+      failure_ = std::current_exception();
+    }
+    running_ = false;
+  });
+  WaitUntil("the program's window", [this] { return window_ != nullptr || HasQuestion() || !running_; });
+  if (const HWND window = FindMainWindow()) {
+    fence_ = std::make_unique<MessageFence>(window);
+    Settle();
+  }
+}
+
+void App::Open(const std::filesystem::path& document) {
+  Menu("mnuOpen");
+  ChooseFile(document);
+}
+
+void App::Close() {
+  PostMessageW(MainWindow(), WM_SYSCOMMAND, SC_CLOSE, 0);
+  Settle();
+}
+
+int App::WaitForEnd() {
+  WaitUntil("the program to end", [this] { return !running_; });
+  thread_.join();
+  fence_.reset();
+  if (failure_) {
+    std::rethrow_exception(std::exchange(failure_, nullptr));
+  }
+  return exitCode_;
+}
+
+void App::Settle() {
+  fence_->WaitForPosted([this] { return !running_; });
+  WaitUntil("the command to end or to ask", [this] {
+    return !running_ || HasQuestion() ||
+           (IsWindowEnabled(MainWindow()) != FALSE && IsWindowEnabled(Editor().window()) != FALSE);
+  });
+}
+
+bool App::HasQuestion() const {
+  for (const HWND window : TopWindows(GetCurrentProcessId(), kDialogClass)) {
+    if (IsWindowEnabled(window) != FALSE && TextOf(window) != kInterruptCaption) {
+      return true;
+    }
+  }
+  return false;
+}
+
+void App::Menu(std::string_view controlName) {
+  if (!MenuEntry(controlName).enabled) {
+    FailWithPicture("the menu entry is disabled: " + std::string(controlName));
+  }
+  PostMessageW(MainWindow(), WM_COMMAND, static_cast<WPARAM>(*MenuCommandId(controlName)), 0);
+  Settle();
+}
+
+ShownMenuEntry App::MenuEntry(std::string_view controlName) const {
+  const auto id = MenuCommandId(controlName);
+  const HMENU bar = GetMenu(MainWindow());
+  for (int position = 0; id && position < GetMenuItemCount(bar); ++position) {
+    const HMENU popup = GetSubMenu(bar, position);
+    const UINT command = static_cast<UINT>(*id);
+    if (popup == nullptr || GetMenuState(popup, command, MF_BYCOMMAND) == static_cast<UINT>(-1)) {
+      continue;
+    }
+    // The states are brought up to date when the menu opens.
+    Send(MainWindow(), WM_INITMENUPOPUP, reinterpret_cast<WPARAM>(popup), position);
+    const UINT state = GetMenuState(popup, command, MF_BYCOMMAND);
+    std::array<wchar_t, 256> caption{};
+    GetMenuStringW(popup, command, caption.data(), static_cast<int>(caption.size()), MF_BYCOMMAND);
+    return {FromWide(caption.data()), (state & (MF_GRAYED | MF_DISABLED)) == 0, (state & MF_CHECKED) != 0};
+  }
+  FailWithPicture("no such menu entry: " + std::string(controlName));
+}
+
+MessageBoxDriver App::ExpectBox(const Message& message) {
+  return {GetCurrentProcessId(), message, [this] { Settle(); }};
+}
+
+void App::AnswerInput(const InputQuestion& question, std::u16string_view answer) {
+  DialogDriver box = ExpectDialog(question.title);
+  ExpectShown("the prompt of the input box", question.prompt, [&] { return box.Text(IDC_INPUT_PROMPT); });
+  ExpectShown("the preset text of the input box", question.preset, [&] { return box.Text(IDC_INPUT_VALUE); });
+  if (!answer.empty()) {
+    box.Type(IDC_INPUT_VALUE, answer);
+  }
+  PostMessageW(box.Control(answer.empty() ? IDCANCEL : IDOK), BM_CLICK, 0, 0);
+  box.WaitUntilGone();
+  Settle();
+}
+
+DialogDriver App::ExpectDialog(std::u16string_view caption) {
+  const HWND window = WaitFor("the dialog \"" + Shown(caption) + "\"",
+                              [&] { return FindTopWindow(GetCurrentProcessId(), kDialogClass, caption); });
+  return {window, [this] { Settle(); }};
+}
+
+FileDialogDriver App::ExpectFileDialog() {
+  return FileDialogDriver(GetCurrentProcessId());
+}
+
+void App::ChooseFile(const std::filesystem::path& file) {
+  ExpectFileDialog().Choose(file);
+  Settle();
+}
+
+void App::CancelFileDialog() {
+  ExpectFileDialog().Cancel();
+  Settle();
+}
+
+HWND App::FindMainWindow() const {
+  if (const HWND window = window_) {
+    return window;
+  }
+  const std::vector<HWND> windows = TopWindows(GetCurrentProcessId(), kMainWindowClass);
+  return windows.empty() ? nullptr : windows.front();
+}
+
+HWND App::MainWindow() const {
+  const HWND window = FindMainWindow();
+  if (window == nullptr) {
+    FailWithPicture("the program has no window");
+  }
+  return window;
+}
+
+EditBoxDriver App::Editor() const {
+  return EditBoxDriver(GetDlgItem(MainWindow(), RichTextBox1));
+}
+
+void App::ExpectText(std::u16string_view text) const {
+  ExpectShown("the document's text", text, [this] { return Text(); });
+}
+
+void App::ExpectCaption(std::u16string_view caption) const {
+  ExpectShown("the caption", caption, [this] { return Caption(); });
+}
+
+void App::ExpectStatus(std::u16string_view text) const {
+  ExpectShown("the first status panel", text, [this] { return Status(); });
+}
+
+std::u16string App::Caption() const {
+  return TextOf(MainWindow());
+}
+
+std::u16string App::Status() const {
+  const HWND bar = GetDlgItem(MainWindow(), StatusBar1);
+  std::wstring text(LOWORD(Send(bar, SB_GETTEXTLENGTHW)) + std::size_t{1}, L'\0');
+  Send(bar, SB_GETTEXTW, 0, reinterpret_cast<LPARAM>(text.data()));
+  text.pop_back();
+  return FromWide(text);
+}
+
+std::optional<int> App::Progress() const {
+  const HWND bar = GetDlgItem(MainWindow(), ProgressBar1);
+  return IsWindowVisible(bar) != FALSE ? std::optional(static_cast<int>(Send(bar, PBM_GETPOS))) : std::nullopt;
+}
+
+void App::BringToFront() const {
+  WaitUntil("the program to come to the front", [this] {
+    const HWND front = GetForegroundWindow();
+    DWORD owner = 0;
+    GetWindowThreadProcessId(front, &owner);
+    if (front != nullptr && owner == GetCurrentProcessId()) {
+      return true;
+    }
+    PressKey(VK_MENU);  // without it the system keeps the window of another program in front
+    SetForegroundWindow(MainWindow());
+    return false;
+  });
+}
+
+void App::Press(std::string_view keys) {
+  BringToFront();
+  PressKeys(keys);
+  fence_->WaitForKeys([this] { return !running_; });
+  Settle();
+}
+
+void App::Type(std::u16string_view text) {
+  BringToFront();
+  TypeText(text);
+  fence_->WaitForKeys([this] { return !running_; });
+  Settle();
+}
+
+void App::Drop(std::initializer_list<std::filesystem::path> files) {
+  const HWND editor = Editor().window();
+  const bool editorAccepts = (GetWindowLongW(editor, GWL_EXSTYLE) & WS_EX_ACCEPTFILES) != 0;
+  PostMessageW(editorAccepts ? editor : MainWindow(), WM_DROPFILES, reinterpret_cast<WPARAM>(MakeDrop(files)), 0);
+  Settle();
+}
+
+void App::DismissOne() const {
+  for (const HWND window : TopWindows(GetCurrentProcessId(), kDialogClass)) {
+    if (IsWindowEnabled(window) != FALSE) {
+      const HWND no = GetDlgItem(window, IDNO);
+      PostMessageW(no != nullptr ? no : window, no != nullptr ? BM_CLICK : WM_CLOSE, 0, 0);
+      return;
+    }
+  }
+  if (const HWND window = FindMainWindow(); window != nullptr && IsWindowEnabled(window) != FALSE) {
+    PostMessageW(window, WM_CLOSE, 0, 0);
+  }
+}
+
+}  // namespace scrivanta

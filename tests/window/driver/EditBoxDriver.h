@@ -1,0 +1,35 @@
+// A rich edit box of this process. Positions count as in the document text: in UTF-16 code units from 0, a line break
+// two.
+#pragma once
+
+#include <windows.h>
+
+#include <richedit.h>
+
+#include <string>
+
+#include "shell/Editor.h"
+
+namespace scrivanta {
+
+class EditBoxDriver {
+ public:
+  explicit EditBoxDriver(HWND window) : window_(window) {}
+
+  HWND window() const noexcept { return window_; }
+  // Lines separated by CR LF.
+  std::u16string Text() const;
+  TextRange Selection() const;
+  std::u16string SelectedText() const;
+  void Select(TextRange range) const;
+  // Selects the first place where the text stands. Throws DriverFailure when it stands nowhere.
+  void SelectText(std::u16string_view text) const;
+  // Puts the text in place of the selection, as if it were pasted.
+  void Insert(std::u16string_view text) const;
+  CHARFORMAT2W SelectionFormat() const;
+
+ private:
+  HWND window_;
+};
+
+}  // namespace scrivanta

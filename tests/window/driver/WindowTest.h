@@ -1,0 +1,19 @@
+// What every window test has: a folder of its own, settings that nobody has written yet, and the program.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include "window/driver/App.h"
+#include "window/driver/TestFiles.h"
+
+namespace scrivanta {
+
+class WindowTest : public ::testing::Test {
+ protected:
+  WindowTest();
+
+  TestFolder folder;
+  App app;
+};
+
+}  // namespace scrivanta
