@@ -3,10 +3,10 @@
 #include <algorithm>
 #include <array>
 #include <cerrno>
-#include <random>
 #include <vector>
 
 #include "text/PlatformFile.h"
+#include "text/TemporaryName.h"
 
 namespace scrivanta {
 
@@ -14,30 +14,16 @@ namespace {
 
 constexpr std::size_t kBlockSize = 256 * 1024;
 
-std::error_code LastError() {
-  return {errno, std::generic_category()};
-}
-
-std::string RandomName() {
-  constexpr std::string_view kLetters = "abcdefghijklmnopqrstuvwxyz234567";
-  std::random_device random;
-  std::string name = "scrivanta-";
-  for (int i = 0; i < 16; ++i) {
-    name += kLetters[random() % kLetters.size()];
-  }
-  return name + ".tmp";
-}
-
 }  // namespace
 
 TemporaryFile::TemporaryFile() {
   const std::filesystem::path folder = std::filesystem::temp_directory_path();
   do {
-    path_ = folder / RandomName();
+    path_ = folder / TemporaryName();
     file_.reset(OpenFile(path_, OpenMode::kCreate));
   } while (!file_ && errno == EEXIST);
   if (!file_) {
-    throw FileError(path_, LastError());
+    throw FileError(path_, LastFileError());
   }
   // Where an open file can be removed it is out of the way at once, even if the program is killed; elsewhere the
   // destructor removes it.
@@ -67,7 +53,7 @@ void Spool::Write(std::string_view bytes) {
 
 void Spool::WriteToFile(std::string_view bytes) {
   if (std::fwrite(bytes.data(), 1, bytes.size(), file_->get()) != bytes.size()) {
-    throw FileError(file_->path(), LastError());
+    throw FileError(file_->path(), LastFileError());
   }
 }
 
@@ -81,7 +67,7 @@ std::size_t Spool::Read(std::span<char> buffer) {
   } else {
     count = std::fread(buffer.data(), 1, buffer.size(), file_->get());
     if (count == 0 && std::ferror(file_->get()) != 0) {
-      throw FileError(file_->path(), LastError());
+      throw FileError(file_->path(), LastFileError());
     }
   }
   readPosition_ += count;
@@ -91,7 +77,7 @@ std::size_t Spool::Read(std::span<char> buffer) {
 void Spool::Rewind() {
   readPosition_ = 0;
   if (file_ != nullptr && std::fseek(file_->get(), 0, SEEK_SET) != 0) {
-    throw FileError(file_->path(), LastError());
+    throw FileError(file_->path(), LastFileError());
   }
 }
 

@@ -4,28 +4,34 @@
 #include <cerrno>
 #include <cstdio>
 
+#include "text/Encoding.h"
 #include "text/PlatformFile.h"
 
 namespace scrivanta {
 
 namespace {
 
-std::error_code LastError() {
-  return {errno, std::generic_category()};
-}
-
 FileHandle Open(const std::filesystem::path& path, OpenMode mode) {
   FileHandle file(OpenFile(path, mode));
   if (!file) {
-    throw FileError(path, LastError());
+    throw FileError(path, LastFileError());
   }
   return file;
+}
+
+// In English where the platform's code has an equivalent of the C library.
+std::string Explanation(const std::filesystem::path& path, const std::error_code& code) {
+  return "'" + Encode(Encoding::kUtf8, TextOfPath(path)) + "': " + code.default_error_condition().message();
 }
 
 }  // namespace
 
 FileError::FileError(const std::filesystem::path& path, std::error_code code)
-    : std::runtime_error("'" + path.string() + "': " + code.message()), path_(path), code_(code) {}
+    : std::runtime_error(Explanation(path, code)), path_(path), code_(code) {}
+
+std::error_code LastFileError() noexcept {
+  return {errno, std::generic_category()};
+}
 
 void FileCloser::operator()(std::FILE* file) const noexcept {
   std::fclose(file);
@@ -38,17 +44,13 @@ std::size_t MemorySource::Read(std::span<char> buffer) {
   return count;
 }
 
-FileSource::FileSource(const std::filesystem::path& path) : path_(path), file_(Open(path, OpenMode::kRead)) {
-  std::error_code ignored;
-  if (std::filesystem::is_regular_file(path, ignored)) {
-    size_ = std::filesystem::file_size(path, ignored);
-  }
-}
+FileSource::FileSource(const std::filesystem::path& path)
+    : path_(path), file_(Open(path, OpenMode::kRead)), size_(SizeOfFile(file_.get())) {}
 
 std::size_t FileSource::Read(std::span<char> buffer) {
   const std::size_t count = std::fread(buffer.data(), 1, buffer.size(), file_.get());
   if (count == 0 && std::ferror(file_.get()) != 0) {
-    throw FileError(path_, LastError());
+    throw FileError(path_, LastFileError());
   }
   return count;
 }
@@ -57,13 +59,13 @@ FileSink::FileSink(const std::filesystem::path& path) : path_(path), file_(Open(
 
 void FileSink::Write(std::string_view bytes) {
   if (std::fwrite(bytes.data(), 1, bytes.size(), file_.get()) != bytes.size()) {
-    throw FileError(path_, LastError());
+    throw FileError(path_, LastFileError());
   }
 }
 
 void FileSink::Close() {
   if (std::fclose(file_.release()) != 0) {
-    throw FileError(path_, LastError());
+    throw FileError(path_, LastFileError());
   }
 }
 

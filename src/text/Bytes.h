@@ -29,6 +29,9 @@ class FileError : public std::runtime_error {
   std::error_code code_;
 };
 
+// Why the last call of the C library on a file failed.
+std::error_code LastFileError() noexcept;
+
 class ByteSource {
  public:
   ByteSource() = default;

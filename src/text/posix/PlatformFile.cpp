@@ -2,9 +2,18 @@
 
 #include <cerrno>
 
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include "text/Bytes.h"
+#include "text/Encoding.h"
+
 namespace scrivanta {
 
 namespace {
+
+constexpr int kMostLinks = 40;
 
 const char* ModeText(OpenMode mode) {
   switch (mode) {
@@ -20,14 +29,113 @@ const char* ModeText(OpenMode mode) {
   return "";
 }
 
+std::filesystem::path FolderOfFile(const std::filesystem::path& path) {
+  return path.has_parent_path() ? path.parent_path() : std::filesystem::path(".");
+}
+
+// A file that nobody may write is refused to the superuser too: somebody wants it to stay as it is.
+std::error_code WhyNotReplaced(const std::filesystem::path& path, const struct stat& status) {
+  if (S_ISDIR(status.st_mode)) {
+    return std::make_error_code(std::errc::is_a_directory);
+  }
+  if (!S_ISREG(status.st_mode)) {
+    return std::make_error_code(std::errc::operation_not_supported);
+  }
+  constexpr mode_t kWritable = S_IWUSR | S_IWGRP | S_IWOTH;
+  if ((status.st_mode & kWritable) == 0) {
+    return std::make_error_code(std::errc::permission_denied);
+  }
+  return access(path.c_str(), W_OK) == 0 ? std::error_code() : LastFileError();
+}
+
+// The name itself must reach the disk too. Some file systems cannot flush a folder; the file is in place all the same.
+void FlushFolder(const std::filesystem::path& folder) {
+  const int descriptor = open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+  if (descriptor >= 0) {
+    fsync(descriptor);
+    close(descriptor);
+  }
+}
+
 }  // namespace
 
 std::FILE* OpenFile(const std::filesystem::path& path, OpenMode mode) {
-  if (std::filesystem::is_directory(path)) {
+  std::error_code ignored;
+  if (std::filesystem::is_directory(path, ignored)) {
     errno = EISDIR;
     return nullptr;
   }
   return std::fopen(path.c_str(), ModeText(mode));
+}
+
+std::optional<std::uint64_t> SizeOfFile(std::FILE* file) {
+  struct stat status = {};
+  if (fstat(fileno(file), &status) != 0 || !S_ISREG(status.st_mode)) {
+    return std::nullopt;
+  }
+  return static_cast<std::uint64_t>(status.st_size);
+}
+
+std::error_code FlushToDisk(std::FILE* file) {
+  return std::fflush(file) == 0 && fsync(fileno(file)) == 0 ? std::error_code() : LastFileError();
+}
+
+void RemoveFile(const std::filesystem::path& path) noexcept {
+  unlink(path.c_str());
+}
+
+ReplaceTarget InspectReplaceTarget(const std::filesystem::path& path) {
+  ReplaceTarget target{.path = path, .exists = false, .refusal = {}};
+  for (int links = 0; links < kMostLinks; ++links) {
+    struct stat status = {};
+    if (lstat(target.path.c_str(), &status) != 0) {
+      if (errno != ENOENT) {
+        target.refusal = LastFileError();
+      }
+      return target;
+    }
+    if (!S_ISLNK(status.st_mode)) {
+      target.exists = true;
+      target.refusal = WhyNotReplaced(target.path, status);
+      return target;
+    }
+    const std::filesystem::path next = std::filesystem::read_symlink(target.path, target.refusal);
+    if (target.refusal) {
+      return target;
+    }
+    target.path = FolderOfFile(target.path) / next;
+  }
+  target.refusal = std::make_error_code(std::errc::too_many_symbolic_link_levels);
+  return target;
+}
+
+void CopyAttributes(const std::filesystem::path& from, const std::filesystem::path& to) {
+  struct stat status = {};
+  if (stat(from.c_str(), &status) != 0) {
+    return;
+  }
+  constexpr mode_t kPermissions = S_IRWXU | S_IRWXG | S_IRWXO;
+  // Only the superuser may give the owner away; a group that cannot be kept must not pass its rights to another one.
+  const bool ownerKept = chown(to.c_str(), status.st_uid, status.st_gid) == 0 ||
+                         chown(to.c_str(), static_cast<uid_t>(-1), status.st_gid) == 0;
+  chmod(to.c_str(), status.st_mode & (ownerKept ? kPermissions : kPermissions & ~static_cast<mode_t>(S_IRWXG)));
+}
+
+std::error_code MoveInPlace(const std::filesystem::path& from, const std::filesystem::path& to) {
+  if (rename(from.c_str(), to.c_str()) != 0) {
+    return LastFileError();
+  }
+  FlushFolder(FolderOfFile(to));
+  return {};
+}
+
+// Names are bytes, by custom UTF-8; what is none comes back all the same.
+std::u16string TextOfPath(const std::filesystem::path& path) {
+  return Decode(Encoding::kUtf8, path.native());
+}
+
+std::filesystem::path PathOfText(std::u16string_view text) {
+  return Encode(Encoding::kUtf8, text);
 }
 
 }  // namespace scrivanta

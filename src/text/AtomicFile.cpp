@@ -1,0 +1,66 @@
+#include "text/AtomicFile.h"
+
+#include <cerrno>
+
+#include "text/PlatformFile.h"
+#include "text/TemporaryName.h"
+
+namespace scrivanta {
+
+AtomicFile::AtomicFile(const std::filesystem::path& target) : name_(target) {
+  const ReplaceTarget place = InspectReplaceTarget(target);
+  if (place.refusal) {
+    throw FileError(name_, place.refusal);
+  }
+  target_ = place.path;
+  do {
+    beside_ = target_.parent_path() / TemporaryName();
+    file_.reset(OpenFile(beside_, OpenMode::kCreate));
+  } while (!file_ && errno == EEXIST);
+  if (!file_) {
+    throw FileError(name_, LastFileError());
+  }
+  if (place.exists) {
+    CopyAttributes(target_, beside_);
+  }
+}
+
+AtomicFile::~AtomicFile() {
+  file_.reset();
+  if (!beside_.empty()) {
+    RemoveFile(beside_);
+  }
+}
+
+void AtomicFile::Write(std::string_view bytes) {
+  if (std::fwrite(bytes.data(), 1, bytes.size(), file_.get()) != bytes.size()) {
+    throw FileError(name_, LastFileError());
+  }
+}
+
+void AtomicFile::Prepare() {
+  if (const std::error_code code = FlushToDisk(file_.get())) {
+    throw FileError(name_, code);
+  }
+  if (std::fclose(file_.release()) != 0) {
+    throw FileError(name_, LastFileError());
+  }
+}
+
+void AtomicFile::Commit() {
+  if (file_) {
+    Prepare();
+  }
+  if (const std::error_code code = MoveInPlace(beside_, target_)) {
+    throw FileError(name_, code);
+  }
+  beside_.clear();
+}
+
+void ReplaceFileContent(const std::filesystem::path& target, std::string_view bytes) {
+  AtomicFile file(target);
+  file.Write(bytes);
+  file.Commit();
+}
+
+}  // namespace scrivanta
