@@ -1,0 +1,26 @@
+// Replacement of the matches of a pattern.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "regexp/RegExp.h"
+
+namespace scrivanta {
+
+struct RegExpReplaceOptions {
+  bool ignoreCase = false;
+  bool global = true;  // every match, not only the first
+  bool multiLine = true;
+};
+
+// In the replacement \1, \2 ... and $1 ... $99 stand for groups, $& for the match, $` and $' for the text before and
+// behind it, $$ for $. A pattern without a group is one group when the replacement has \1.
+//
+// Unless the pattern ends with the four characters \r\n, every line feed of the result becomes a line break (CR LF).
+// An empty pattern, or a replacement equal to it, leaves the text as it is. Throws RegExpSyntaxError, RegExpTooComplex,
+// Interrupted.
+std::u16string ReplaceInText(const RegExpEngine& engine, std::u16string_view text, std::u16string_view pattern,
+                             std::u16string_view replacement, RegExpReplaceOptions options, Progress& progress);
+
+}  // namespace scrivanta
