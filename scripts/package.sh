@@ -1,0 +1,47 @@
+#!/usr/bin/env bash
+# Makes the packages from what the Windows build made: build/packages/Scrivanta-VERSION-setup.exe, the installer for one
+# user, and build/packages/Scrivanta-VERSION-portable.zip, which runs from any folder and keeps its settings there.
+#
+#   scripts/package.sh [--version VERSION]
+set -euo pipefail
+cd "$(dirname "$0")/.."
+root=$PWD
+output=$root/build/packages
+version=$(sed -nE 's/^project\(Scrivanta VERSION ([0-9.]+).*/\1/p' CMakeLists.txt)
+if [ "${1-}" = --version ]; then
+  version=$2
+fi
+
+missing=()
+for package in nsis zip; do
+  dpkg-query -W -f '${Status}\n' "$package" 2>/dev/null | grep -q 'ok installed' || missing+=("$package")
+done
+if [ ${#missing[@]} -gt 0 ]; then
+  as_root=()
+  [ "$(id -u)" = 0 ] || as_root=(sudo)
+  "${as_root[@]}" apt-get update -qq
+  "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get install -y -qq --no-install-recommends "${missing[@]}" >/dev/null
+fi
+
+cmake --preset windows >/dev/null
+cmake --build --preset windows --target scrivanta scrivanta-batch help_document >/dev/null
+
+# What is delivered, without what only a debugger reads.
+stage=$output/stage
+rm -rf "$stage"
+mkdir -p "$stage/Scrivanta/samples"
+for program in Scrivanta.exe scrivanta-batch.exe; do
+  x86_64-w64-mingw32-strip -o "$stage/Scrivanta/$program" "build/windows/bin/$program"
+done
+cp build/windows/bin/Scrivanta.rtf "$stage/Scrivanta/"
+cp samples/*.txt "$stage/Scrivanta/samples/"
+
+setup=$output/Scrivanta-$version-setup.exe
+makensis -V2 -WX -INPUTCHARSET UTF8 '-XTarget amd64-unicode' "-DVERSION=$version" "-DPROGRAM_FOLDER=$stage/Scrivanta" \
+  "-DSAMPLES_FOLDER=$stage/Scrivanta/samples" "-DICON=$root/src/Scrivanta.ico" "-DOUTPUT=$setup" packaging/Scrivanta.nsi
+
+portable=$output/Scrivanta-$version-portable.zip
+rm -f "$portable"
+(cd "$stage" && zip -qrX "$portable" Scrivanta)
+rm -rf "$stage"
+ls -l "$setup" "$portable"
