@@ -31,7 +31,7 @@ std::u16string FileErrorReason(const std::error_code& code) {
 }
 
 Message FailureMessage(const std::exception& error) {
-  Message message{.text = {}, .icon = Icon::kCritical, .systemModal = true};
+  Message message{.icon = Icon::kCritical, .systemModal = true};
   if (const auto* fileError = dynamic_cast<const FileError*>(&error)) {
     message.text = u"文件读写失败：\n" + fileError->path().u16string() + u"\n" + FileErrorReason(fileError->code());
   } else if (const auto* explained = dynamic_cast<const ExplainedError*>(&error)) {

@@ -13,7 +13,7 @@ enum class Answer { kOk, kCancel, kYes, kNo };
 enum class Icon { kNone, kCritical, kQuestion, kWarning, kInformation };
 
 struct Message {
-  std::u16string text;
+  std::u16string text = {};
   std::u16string title = u"Scrivanta";
   Buttons buttons = Buttons::kOk;
   Icon icon = Icon::kNone;
@@ -22,16 +22,16 @@ struct Message {
 };
 
 struct InputQuestion {
-  std::u16string prompt;
+  std::u16string prompt = {};
   std::u16string title = u"Scrivanta";
-  std::u16string preset;
+  std::u16string preset = {};
   bool hidden = false;  // shows dots in place of what is typed
 };
 
 struct FileQuestion {
   std::u16string filter = u"*.txt";  // patterns separated by ";"
-  std::filesystem::path initialFolder;
-  std::u16string initialName;
+  std::filesystem::path initialFolder = {};
+  std::u16string initialName = {};
 };
 
 class Prompts {

@@ -23,9 +23,14 @@ class Settings {
   // cannot be written.
   virtual void Save(std::u16string_view key, std::u16string_view value, Store store = Store::kRegistry,
                     std::u16string_view section = kFormSection) = 0;
+  // Nothing when the key is absent.
+  virtual std::optional<std::u16string> Find(std::u16string_view key, Store store = Store::kRegistry,
+                                             std::u16string_view section = kFormSection) const = 0;
   // The empty text when the key is absent.
-  virtual std::u16string Get(std::u16string_view key, Store store = Store::kRegistry,
-                             std::u16string_view section = kFormSection) const = 0;
+  std::u16string Get(std::u16string_view key, Store store = Store::kRegistry,
+                     std::u16string_view section = kFormSection) const {
+    return Find(key, store, section).value_or(std::u16string());
+  }
 };
 
 }  // namespace scrivanta

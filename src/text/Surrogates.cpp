@@ -15,17 +15,23 @@ void LoneUnits::AppendByte(unsigned char byte) {
 }
 
 void LoneUnits::AppendSurrogate(char16_t unit) {
-  if (IsLowSurrogate(unit) && text_.size() > begin_ && IsHighSurrogate(text_.back())) {
-    TakeHighApart();
+  if (IsLowSurrogate(unit)) {
+    TakeHighsApart();
   }
   text_.push_back(unit);
 }
 
-void LoneUnits::TakeHighApart() {
-  const char16_t high = text_.back();
-  text_.pop_back();
-  for (const char byte : bytesOfUnit_(high)) {
-    text_.push_back(UnitOfByte(static_cast<unsigned char>(byte)));
+void LoneUnits::TakeHighsApart() {
+  std::size_t at = text_.size();
+  while (at > begin_ && IsHighSurrogate(text_[at - 1])) {
+    --at;
+  }
+  const std::u16string highs = text_.substr(at);
+  text_.resize(at);
+  for (const char16_t high : highs) {
+    for (const char byte : bytesOfUnit_(high)) {
+      text_.push_back(UnitOfByte(static_cast<unsigned char>(byte)));
+    }
   }
 }
 

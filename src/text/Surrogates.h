@@ -45,7 +45,7 @@ class LoneUnits {
   void AppendSurrogate(char16_t unit);
 
  private:
-  void TakeHighApart();
+  void TakeHighsApart();
 
   std::u16string& text_;
   std::size_t begin_;

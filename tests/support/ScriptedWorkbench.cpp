@@ -133,9 +133,10 @@ void MapSettings::Save(std::u16string_view key, std::u16string_view value, Store
   values[{store, std::u16string(section), std::u16string(key)}] = value;
 }
 
-std::u16string MapSettings::Get(std::u16string_view key, Store store, std::u16string_view section) const {
+std::optional<std::u16string> MapSettings::Find(std::u16string_view key, Store store,
+                                                std::u16string_view section) const {
   const auto found = values.find({store, std::u16string(section), std::u16string(key)});
-  return found == values.end() ? std::u16string() : found->second;
+  return found == values.end() ? std::nullopt : std::optional(found->second);
 }
 
 bool ScriptedDocument::OfferToSave() {

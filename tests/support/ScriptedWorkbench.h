@@ -7,6 +7,7 @@
 #include <filesystem>
 #include <functional>
 #include <map>
+#include <optional>
 #include <string>
 #include <utility>
 #include <variant>
@@ -72,7 +73,7 @@ class MapSettings final : public Settings {
   using Key = std::tuple<Store, std::u16string, std::u16string>;  // store, section, key
 
   void Save(std::u16string_view key, std::u16string_view value, Store store, std::u16string_view section) override;
-  std::u16string Get(std::u16string_view key, Store store, std::u16string_view section) const override;
+  std::optional<std::u16string> Find(std::u16string_view key, Store store, std::u16string_view section) const override;
 
   std::map<Key, std::u16string> values;
 };

@@ -168,6 +168,7 @@ TEST(Encoding, BringsUndecodableBytesBack) {
       {Encoding::kUtf8, "\xED\xA0\xBD", u"\xD83D"},
       {Encoding::kUtf8, "\xED\xB2\x80", u"\xDCED\xDCB2\xDC80"},                    // has a form of one byte
       {Encoding::kUtf8, "\xED\xA0\xBD\xED\xB8\x80", u"\xDCED\xDCA0\xDCBD\xDE00"},  // else it would be a pair
+      {Encoding::kUtf8, "\xED\xA0\xBD\xED\xA0\xBE\xFF", u"\xDCED\xDCA0\xDCBD\xDCED\xDCA0\xDCBE\xDCFF"},
       {Encoding::kUtf8, "\xED\xA0\xBD\xFF", u"\xDCED\xDCA0\xDCBD\xDCFF"},
   };
   for (const Case& c : cases) {

@@ -1,0 +1,180 @@
+#include "crypto/cRijndael.h"
+
+#include <algorithm>
+#include <stdexcept>
+
+#include "crypto/HexText.h"
+#include "crypto/OverwritingSink.h"
+#include "crypto/RijndaelStream.h"
+#include "text/Encoding.h"
+
+namespace scrivanta {
+
+namespace {
+
+template <typename Byte>
+std::span<Byte> BlockAt(std::span<Byte> bytes, std::size_t offset) {
+  if (bytes.size() < kRijndaelBlockSize || offset > bytes.size() - kRijndaelBlockSize) {
+    throw std::out_of_range("there is no whole block at this offset");
+  }
+  return bytes.subspan(offset, kRijndaelBlockSize);
+}
+
+}  // namespace
+
+std::array<std::uint8_t, 32> PasswordBytes(std::u16string_view password) {
+  const std::string bytes = Encode(Encoding::kGbk, password);
+  std::array<std::uint8_t, 32> key{};
+  std::copy_n(AsOctets(bytes).begin(), std::min(bytes.size(), key.size()), key.begin());
+  return key;
+}
+
+cRijndael::cRijndael(Prompts& prompts, const RijndaelForm& form) : prompts_(prompts), form_(form) {}
+
+int cRijndael::SetCipherKey(std::span<const std::uint8_t> pass, int keyBits) {
+  key_.reset();
+  if (keyBits != 128 && keyBits != 192 && keyBits != 256) {
+    throw CipherError(1, "cRijndael.SetCipherKey - Illegal KeyBits Value");
+  }
+  key_.emplace(pass, keyBits);
+  return 0;
+}
+
+int cRijndael::SetCipherKeyString(std::u16string_view passPhrase, int keyBits) {
+  return SetCipherKey(PasswordBytes(passPhrase), keyBits);
+}
+
+void cRijndael::BlockEncrypt(std::span<const std::uint8_t> plaintext, std::span<std::uint8_t> ciphertext, std::size_t p,
+                             std::size_t q) const {
+  form_.encipher(Key(), BlockAt(plaintext, p), BlockAt(ciphertext, q));
+}
+
+void cRijndael::BlockDecrypt(std::span<const std::uint8_t> ciphertext, std::span<std::uint8_t> plaintext, std::size_t p,
+                             std::size_t q) const {
+  form_.decipher(Key(), BlockAt(ciphertext, p), BlockAt(plaintext, q));
+}
+
+int cRijndael::ArrayEncrypt(std::span<const std::uint8_t> plaintext, Octets& ciphertext, bool appendsize) const {
+  const std::size_t size = plaintext.size();
+  const std::size_t room = size + (appendsize ? kRijndaelBlockSize : kRijndaelBlockSize - 1);
+  Octets result(room - room % kRijndaelBlockSize);
+  std::copy(plaintext.begin(), plaintext.end(), result.begin());
+  if (appendsize) {
+    result.back() = static_cast<std::uint8_t>(size % kRijndaelBlockSize);
+  }
+  form_.encipher(Key(), result, result);
+  ciphertext = std::move(result);
+  return 0;
+}
+
+int cRijndael::ArrayDecrypt(Octets& plaintext, std::span<const std::uint8_t> ciphertext, bool appendsize) const {
+  const std::size_t size = ciphertext.size();
+  if (size % kRijndaelBlockSize != 0) {
+    return -1;
+  }
+  Octets result(size);
+  form_.decipher(Key(), ciphertext, result);
+  plaintext = std::move(result);
+  if (!appendsize) {
+    return 0;
+  }
+  if (size == 0 || plaintext.back() >= kRijndaelBlockSize) {
+    Show(u"warning - incorrect length field");
+    return 1;
+  }
+  // A length of 0 is not cut down to: such a plaintext stays one block of zeros.
+  const std::size_t length = size - kRijndaelBlockSize + plaintext.back();
+  if (length >= 1) {
+    plaintext.resize(length);
+  }
+  return 0;
+}
+
+int cRijndael::FileEncrypt(const std::filesystem::path& plaintextFileName,
+                           const std::filesystem::path& ciphertextFileName) const {
+  const RijndaelKey& key = Key();
+  FileSource source(plaintextFileName);
+  OverwritingSink sink(ciphertextFileName);
+  NoProgress progress;
+  EncipherStream(key, form_, source, sink, progress);
+  sink.Close();
+  return 0;
+}
+
+int cRijndael::FileDecrypt(const std::filesystem::path& plaintextFileName,
+                           const std::filesystem::path& ciphertextFileName) const {
+  const RijndaelKey& key = Key();
+  FileSource source(ciphertextFileName);
+  auto outcome = DecipherOutcome::kWrongSize;
+  if (IsCiphertextSize(source.Size().value_or(0))) {
+    OverwritingSink sink(plaintextFileName);
+    NoProgress progress;
+    outcome = DecipherStream(key, form_, source, sink, progress);
+    sink.Close();
+  }
+  switch (outcome) {
+    case DecipherOutcome::kDone:
+      return 0;
+    case DecipherOutcome::kWrongSize:
+      Show(u"File Size Error - ciphertext file not a multiple of block size");
+      return -1;
+    case DecipherOutcome::kWrongLengthField:
+      break;
+  }
+  Show(u"warning - incorrect length field in decrypted file.\r\nWrong key or keysize?");
+  return 1;
+}
+
+std::u16string cRijndael::StringEncrypt(std::u16string_view strSource, std::u16string_view strPassword, int blockSize,
+                                        int keySize) {
+  if (blockSize < 8) {
+    throw std::invalid_argument("a group of hexadecimal text has at least 8 bits");
+  }
+  SetCipherKeyString(strPassword, keySize);
+  Octets ciphertext;
+  ArrayEncrypt(AsOctets(Encode(Encoding::kGbk, strSource)), ciphertext, false);
+  return ToGroupedHex(ciphertext, static_cast<std::size_t>(blockSize) / 8);
+}
+
+std::u16string cRijndael::StringDecrypt(std::u16string_view strSource, std::u16string_view strPassword,
+                                        int /*blockSize*/, int keySize) {
+  SetCipherKeyString(strPassword, keySize);
+  const Octets ciphertext = FromHex(strSource);
+  if (ciphertext.empty()) {
+    Show(u"错误：非十六进制数据！");
+    return {};
+  }
+  Octets plaintext;
+  if (ArrayDecrypt(plaintext, ciphertext, false) != 0) {
+    return {};
+  }
+  const std::string_view bytes = AsCharacters(plaintext);
+  return Decode(Encoding::kGbk, bytes.substr(0, bytes.find('\0')));
+}
+
+void cRijndael::FileEncryptSimple(const std::filesystem::path& plaintextFileName,
+                                  const std::filesystem::path& ciphertextFileName, std::u16string_view strPassword,
+                                  int /*blockSize*/, int keySize) {
+  SetCipherKeyString(strPassword, keySize);
+  FileEncrypt(plaintextFileName, ciphertextFileName);
+}
+
+void cRijndael::FileDecryptSimple(const std::filesystem::path& plaintextFileName,
+                                  const std::filesystem::path& ciphertextFileName, std::u16string_view strPassword,
+                                  int /*blockSize*/, int keySize) {
+  SetCipherKeyString(strPassword, keySize);
+  FileDecrypt(plaintextFileName, ciphertextFileName);
+}
+
+const RijndaelKey& cRijndael::Key() const {
+  if (!key_) {
+    throw CipherError(1, "cRijndael - no key has been set");
+  }
+  return *key_;
+}
+
+void cRijndael::Show(const char16_t* text) const {
+  prompts_.Ask({.text = text});
+}
+
+}  // namespace scrivanta

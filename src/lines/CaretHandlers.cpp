@@ -1,0 +1,79 @@
+#include "lines/CaretHandlers.h"
+
+#include <optional>
+
+#include "shell/ResultFiles.h"
+#include "text/Numbers.h"
+#include "text/Surrogates.h"
+
+namespace scrivanta {
+
+namespace {
+
+constexpr std::u16string_view kLineBreak = u"\r\n";
+
+// Where the line begins; nothing when the text has no such line.
+std::optional<TextPos> BeginOfLine(std::u16string_view text, long long number) {
+  if (number < 1) {
+    return std::nullopt;
+  }
+  std::size_t begin = 0;
+  for (long long line = 1; line < number; ++line) {
+    const std::size_t lineBreak = text.find(kLineBreak, begin);
+    if (lineBreak == std::u16string_view::npos) {
+      return std::nullopt;
+    }
+    begin = lineBreak + kLineBreak.size();
+  }
+  return TextPos{begin};
+}
+
+// How many code units the character at the front takes: two for a surrogate pair. The text is not empty.
+std::size_t FirstCharacterLength(std::u16string_view text) {
+  return text.size() > 1 && IsHighSurrogate(text[0]) && IsLowSurrogate(text[1]) ? 2 : 1;
+}
+
+std::u16string_view CharacterAbove(std::u16string_view text, TextPos caret) {
+  const std::size_t lineBreak = text.substr(0, caret.value).rfind(kLineBreak);
+  if (lineBreak == std::u16string_view::npos) {
+    return {};
+  }
+  std::u16string_view before = text.substr(lineBreak + kLineBreak.size(), caret.value - lineBreak - kLineBreak.size());
+  std::u16string_view above = text.substr(0, lineBreak);
+  if (const std::size_t previous = above.rfind(kLineBreak); previous != std::u16string_view::npos) {
+    above.remove_prefix(previous + kLineBreak.size());
+  }
+  while (!before.empty() && !above.empty()) {
+    before.remove_prefix(FirstCharacterLength(before));
+    above.remove_prefix(FirstCharacterLength(above));
+  }
+  return above.empty() ? above : above.substr(0, FirstCharacterLength(above));
+}
+
+}  // namespace
+
+void mnuGotoLine(Workbench& workbench) {
+  CaptureInput(workbench);
+  const std::u16string answer = workbench.prompts().Input({.prompt = u"指定要定位的行："});
+  if (answer.empty()) {
+    return;
+  }
+  Editor& editor = workbench.editor();
+  const std::optional<TextPos> begin = BeginOfLine(editor.Text(), LeadingWholeNumber(answer));
+  if (begin) {
+    editor.SetSelection({*begin, 0});
+  } else {
+    workbench.prompts().Ask({.text = u"出错了！", .icon = Icon::kCritical, .systemModal = true});
+  }
+}
+
+void mnuCopyAboveChar(Workbench& workbench) {
+  Editor& editor = workbench.editor();
+  const std::u16string text = editor.Text();
+  const std::u16string_view above = CharacterAbove(text, editor.Selection().start);
+  if (!above.empty()) {
+    editor.ReplaceSelection(above);
+  }
+}
+
+}  // namespace scrivanta

@@ -1,0 +1,48 @@
+#include "lines/CleanupHandlers.h"
+
+#include "lines/DelLinesDialog.h"
+#include "lines/LineCleanup.h"
+#include "lines/LineWork.h"
+
+namespace scrivanta {
+
+namespace {
+
+void RunCleanup(Workbench& workbench, std::u16string_view resultFileName, const LineTransform& transform) {
+  const std::unique_ptr<BusyWork> work = workbench.StartWork();
+  const CapturedInput input = CaptureInput(workbench);
+  TransformLines(workbench, input, resultFileName, work->progress(), transform);
+}
+
+// Returns how many tabs every line has now.
+std::uint64_t PadTabs(Workbench& workbench) {
+  const std::unique_ptr<BusyWork> work = workbench.StartWork();
+  const CapturedInput input = CaptureInput(workbench);
+  const std::uint64_t tabs = MostTabs(InputLines(input, work->progress()).reader());
+  TransformLines(workbench, input, u"AddTabOK.txt", work->progress(),
+                 [tabs](LineReader& in, LineWriter& out) { AddTabs(in, out, tabs); });
+  return tabs;
+}
+
+}  // namespace
+
+void mnuDelEmptyLine(Workbench& workbench) {
+  RunCleanup(workbench, u"DelEmptyLineOk.txt", DelEmptyLines);
+}
+
+void mnuTrimLine(Workbench& workbench) {
+  RunCleanup(workbench, u"TrimLines.TXT", TrimLines);
+}
+
+void mnuDelLineFromXtoY(Workbench& workbench, LineDialogs& dialogs) {
+  DelLinesDialog dialog(workbench, CaptureInput(workbench));
+  dialogs.ShowDelLines(dialog);
+}
+
+void mnuAddTAB(Workbench& workbench) {
+  const std::string tabs = std::to_string(PadTabs(workbench));
+  workbench.prompts().Ask(
+      {.text = u"各行TAB符均已经加足至" + std::u16string(tabs.begin(), tabs.end()) + u"个", .title = u"提示"});
+}
+
+}  // namespace scrivanta

@@ -1,0 +1,50 @@
+#include "lines/DelLinesDialog.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "lines/LineCleanup.h"
+#include "lines/LineWork.h"
+#include "text/Numbers.h"
+
+namespace scrivanta {
+
+namespace {
+
+constexpr double kLargest = 1e18;  // beyond any line number, and well within long long
+
+long long Whole(double number) {
+  return static_cast<long long>(std::clamp(number, -kLargest, kLargest));
+}
+
+std::u16string ToText(long long number) {
+  const std::string digits = std::to_string(number);
+  return {digits.begin(), digits.end()};
+}
+
+}  // namespace
+
+void DelLinesDialog::Delete(DelLinesView& view) {
+  double first = LeadingNumber(view.Start());
+  double last = LeadingNumber(view.End());
+  if (last < first) {
+    const Answer answer = workbench_.prompts().Ask(
+        {.text = u"后数<前数，是否交换！", .buttons = Buttons::kYesNo, .icon = Icon::kQuestion});
+    if (answer == Answer::kYes) {
+      view.SetRange(ToText(Whole(last)), ToText(Whole(first)));
+      first = LeadingNumber(view.Start());
+      last = LeadingNumber(view.End());
+    }
+  }
+  // A line is a whole number, so a fraction only shows on which side of it a line lies.
+  const LineRange range{Whole(std::ceil(first)), Whole(std::floor(last))};
+  {
+    const std::unique_ptr<BusyWork> work = workbench_.StartWork();
+    RewriteInputFile(input_);
+    TransformLines(workbench_, input_, u"DelLineFromXToY.txt", work->progress(),
+                   [&range](LineReader& in, LineWriter& out) { DelLines(in, out, range); });
+  }
+  view.CloseView();
+}
+
+}  // namespace scrivanta

@@ -1,0 +1,11 @@
+#pragma once
+
+#include "lines/LineDialogs.h"
+#include "shell/CommandTable.h"
+
+namespace scrivanta {
+
+// Adds the line commands. The dialogs outlive the table.
+void RegisterLineCommands(CommandTable& table, LineDialogs& dialogs);
+
+}  // namespace scrivanta

@@ -1,0 +1,61 @@
+#include <gtest/gtest.h>
+
+#include "shell/ResultFiles.h"
+#include "support/ScriptedWorkbench.h"
+
+namespace scrivanta::testing {
+namespace {
+
+TEST(ResultFiles, CaptureTheSelectionOrTheWholeText) {
+  ScriptedWorkbench workbench;
+  workbench.editor().Open(u"一\r\n二");
+  EXPECT_EQ(CaptureInput(workbench).text, u"一\r\n二\r\n");
+  EXPECT_EQ(workbench.WorkFile("FileAutoSave.txt"), "\xD2\xBB\r\n\xB6\xFE\r\n");
+  EXPECT_EQ(CaptureInput(workbench, u"Other.txt", WholeTextEnd::kAsItStands).bytes, "\xD2\xBB\r\n\xB6\xFE");
+  EXPECT_EQ(workbench.WorkFile("Other.txt"), "\xD2\xBB\r\n\xB6\xFE");
+  workbench.editor().SetSelection({{3}, 1});
+  EXPECT_EQ(CaptureInput(workbench).text, u"二");
+}
+
+TEST(ResultFiles, PutBackOneLineEndShorter) {
+  struct Case {
+    std::string result;
+    std::u16string shown;
+  };
+  const Case cases[] = {{"", u""}, {"\r\n", u""}, {"a\r\n", u"a"}, {"a\r\n\r\n", u"a\r\n"}, {"a", u"a"}};
+  for (const Case& c : cases) {
+    ScriptedWorkbench workbench;
+    workbench.editor().Open(u"old");
+    ResultFile result(workbench, u"Result.txt");
+    result.Write(c.result);
+    PutResultBack(workbench, CaptureInput(workbench), result);
+    EXPECT_EQ(workbench.editor().Text(), c.shown);
+    EXPECT_EQ(workbench.WorkFile("Result.txt"), c.result);
+  }
+}
+
+TEST(ResultFiles, PutBackWhereItWasCaptured) {
+  ScriptedWorkbench workbench;
+  workbench.editor().Open(u"one two", {{4}, 3});
+  const CapturedInput input = CaptureInput(workbench);
+  workbench.editor().SetSelection({{0}, 1});
+  ResultFile result(workbench, u"Result.txt");
+  result.Write("2\r\n");
+  PutResultBack(workbench, input, result);
+  EXPECT_EQ(workbench.editor().Text(), u"one 2");
+}
+
+TEST(ResultFiles, MergeGivesEveryLineItsEnd) {
+  ScriptedWorkbench workbench;
+  ResultFile first(workbench, u"1");
+  ResultFile second(workbench, u"2");
+  ResultFile target(workbench, u"3");
+  first.Write("a\r\n\r\nb");
+  second.Write("c\n\r\n");
+  NoProgress progress;
+  MergeFiles({&first, &second}, target, progress);
+  EXPECT_EQ(target.bytes(), "a\r\n\r\nb\r\nc\n\r\n");
+}
+
+}  // namespace
+}  // namespace scrivanta::testing
