@@ -3,6 +3,7 @@
 
 #include <cstddef>
 #include <string>
+#include <string_view>
 
 #include "shell/ControlPos.h"
 
@@ -18,6 +19,16 @@ struct ControlEdit {
   ControlRange insertedRange() const noexcept { return {start, inserted.size()}; }
   bool empty() const noexcept { return removed.empty() && inserted.empty(); }
 };
+
+ControlEdit Reversed(const ControlEdit& edit);
+// Without what the removed and the inserted text have in common at their ends.
+ControlEdit Trimmed(ControlEdit edit);
+// The memory that an edit takes, in bytes.
+std::size_t CostOf(const ControlEdit& edit);
+
+// How much of a common beginning or end may be left out of an edit: the control cannot select half of a surrogate pair.
+std::size_t WholePairsAtEnd(std::u16string_view commonBeginning);
+std::size_t WholePairsAtStart(std::u16string_view commonEnd);
 
 // What can be asked of the control without reading all of its text.
 class ControlView {

@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "shell/EditTracker.h"
+#include "shell/LineDifference.h"
 
 namespace scrivanta {
 namespace {
@@ -12,10 +13,6 @@ namespace {
 // Up to here a rebuild of plain text is undone edit by edit, which the control does faster than loading a large text.
 constexpr std::size_t kMostUnits = 20'000;
 constexpr std::size_t kMostEdits = 200;
-
-ControlEdit Reversed(const ControlEdit& edit) {
-  return {edit.start, edit.inserted, edit.removed};
-}
 
 bool IsSmall(const UndoPart& part) {
   std::size_t units = 0;
@@ -68,7 +65,7 @@ void DocumentHistory::NoteRebuild(const ControlView& control, RichText before) {
   ControlEdit edit = FindEditByWholeText(text_, control);
   if (!edit.empty()) {
     TakeUp(edit);
-    part.edits.push_back(std::move(edit));
+    part.edits = SplitByLines(std::move(edit));
   }
   const ControlRange selectionBefore = std::exchange(selection_, control.Selection());
   history_.RecordRebuild(std::move(part), selectionBefore, selection_);

@@ -63,40 +63,6 @@ std::optional<ControlEdit> EditAtCaret(const ShadowText& known, ControlRange sel
                      insertedLength == 0 ? std::u16string() : control.Read({{start}, insertedLength})};
 }
 
-bool IsHighSurrogate(char16_t unit) {
-  return unit >= 0xD800 && unit <= 0xDBFF;
-}
-bool IsLowSurrogate(char16_t unit) {
-  return unit >= 0xDC00 && unit <= 0xDFFF;
-}
-
-// The control cannot select half of a surrogate pair, so an edit takes in both halves.
-std::size_t WholePairsAtEnd(std::u16string_view prefix) {
-  return !prefix.empty() && IsHighSurrogate(prefix.back()) ? prefix.size() - 1 : prefix.size();
-}
-std::size_t WholePairsAtStart(std::u16string_view suffix) {
-  return !suffix.empty() && IsLowSurrogate(suffix.front()) ? suffix.size() - 1 : suffix.size();
-}
-
-// Cuts off what the removed and the inserted text have in common at their ends.
-ControlEdit Trimmed(ControlEdit edit) {
-  const std::u16string_view inserted = edit.inserted;
-  const auto prefix =
-      static_cast<std::size_t>(std::ranges::mismatch(edit.removed, inserted).in1 - edit.removed.begin());
-  const std::size_t prefixLength = WholePairsAtEnd(inserted.substr(0, prefix));
-  edit.removed.erase(0, prefixLength);
-  edit.inserted.erase(0, prefixLength);
-  edit.start.value += prefixLength;
-  const auto suffix = static_cast<std::size_t>(
-      std::mismatch(edit.removed.rbegin(), edit.removed.rend(), edit.inserted.rbegin(), edit.inserted.rend()).first -
-      edit.removed.rbegin());
-  const std::size_t suffixLength =
-      WholePairsAtStart(std::u16string_view(edit.inserted).substr(edit.inserted.size() - suffix));
-  edit.removed.resize(edit.removed.size() - suffixLength);
-  edit.inserted.resize(edit.inserted.size() - suffixLength);
-  return edit;
-}
-
 }  // namespace
 
 ControlEdit FindEdit(const ShadowText& known, ControlRange selectionBefore, const ControlView& control) {

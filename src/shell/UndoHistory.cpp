@@ -22,10 +22,6 @@ bool StepEndsBetween(char16_t before, char16_t after) {
   return before == u'\r' || after == u'\r' || (EndsWord(before) && !EndsWord(after));
 }
 
-std::size_t CostOf(const ControlEdit& edit) {
-  return sizeof edit + (edit.removed.size() + edit.inserted.size()) * sizeof(char16_t);
-}
-
 std::size_t CostOf(const RichText& richText) {
   return richText ? richText->size() : 0;
 }
