@@ -74,7 +74,7 @@ def lint(file, preset, command, mingw):
     stamp = stamp_of(file, command)
     if stamp.exists():
         return file, True, ""
-    arguments = ["clang-tidy", "-quiet", "-p", str(ROOT / "build" / preset)]
+    arguments = ["clang-tidy-16", "-quiet", "-p", str(ROOT / "build" / preset)]
     arguments += ["--extra-arg=-Wno-unknown-warning-option"]
     if preset == "windows":
         arguments += mingw

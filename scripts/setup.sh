@@ -9,7 +9,7 @@ packages=(
   g++ cmake ninja-build ccache pkg-config          # native build
   libpcre2-dev libcli11-dev nlohmann-json3-dev     # libraries
   libgtest-dev libgmock-dev googletest libssl-dev  # tests
-  clang-format clang-tidy python3 git              # checks
+  clang-format clang-tidy-16 python3 git           # checks
   g++-mingw-w64-x86-64-posix dpkg-dev              # Windows build
   wine wine64 xvfb xdotool x11-utils openbox imagemagick locales fonts-wqy-microhei fonts-wine  # window tests
   mawk
