@@ -109,6 +109,7 @@ Section "!${NAME}程序和使用说明" SectionProgram
   File "${PROGRAM_FOLDER}/Scrivanta.exe"
   File "${PROGRAM_FOLDER}/scrivanta-batch.exe"
   File "${PROGRAM_FOLDER}/Scrivanta.rtf"
+  File "${PROGRAM_FOLDER}/licences.txt"
   ${If} ${Errors}
     SetErrorLevel 2
     MessageBox MB_OK|MB_ICONSTOP "不能写入文件夹$INSTDIR，安装没有完成。" /SD IDOK
@@ -249,6 +250,7 @@ Section "Uninstall"
   Delete "$INSTDIR\Scrivanta.exe"
   Delete "$INSTDIR\scrivanta-batch.exe"
   Delete "$INSTDIR\Scrivanta.rtf"
+  Delete "$INSTDIR\licences.txt"
   !insertmacro DeleteUnchanged "notes.txt"
   !insertmacro DeleteUnchanged "table.txt"
   RMDir "$INSTDIR\samples"

@@ -12,15 +12,11 @@ if [ "${1-}" = --version ]; then
   version=$2
 fi
 
-missing=()
-for package in nsis zip; do
-  dpkg-query -W -f '${Status}\n' "$package" 2>/dev/null | grep -q 'ok installed' || missing+=("$package")
-done
-if [ ${#missing[@]} -gt 0 ]; then
+if ! dpkg-query -W -f '${Status}\n' nsis 2>/dev/null | grep -q 'ok installed'; then
   as_root=()
   [ "$(id -u)" = 0 ] || as_root=(sudo)
   "${as_root[@]}" apt-get update -qq
-  "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get install -y -qq --no-install-recommends "${missing[@]}" >/dev/null
+  "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get install -y -qq --no-install-recommends nsis >/dev/null
 fi
 
 cmake --preset windows >/dev/null
@@ -35,6 +31,11 @@ for program in Scrivanta.exe scrivanta-batch.exe; do
 done
 cp build/windows/bin/Scrivanta.rtf "$stage/Scrivanta/"
 cp samples/*.txt "$stage/Scrivanta/samples/"
+# The libraries that the programs hold ask for their notices to go with them.
+for package in libpcre2-dev libcli11-dev nlohmann-json3-dev mingw-w64-x86-64-dev gcc-mingw-w64-x86-64-posix; do
+  printf '==== %s ====\n\n' "$package"
+  cat "/usr/share/doc/$package/copyright"
+done | sed 's/$/\r/' >"$stage/Scrivanta/licences.txt"
 
 setup=$output/Scrivanta-$version-setup.exe
 makensis -V2 -WX -INPUTCHARSET UTF8 '-XTarget amd64-unicode' "-DVERSION=$version" "-DPROGRAM_FOLDER=$stage/Scrivanta" \
@@ -42,6 +43,6 @@ makensis -V2 -WX -INPUTCHARSET UTF8 '-XTarget amd64-unicode' "-DVERSION=$version
 
 portable=$output/Scrivanta-$version-portable.zip
 rm -f "$portable"
-(cd "$stage" && zip -qrX "$portable" Scrivanta)
+(cd "$stage" && python3 -m zipfile -c "$portable" Scrivanta)
 rm -rf "$stage"
 ls -l "$setup" "$portable"
