@@ -1,10 +1,11 @@
-#include "shell/MenuTree.h"
 #include "window/driver/WindowTest.h"
 
 namespace scrivanta {
 namespace {
 
-TEST_F(WindowTest, StartsAndEnds) {
+class MainWindowTest : public WindowTest {};
+
+TEST_F(MainWindowTest, StartsAndEnds) {
   app.Start();
   app.ExpectStatus(u"状态");
   app.Type(u"汉字Ab");

@@ -25,15 +25,6 @@ namespace {
 
 constexpr char16_t kInterruptCaption[] = u"中断继续运行【通用】";
 
-void ExpectShown(const std::string& what, std::u16string_view expected, const std::function<std::u16string()>& shown) {
-  try {
-    WaitUntil(what, [&] { return shown() == expected; });
-  } catch (const DriverFailure& failure) {
-    throw DriverFailure(what + "\n  expected: " + Shown(expected) + "\n  shown:    " + Shown(shown()) + "\n" +
-                        failure.what());
-  }
-}
-
 // What the system hands over when files are dropped; the receiver frees it.
 HGLOBAL MakeDrop(std::initializer_list<std::filesystem::path> files) {
   std::wstring names;
@@ -49,6 +40,40 @@ HGLOBAL MakeDrop(std::initializer_list<std::filesystem::path> files) {
   CopyMemory(drop + 1, names.data(), bytes);
   GlobalUnlock(memory);
   return memory;
+}
+
+// Without the shortcut that follows a tab; "-" for a separator.
+std::u16string CaptionOf(HMENU menu, int position) {
+  MENUITEMINFOW item{};
+  item.cbSize = sizeof(item);
+  item.fMask = MIIM_FTYPE;
+  GetMenuItemInfoW(menu, static_cast<UINT>(position), TRUE, &item);
+  if ((item.fType & MFT_SEPARATOR) != 0) {
+    return u"-";
+  }
+  std::array<wchar_t, 256> text{};
+  GetMenuStringW(menu, static_cast<UINT>(position), text.data(), static_cast<int>(text.size()), MF_BYPOSITION);
+  const std::u16string caption = FromWide(text.data());
+  return caption.substr(0, caption.find(u'\t'));
+}
+
+struct MenuPlace {
+  HMENU popup = nullptr;
+  int barPosition = 0;
+  int position = 0;
+};
+
+MenuPlace FindInMenu(HMENU bar, std::string_view controlName) {
+  const auto id = MenuCommandId(controlName);
+  for (int barPosition = 0; barPosition < GetMenuItemCount(bar); ++barPosition) {
+    const HMENU popup = GetSubMenu(bar, barPosition);
+    for (int position = 0; position < GetMenuItemCount(popup); ++position) {
+      if (id && GetMenuItemID(popup, position) == static_cast<UINT>(*id)) {
+        return {popup, barPosition, position};
+      }
+    }
+  }
+  FailWithPicture("no such menu entry: " + std::string(controlName));
 }
 
 }  // namespace
@@ -134,22 +159,24 @@ void App::Menu(std::string_view controlName) {
 }
 
 ShownMenuEntry App::MenuEntry(std::string_view controlName) const {
-  const auto id = MenuCommandId(controlName);
+  const MenuPlace place = FindInMenu(GetMenu(MainWindow()), controlName);
+  // The states are brought up to date when the menu opens.
+  Send(MainWindow(), WM_INITMENUPOPUP, reinterpret_cast<WPARAM>(place.popup), place.barPosition);
+  const UINT state = GetMenuState(place.popup, static_cast<UINT>(place.position), MF_BYPOSITION);
+  return {CaptionOf(place.popup, place.position), (state & (MF_GRAYED | MF_DISABLED)) == 0, (state & MF_CHECKED) != 0};
+}
+
+std::vector<std::u16string> App::MenuCaptions() const {
+  std::vector<std::u16string> captions;
   const HMENU bar = GetMenu(MainWindow());
-  for (int position = 0; id && position < GetMenuItemCount(bar); ++position) {
-    const HMENU popup = GetSubMenu(bar, position);
-    const UINT command = static_cast<UINT>(*id);
-    if (popup == nullptr || GetMenuState(popup, command, MF_BYCOMMAND) == static_cast<UINT>(-1)) {
-      continue;
+  for (int barPosition = 0; barPosition < GetMenuItemCount(bar); ++barPosition) {
+    captions.push_back(CaptionOf(bar, barPosition));
+    const HMENU popup = GetSubMenu(bar, barPosition);
+    for (int position = 0; position < GetMenuItemCount(popup); ++position) {
+      captions.push_back(CaptionOf(popup, position));
     }
-    // The states are brought up to date when the menu opens.
-    Send(MainWindow(), WM_INITMENUPOPUP, reinterpret_cast<WPARAM>(popup), position);
-    const UINT state = GetMenuState(popup, command, MF_BYCOMMAND);
-    std::array<wchar_t, 256> caption{};
-    GetMenuStringW(popup, command, caption.data(), static_cast<int>(caption.size()), MF_BYCOMMAND);
-    return {FromWide(caption.data()), (state & (MF_GRAYED | MF_DISABLED)) == 0, (state & MF_CHECKED) != 0};
   }
-  FailWithPicture("no such menu entry: " + std::string(controlName));
+  return captions;
 }
 
 MessageBoxDriver App::ExpectBox(const Message& message) {

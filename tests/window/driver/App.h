@@ -11,9 +11,11 @@
 #include <filesystem>
 #include <initializer_list>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <thread>
+#include <vector>
 
 #include "shell/Prompts.h"
 #include "window/driver/DialogDriver.h"
@@ -54,6 +56,8 @@ class App {
   // Chooses a menu entry by the name of its control. Throws DriverFailure when it is disabled.
   void Menu(std::string_view controlName);
   ShownMenuEntry MenuEntry(std::string_view controlName) const;
+  // Every caption of the menu, without its shortcut, in order: an entry of the bar is followed by those below it.
+  std::vector<std::u16string> MenuCaptions() const;
 
   // Checks a message box; it is answered through what this returns.
   MessageBoxDriver ExpectBox(const Message& message);

@@ -23,6 +23,15 @@ void WaitUntil(const std::string& what, const std::function<bool()>& condition, 
   }
 }
 
+void ExpectShown(const std::string& what, std::u16string_view expected, const std::function<std::u16string()>& shown) {
+  try {
+    WaitUntil(what, [&] { return shown() == expected; });
+  } catch (const DriverFailure& failure) {
+    throw DriverFailure(what + "\n  expected: " + Shown(expected) + "\n  shown:    " + Shown(shown()) + "\n" +
+                        failure.what());
+  }
+}
+
 void FailWithPicture(const std::string& message) {
   throw DriverFailure(message + "\n" + DescribeWindows() + "picture: " + TakeFailureScreenshot());
 }

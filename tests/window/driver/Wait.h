@@ -6,6 +6,7 @@
 #include <functional>
 #include <stdexcept>
 #include <string>
+#include <string_view>
 
 namespace scrivanta {
 
@@ -30,6 +31,9 @@ auto WaitFor(const std::string& what, Find find, std::chrono::milliseconds limit
       what, [&] { return static_cast<bool>(found = find()); }, limit);
   return found;
 }
+
+// Waits until what is shown is what is expected; the failure sets both beside each other.
+void ExpectShown(const std::string& what, std::u16string_view expected, const std::function<std::u16string()>& shown);
 
 // Throws DriverFailure with the message, the windows that are there, and where the picture of the screen lies.
 [[noreturn]] void FailWithPicture(const std::string& message);
