@@ -3,109 +3,395 @@
 #include <commctrl.h>
 #include <shellapi.h>
 
+#include <algorithm>
+#include <utility>
+#include <vector>
+
+#include "shell/CommandLine.h"
+#include "shell/DateTimeText.h"
+#include "shell/ErrorText.h"
 #include "shell/FrmMainControls.h"
 #include "shell/FrmMainMenu.h"
+#include "shell/InstanceNumber.h"
 #include "shell/MainLayout.h"
 #include "shell/MenuTree.h"
-#include "win/PlatformError.h"
+#include "shell/WindowPlacement.h"
+#include "win/Monitors.h"
+#include "win/TopLevelWindows.h"
 #include "win/WideText.h"
 
 namespace scrivanta {
 
 namespace {
 
-constexpr DWORD kEditBoxStyle = WS_VISIBLE | WS_VSCROLL | WS_HSCROLL | WS_TABSTOP | ES_MULTILINE | ES_AUTOHSCROLL |
-                                ES_AUTOVSCROLL | ES_NOHIDESEL | ES_WANTRETURN | WS_BORDER;
-constexpr char16_t kNoPath[] = u"状态";
+constexpr UINT kTrayIconId = 1;
+// The icon's events come as mouse moves, with the event's message in the place of the position.
+constexpr UINT kTrayMessage = WM_MOUSEMOVE;
 
-HWND MakeChild(HWND parent, const wchar_t* className, int controlId, DWORD style) {
-  const HWND child = CreateWindowExW(0, className, L"", WS_CHILD | style, 0, 0, 0, 0, parent,
-                                     reinterpret_cast<HMENU>(static_cast<INT_PTR>(controlId)), nullptr, nullptr);
-  if (child == nullptr) {
-    ThrowLastError("CreateWindowEx");
+enum Timer : UINT_PTR { kTypeDate = 1, kTypeTime = 2 };
+// Until the keys of the shortcut are up again.
+constexpr UINT kTypingDelay = 250;  // milliseconds
+
+int SystemDotsPerInch() {
+  return static_cast<int>(GetDpiForSystem());
+}
+
+TwipRect ToTwips(const RECT& bounds) {
+  const int dpi = SystemDotsPerInch();
+  return {PixelsToTwips(bounds.left, dpi), PixelsToTwips(bounds.top, dpi),
+          PixelsToTwips(bounds.right - bounds.left, dpi), PixelsToTwips(bounds.bottom - bounds.top, dpi)};
+}
+
+void Place(HWND window, const TwipRect& bounds, int dpi) {
+  SetWindowPos(window, nullptr, TwipsToPixels(bounds.left, dpi), TwipsToPixels(bounds.top, dpi),
+               TwipsToPixels(bounds.width, dpi), TwipsToPixels(bounds.height, dpi), SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+bool IsDown(int key) {
+  return GetKeyState(key) < 0;
+}
+
+std::vector<std::filesystem::path> PathsOf(HDROP drop) {
+  std::vector<std::filesystem::path> paths(DragQueryFileW(drop, 0xFFFFFFFF, nullptr, 0));
+  for (UINT i = 0; i < paths.size(); ++i) {
+    std::wstring path(DragQueryFileW(drop, i, nullptr, 0) + std::size_t{1}, L'\0');
+    path.resize(DragQueryFileW(drop, i, path.data(), static_cast<UINT>(path.size())));
+    paths[i] = path;
   }
-  return child;
+  return paths;
 }
 
 }  // namespace
 
-FrmMain::FrmMain(WindowHost& host, const CommandTable& commands)
+FrmMain::FrmMain(WindowHost& host, Settings& settings, const CommandTable& commands)
     : Window(host),
+      settings_(settings),
       commands_(commands),
-      windowClass_(host.instance, kMainWindowClass, LoadIconW(host.instance, MAKEINTRESOURCEW(IDI_SCRIVANTA))) {}
+      icon_(LoadIconW(host.instance, MAKEINTRESOURCEW(IDI_SCRIVANTA))),
+      windowClass_(host.instance, kMainWindowClass, icon_),
+      taskbarCreated_(RegisterWindowMessageW(L"TaskbarCreated")),
+      prompts_(host, [this] { return PromptOwner(); }),
+      editor_({[this] { HandleEditorChange(); }, [this] { HandleEditorSelection(); }}),
+      busy_(host, bars_) {}
 
-void FrmMain::Open(const std::u16string&) {
-  Create(windowClass_, ToWide(kProgramTitle), WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN, {0, 0, 791, 584});
+void FrmMain::Open(std::u16string_view commandLine) {
+  const std::u16string_view documentPath = DocumentPathOf(commandLine);
+  untitledCaption_ = NumberedCaption(kProgramTitle, TopLevelWindowTitles());
+  Create(windowClass_, ToWide(untitledCaption_), WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN, {0, 0, 0, 0});
   SetMenu(handle(), BuildMainMenu().Release());
   host().loop.SetAccelerators(handle(), BuildAccelerators());
-  SetStatusPanel(kNoPath);
-  LayOut();
+  trayIcon_.emplace(handle(), kTrayIconId, kTrayMessage, icon_);
+  RestoreSettings();
+  RefreshMenu();
   ShowWindow(handle(), SW_SHOW);
-  SetFocus(editBox_.handle());
+  SetFocus(editor_.box());
+  UpdateWindow(handle());
+  if (!documentPath.empty()) {
+    RunGuarded([this, documentPath] { documentFile_.Load(documentPath); });
+  }
+}
+
+void FrmMain::RestoreSettings() {
+  std::vector<TwipRect> areas;
+  std::ranges::transform(WorkAreas(), std::back_inserter(areas), &ToTwips);
+  Place(handle(), FitPlacement(ReadPlacement(settings_), areas), SystemDotsPerInch());
+  editor_.SetWordWrap(settings_.Find(u"LineReturn", Store::kRegistry, kWindowSection).value_or(u"1") != u"1");
 }
 
 LRESULT FrmMain::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
+  if (message == taskbarCreated_ && IsIconic(handle()) != FALSE) {
+    trayIcon_->Remove();
+    trayIcon_->Add(Caption());
+    return 0;
+  }
+  switch (message) {
+    case WM_COMMAND:
+      OnCommand(LOWORD(wParam), HIWORD(wParam));
+      return 0;
+    case WM_NOTIFY:
+      if (reinterpret_cast<const NMHDR*>(lParam)->code == EN_SELCHANGE) {
+        editor_.HandleSelection();
+      }
+      return 0;
+    case kTrayMessage:
+      if (LOWORD(lParam) == WM_LBUTTONUP) {
+        OnTrayClick();
+      }
+      return 0;
+    case WM_DROPFILES:
+      OnDrop(reinterpret_cast<HDROP>(wParam));
+      return 0;
+    case WM_TIMER:
+      OnTimer(wParam);
+      return 0;
+    case WM_CLOSE:
+      OnClose();
+      return 0;
+    default: {
+      const std::optional<LRESULT> answer = OnStateMessage(message, wParam, lParam);
+      return answer ? *answer : DefaultAnswer(message, wParam, lParam);
+    }
+  }
+}
+
+std::optional<LRESULT> FrmMain::OnStateMessage(UINT message, WPARAM wParam, LPARAM lParam) {
   switch (message) {
     case WM_CREATE:
       MakeControls();
       return 0;
     case WM_SIZE:
-      LayOut();
+      OnSize(wParam);
       return 0;
+    case WM_DPICHANGED: {
+      const auto& bounds = *reinterpret_cast<const RECT*>(lParam);
+      SetWindowPos(handle(), nullptr, bounds.left, bounds.top, bounds.right - bounds.left, bounds.bottom - bounds.top,
+                   SWP_NOZORDER | SWP_NOACTIVATE);
+      return 0;
+    }
     case WM_SETFOCUS:
-      SetFocus(editBox_.handle());
+      SetFocus(editor_.box());
       return 0;
+    case WM_SETCURSOR:
+      if (busy_.hasHourglass()) {
+        SetCursor(LoadCursorW(nullptr, IDC_WAIT));
+        return TRUE;
+      }
+      return std::nullopt;
     case WM_INITMENUPOPUP:
-      UpdateMenu(reinterpret_cast<HMENU>(wParam));
+      RefreshMenu();
       return 0;
     case WM_DESTROY:
+      trayIcon_.reset();
       PostQuitMessage(0);
       return 0;
     default:
-      return DefaultAnswer(message, wParam, lParam);
+      return std::nullopt;
   }
 }
 
 void FrmMain::MakeControls() {
-  workingBox_.Create(handle(), RichTextBox0, kEditBoxStyle & ~static_cast<DWORD>(WS_VISIBLE | WS_TABSTOP));
-  editBox_.Create(handle(), RichTextBox1, kEditBoxStyle);
-  statusBar_ = MakeChild(handle(), STATUSCLASSNAMEW, StatusBar1, WS_VISIBLE | SBARS_SIZEGRIP);
-  progressBar_ = MakeChild(handle(), PROGRESS_CLASSW, ProgressBar1, 0);
-  MakeChild(handle(), L"BUTTON", cmdDummy, 0);
+  bars_.Create(handle());
+  editor_.Create(handle());
+  // Takes the focus while text is taken back, so that the box does not scroll with the caret.
+  CreateWindowExW(0, L"BUTTON", L"", WS_CHILD, 0, 0, 0, 0, handle(),
+                  reinterpret_cast<HMENU>(static_cast<INT_PTR>(cmdDummy)), nullptr, nullptr);
+  busy_.SetWindows(handle(), editor_.box());
+  editBoxKeys_.emplace(host(), editor_.box(), [this](UINT message, WPARAM wParam, LPARAM lParam) {
+    return OnEditBoxMessage(message, wParam, lParam);
+  });
+  // The control would put a dropped file into the text.
+  RevokeDragDrop(editor_.box());
+  DragAcceptFiles(editor_.box(), TRUE);
+  DragAcceptFiles(handle(), TRUE);
+}
+
+void FrmMain::OnCommand(int id, int notification) {
+  if (id == RichTextBox1) {
+    if (notification == EN_CHANGE) {
+      editor_.HandleChange();
+    }
+  } else if (!work_.IsBusy()) {
+    RunCommand(id);
+  }
+}
+
+void FrmMain::RunCommand(int commandId) {
+  const MenuEntry* entry = MenuEntryOf(commandId);
+  if (entry == nullptr || !commands_.IsAvailable(entry->controlName, State())) {
+    return;
+  }
+  {
+    const UndoCommand step(editor_.history(), editor_.view());
+    commands_.Run(entry->controlName, *this);
+  }
+  RefreshMenu();
+  if (std::exchange(closeWhenIdle_, false)) {
+    PostMessageW(handle(), WM_CLOSE, 0, 0);
+  }
+}
+
+bool FrmMain::RunGuarded(const std::function<void()>& action) {
+  try {
+    action();
+    return true;
+  } catch (const Interrupted&) {
+    return false;
+  } catch (const std::exception& error) {
+    prompts_.Ask(FailureMessage(error));
+    return false;
+  }
+}
+
+std::optional<LRESULT> FrmMain::OnEditBoxMessage(UINT message, WPARAM wParam, LPARAM) {
+  switch (message) {
+    case WM_KEYDOWN:
+      return OnEditBoxKey(wParam) ? std::optional<LRESULT>(0) : std::nullopt;
+    case WM_DROPFILES:
+      OnDrop(reinterpret_cast<HDROP>(wParam));
+      return 0;
+    case WM_SETCURSOR:
+      return busy_.hasHourglass() ? std::optional<LRESULT>(SendMessageW(handle(), WM_SETCURSOR, wParam, 0))
+                                  : std::nullopt;
+    default:
+      return std::nullopt;
+  }
+}
+
+// True when the key is no longer the control's.
+bool FrmMain::OnEditBoxKey(WPARAM key) {
+  const bool shift = IsDown(VK_SHIFT);
+  if (!IsDown(VK_CONTROL) || IsDown(VK_MENU)) {
+    return false;
+  }
+  switch (key) {
+    case 'C':
+      if (shift) {
+        editor_.CopyFormat();
+      }
+      return shift;
+    case 'V':
+      if (shift) {
+        editor_.PasteFormat();
+      }
+      return shift;
+    case VK_OEM_1:  // ";"
+      SetTimer(handle(), shift ? kTypeTime : kTypeDate, kTypingDelay, nullptr);
+      return true;
+    case 'E':
+    case 'J':
+    case 'L':
+    case 'R':
+    case '1':
+    case '2':
+    case '5':
+    case VK_OEM_PLUS:
+      return true;  // the control would change paragraphs, and scripts, with these
+    case 'A':
+      return shift;  // and capitals with this
+    default:
+      return false;
+  }
+}
+
+void FrmMain::OnTimer(UINT_PTR timer) {
+  KillTimer(handle(), timer);
+  if (!work_.IsBusy() && IsWindowEnabled(handle()) != FALSE) {
+    const auto now = clock_.Now();
+    editor_.ReplaceSelection(timer == kTypeDate ? DateText(now) : TimeText(now));
+  }
+}
+
+void FrmMain::OnSize(WPARAM kind) {
+  if (kind == SIZE_MINIMIZED) {
+    if (trayIcon_) {
+      trayIcon_->Add(Caption());
+      ShowWindow(handle(), SW_HIDE);
+    }
+    return;
+  }
+  if (trayIcon_) {
+    trayIcon_->Remove();
+  }
+  LayOut();
+}
+
+void FrmMain::OnTrayClick() {
+  if (IsIconic(handle()) != FALSE) {
+    ShowWindow(handle(), SW_SHOW);
+    ShowWindow(handle(), SW_RESTORE);
+    SetForegroundWindow(handle());
+  }
+}
+
+void FrmMain::OnDrop(HDROP drop) {
+  const std::vector<std::filesystem::path> paths = PathsOf(drop);
+  DragFinish(drop);
+  if (!work_.IsBusy()) {
+    RunGuarded([this, &paths] { documentFile_.OpenDropped(paths); });
+  }
+}
+
+void FrmMain::OnClose() {
+  if (work_.IsBusy()) {
+    const Answer answer =
+        prompts_.Ask({.text = u"正在处理，是否中断并退出？", .buttons = Buttons::kYesNo, .icon = Icon::kQuestion});
+    if (answer == Answer::kYes) {
+      busy_.RequestStop();
+      closeWhenIdle_ = true;
+    }
+    return;
+  }
+  if (IsIconic(handle()) == FALSE) {
+    RunGuarded([this] { KeepPlacement(); });
+  }
+  bool mayClose = false;
+  RunGuarded([this, &mayClose] { mayClose = documentFile_.MayClose(); });
+  if (mayClose) {
+    DestroyWindow(handle());
+  }
+}
+
+void FrmMain::KeepPlacement() {
+  RECT bounds{};
+  GetWindowRect(handle(), &bounds);
+  SavePlacement(settings_, ToTwips(bounds));
+}
+
+void FrmMain::RequestClose() {
+  PostMessageW(handle(), WM_CLOSE, 0, 0);
+}
+
+void FrmMain::ShowPath(const std::filesystem::path& path) {
+  bars_.SetPath(path);
+  const std::u16string caption = path.empty() ? untitledCaption_ : kProgramTitle + (u" " + path.u16string());
+  SetWindowTextW(handle(), ToWide(caption).c_str());
 }
 
 void FrmMain::LayOut() {
   RECT inner{};
   GetClientRect(handle(), &inner);
-  SendMessageW(statusBar_, WM_SIZE, 0, 0);
-  const int dpi = DotsPerInch();
+  SendMessageW(bars_.statusBar(), WM_SIZE, 0, 0);
+  const auto dpi = static_cast<int>(GetDpiForWindow(handle()));
   const auto layout = LayOutMainWindow(PixelsToTwips(inner.right, dpi), PixelsToTwips(inner.bottom, dpi));
-  if (!layout) {
-    return;
+  if (layout) {
+    Place(editor_.box(), layout->editBox, dpi);
+    Place(editor_.workingBox(), layout->editBox, dpi);
+    Place(bars_.progressBar(), layout->progressBar, dpi);
   }
-  const auto place = [dpi](HWND control, const TwipRect& bounds) {
-    MoveWindow(control, TwipsToPixels(bounds.left, dpi), TwipsToPixels(bounds.top, dpi),
-               TwipsToPixels(bounds.width, dpi), TwipsToPixels(bounds.height, dpi), TRUE);
-  };
-  place(editBox_.handle(), layout->editBox);
-  place(workingBox_.handle(), layout->editBox);
-  place(progressBar_, layout->progressBar);
 }
 
-void FrmMain::SetStatusPanel(const std::u16string& text) {
-  SendMessageW(statusBar_, SB_SETTEXTW, 0, reinterpret_cast<LPARAM>(ToWide(text).c_str()));
+void FrmMain::RefreshMenu() {
+  EnableMenuEntries(GetMenu(handle()), commands_, State());
 }
 
-void FrmMain::UpdateMenu(HMENU popup) const {
-  const CHARRANGE selection = editBox_.Selection();
-  WorkbenchState state;
-  state.hasSelection = selection.cpMin != selection.cpMax;
-  state.canPaste = editBox_.Send(EM_CANPASTE) != FALSE;
-  EnableMenuEntries(popup, commands_, state);
+void FrmMain::HandleEditorChange() {
+  documentFile_.NoteChange();
+  bars_.SetRemark({});
+  RefreshMenu();
 }
 
-int FrmMain::DotsPerInch() const {
-  return static_cast<int>(GetDpiForWindow(handle()));
+void FrmMain::HandleEditorSelection() {
+  bars_.SetRemark({});
+  RefreshMenu();
+}
+
+WorkbenchState FrmMain::State() const {
+  return {.hasSelection = !editor_.Selection().empty(),
+          .canUndo = editor_.canUndo(),
+          .canRedo = editor_.canRedo(),
+          .canPaste = editor_.canPaste()};
+}
+
+// A message belongs to the window that the user works in, which may be a dialog.
+HWND FrmMain::PromptOwner() const {
+  const HWND active = GetActiveWindow();
+  return active != nullptr ? active : handle();
+}
+
+std::u16string FrmMain::Caption() const {
+  std::wstring caption(static_cast<std::size_t>(GetWindowTextLengthW(handle())) + 1, L'\0');
+  caption.resize(static_cast<std::size_t>(GetWindowTextW(handle(), caption.data(), static_cast<int>(caption.size()))));
+  return FromWide(caption);
 }
 
 }  // namespace scrivanta

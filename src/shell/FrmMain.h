@@ -1,12 +1,25 @@
-// The main window: the document's edit box, the menu, status bar and progress bar.
+// The main window: start-up, menu, layout, keys, tray icon and shut-down. It is the workbench of the commands, on real
+// controls.
 #pragma once
 
 #include <windows.h>
 
+#include <functional>
+#include <memory>
+#include <optional>
 #include <string>
 
 #include "shell/CommandTable.h"
-#include "win/RichEdit.h"
+#include "shell/DocumentFile.h"
+#include "shell/FrmMainBars.h"
+#include "shell/FrmMainBusy.h"
+#include "shell/FrmMainEditor.h"
+#include "shell/FrmMainPrompts.h"
+#include "shell/MainWindow.h"
+#include "shell/ScrivantaDesktop.h"
+#include "shell/WindowWork.h"
+#include "win/Subclass.h"
+#include "win/TrayIcon.h"
 #include "win/Window.h"
 
 namespace scrivanta {
@@ -14,27 +27,81 @@ namespace scrivanta {
 inline constexpr wchar_t kMainWindowClass[] = L"ScrivantaMain";
 inline constexpr char16_t kProgramTitle[] = u"Scrivanta";
 
-class FrmMain final : public Window {
+class FrmMain final : public Window, public Workbench, public MainWindow, private DocumentView {
  public:
-  FrmMain(WindowHost& host, const CommandTable& commands);
+  FrmMain(WindowHost& host, Settings& settings, const CommandTable& commands);
 
-  // Makes the window and shows it.
-  void Open(const std::u16string& commandLine);
+  // Makes the window, shows it and opens the document of the command line, if there is one.
+  void Open(std::u16string_view commandLine);
+
+  Editor& editor() override { return editor_; }
+  Document& document() override { return documentFile_; }
+  Prompts& prompts() override { return prompts_; }
+  Settings& settings() override { return settings_; }
+  Shell& shell() override { return desktop_; }
+  const Clock& clock() const override { return clock_; }
+  const Folders& folders() const override { return folders_; }
+  std::unique_ptr<BusyWork> StartWork() override { return work_.Start(); }
+  void ShowStatus(const std::u16string& text) override { bars_.SetRemark(text); }
+
+  RichBox& richBox() override { return editor_; }
+  DocumentFile& documentFile() override { return documentFile_; }
+  void KeepPlacement() override;
+  void RequestClose() override;
+  void SetWordWrap(bool wrap) override { editor_.SetWordWrap(wrap); }
+  void Undo() override { editor_.Undo(); }
+  void Redo() override { editor_.Redo(); }
 
  private:
   LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
-  void MakeControls();
-  void LayOut();
-  void SetStatusPanel(const std::u16string& text);
-  void UpdateMenu(HMENU popup) const;
-  int DotsPerInch() const;
+  std::optional<LRESULT> OnStateMessage(UINT message, WPARAM wParam, LPARAM lParam);
+  std::optional<LRESULT> OnEditBoxMessage(UINT message, WPARAM wParam, LPARAM lParam);
+  bool OnEditBoxKey(WPARAM key);
+  void OnCommand(int id, int notification);
+  void OnSize(WPARAM kind);
+  void OnTrayClick();
+  void OnDrop(HDROP drop);
+  void OnClose();
+  void OnTimer(UINT_PTR timer);
 
+  void ShowDocument(std::u16string_view text) override { editor_.ShowDocument(text); }
+  bool ShowRichDocument(std::string_view rtf) override { return editor_.ShowRichDocument(rtf); }
+  std::string DocumentRtf() const override { return editor_.Rtf(); }
+  std::optional<std::u16string> TextOfRtf(std::string_view rtf) override { return editor_.TextOfRtf(rtf); }
+  void ShowPath(const std::filesystem::path& path) override;
+  void ShowProgressBar(std::optional<int> percent) override { bars_.ShowProgress(percent); }
+
+  void MakeControls();
+  void RestoreSettings();
+  void RunCommand(int commandId);
+  // Runs what is no command of the menu; whatever it throws becomes one message box. False when it has thrown.
+  bool RunGuarded(const std::function<void()>& action);
+  void LayOut();
+  void RefreshMenu();
+  void HandleEditorChange();
+  void HandleEditorSelection();
+  WorkbenchState State() const;
+  HWND PromptOwner() const;
+  std::u16string Caption() const;
+
+  Settings& settings_;
   const CommandTable& commands_;
+  HICON icon_;
   WindowClass windowClass_;
-  RichEdit editBox_;     // RichTextBox1
-  RichEdit workingBox_;  // RichTextBox0, never shown
-  HWND statusBar_ = nullptr;
-  HWND progressBar_ = nullptr;
+  UINT taskbarCreated_;
+  Folders folders_ = FindFolders();
+  ScrivantaClock clock_;
+  ScrivantaDesktop desktop_;
+  FrmMainPrompts prompts_;
+  FrmMainBars bars_;
+  FrmMainEditor editor_;
+  FrmMainBusy busy_;
+  WindowWork work_{busy_, clock_};
+  DocumentFile documentFile_{*this, *this};
+  std::optional<TrayIcon> trayIcon_;
+  std::optional<Subclass> editBoxKeys_;
+  std::u16string untitledCaption_;
+  bool closeWhenIdle_ = false;
 };
 
 }  // namespace scrivanta

@@ -74,13 +74,11 @@ OwnedAccelerators BuildAccelerators() {
   return OwnedAccelerators(CreateAcceleratorTableW(accelerators.data(), static_cast<int>(accelerators.size())));
 }
 
-void EnableMenuEntries(HMENU popup, const CommandTable& commands, const WorkbenchState& state) {
-  const int count = GetMenuItemCount(popup);
-  for (int position = 0; position < count; ++position) {
-    const MenuEntry* entry = MenuEntryOf(static_cast<int>(GetMenuItemID(popup, position)));
-    if (entry != nullptr && !entry->IsSeparator()) {
-      const bool available = commands.IsAvailable(entry->controlName, state);
-      EnableMenuItem(popup, static_cast<UINT>(position), MF_BYPOSITION | (available ? MF_ENABLED : MF_GRAYED));
+void EnableMenuEntries(HMENU bar, const CommandTable& commands, const WorkbenchState& state) {
+  for (const MenuEntry& entry : MenuTree()) {
+    if (entry.level == MenuLevel::kEntry && !entry.IsSeparator()) {
+      const bool available = commands.IsAvailable(entry.controlName, state);
+      EnableMenuItem(bar, static_cast<UINT>(*MenuCommandId(entry.controlName)), available ? MF_ENABLED : MF_GRAYED);
     }
   }
 }

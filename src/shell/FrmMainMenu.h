@@ -11,7 +11,7 @@ namespace scrivanta {
 OwnedMenu BuildMainMenu();
 OwnedAccelerators BuildAccelerators();
 
-// Enables those entries of a popup menu whose command is in the table and available now.
-void EnableMenuEntries(HMENU popup, const CommandTable& commands, const WorkbenchState& state);
+// Enables those entries of the bar's menus whose command is in the table and available now.
+void EnableMenuEntries(HMENU bar, const CommandTable& commands, const WorkbenchState& state);
 
 }  // namespace scrivanta

@@ -17,12 +17,14 @@ Dialog::~Dialog() {
 
 int Dialog::ShowModal(HWND owner) {
   modal_ = true;
+  wasOpened_ = false;
   const INT_PTR result =
       DialogBoxParamW(host_.instance, MAKEINTRESOURCEW(templateId_), owner, &Procedure, reinterpret_cast<LPARAM>(this));
-  if (result == -1) {
+  // The result is -1, too, when the whole program is closed over an open dialog.
+  if (result == -1 && !wasOpened_) {
     ThrowLastError("DialogBoxParam");
   }
-  return static_cast<int>(result);
+  return result == -1 ? IDCANCEL : static_cast<int>(result);
 }
 
 void Dialog::ShowModeless(HWND owner) {
@@ -157,6 +159,7 @@ INT_PTR CALLBACK Dialog::Procedure(HWND window, UINT message, WPARAM wParam, LPA
 void Dialog::Opened(HWND window) {
   SetWindowLongPtrW(window, DWLP_USER, reinterpret_cast<LONG_PTR>(this));
   handle_ = window;
+  wasOpened_ = true;
   host_.loop.AddDialog(window);
 }
 

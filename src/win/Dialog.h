@@ -82,6 +82,7 @@ class Dialog {
   HWND toolTips_ = nullptr;
   std::optional<int> focusOn_;
   bool modal_ = false;
+  bool wasOpened_ = false;
   bool dragByBody_ = false;
   std::vector<std::unique_ptr<Subclass>> hooks_;
 };

@@ -12,14 +12,16 @@ int MessageLoop::Run() {
   return static_cast<int>(message.wParam);
 }
 
-void MessageLoop::Pump() {
+void MessageLoop::Pump(const std::function<bool(const MSG&)>& filter) {
   MSG message{};
   while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE) != FALSE) {
     if (message.message == WM_QUIT) {
       PostQuitMessage(static_cast<int>(message.wParam));
       return;
     }
-    Handle(message);
+    if (!filter(message)) {
+      Handle(message);
+    }
   }
 }
 

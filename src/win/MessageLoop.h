@@ -3,6 +3,7 @@
 
 #include <windows.h>
 
+#include <functional>
 #include <vector>
 
 #include "win/Handles.h"
@@ -17,8 +18,9 @@ class MessageLoop {
 
   // Handles messages until the program is told to quit; returns the exit code.
   int Run();
-  // Handles what is waiting and returns at once; for work that lasts. A wish to quit is kept for Run.
-  void Pump();
+  // Handles what is waiting and returns at once; for work that lasts. A message that the filter takes for itself is not
+  // handled further. A wish to quit is kept for Run.
+  void Pump(const std::function<bool(const MSG&)>& filter);
 
   // Key strokes that go to `window` as commands while it, or a control in it, has the focus.
   void SetAccelerators(HWND window, OwnedAccelerators accelerators);

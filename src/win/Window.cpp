@@ -54,7 +54,7 @@ LRESULT CALLBACK Window::Procedure(HWND window, UINT message, WPARAM wParam, LPA
   if (self == nullptr) {
     return DefWindowProcW(window, message, wParam, lParam);
   }
-  const LRESULT answer = self->Answer(message, wParam, lParam);
+  const LRESULT answer = self->AnswerTo(message, wParam, lParam);
   if (message == WM_NCDESTROY) {
     SetWindowLongPtrW(window, GWLP_USERDATA, 0);
     self->handle_ = nullptr;
@@ -62,7 +62,7 @@ LRESULT CALLBACK Window::Procedure(HWND window, UINT message, WPARAM wParam, LPA
   return answer;
 }
 
-LRESULT Window::Answer(UINT message, WPARAM wParam, LPARAM lParam) noexcept {
+LRESULT Window::AnswerTo(UINT message, WPARAM wParam, LPARAM lParam) noexcept {
   try {
     return OnMessage(message, wParam, lParam);
   } catch (...) {

@@ -49,7 +49,7 @@ class Window {
  private:
   friend class WindowClass;
   static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
-  LRESULT Answer(UINT message, WPARAM wParam, LPARAM lParam) noexcept;
+  LRESULT AnswerTo(UINT message, WPARAM wParam, LPARAM lParam) noexcept;
 
   WindowHost& host_;
   HWND handle_ = nullptr;

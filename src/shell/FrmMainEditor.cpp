@@ -1,0 +1,205 @@
+#include "shell/FrmMainEditor.h"
+
+#include <algorithm>
+#include <chrono>
+#include <cmath>
+
+#include "shell/FrmMainControls.h"
+#include "win/WideText.h"
+
+namespace scrivanta {
+
+namespace {
+
+constexpr DWORD kBoxStyle =
+    WS_VSCROLL | WS_HSCROLL | WS_BORDER | ES_MULTILINE | ES_AUTOHSCROLL | ES_AUTOVSCROLL | ES_NOHIDESEL | ES_WANTRETURN;
+constexpr LONG kTwipsPerPoint = 20;
+
+struct EffectBits {
+  DWORD mask;
+  DWORD effect;
+};
+
+EffectBits BitsOf(TextEffect effect) {
+  switch (effect) {
+    case TextEffect::kBold:
+      return {CFM_BOLD, CFE_BOLD};
+    case TextEffect::kItalic:
+      return {CFM_ITALIC, CFE_ITALIC};
+    case TextEffect::kUnderline:
+      break;
+  }
+  return {CFM_UNDERLINE, CFE_UNDERLINE};
+}
+
+CHARFORMAT2W ToControl(const FontDescription& font) {
+  CHARFORMAT2W format{};
+  format.cbSize = sizeof(format);
+  format.dwMask = CFM_FACE | CFM_SIZE | CFM_COLOR | CFM_BOLD | CFM_ITALIC | CFM_UNDERLINE | CFM_STRIKEOUT | CFM_CHARSET;
+  format.dwEffects = (font.bold ? CFE_BOLD : 0) | (font.italic ? CFE_ITALIC : 0) |
+                     (font.underline ? CFE_UNDERLINE : 0) | (font.strikeThrough ? CFE_STRIKEOUT : 0);
+  // Black is the system's colour for text, which is white when the user has chosen a dark scheme of high contrast.
+  if (font.colour == 0) {
+    format.dwEffects |= CFE_AUTOCOLOR;
+  }
+  format.crTextColor = font.colour;
+  format.yHeight = std::lround(font.size * kTwipsPerPoint);
+  format.bCharSet = GB2312_CHARSET;
+  const std::size_t length = std::min<std::size_t>(font.name.size(), LF_FACESIZE - 1);
+  std::copy_n(font.name.begin(), length, format.szFaceName);
+  return format;
+}
+
+}  // namespace
+
+void FrmMainEditor::Create(HWND parent) {
+  workingBox_.Create(parent, RichTextBox0, kBoxStyle);
+  box_.Create(parent, RichTextBox1, kBoxStyle | WS_VISIBLE | WS_TABSTOP);
+  font_ = {.name = u"宋体", .size = 10.5};
+  for (RichEdit* box : {&box_, &workingBox_}) {
+    box->SetDefaultFormat(ToControl(font_));
+    box->SetFormatOfAll(ToControl(font_));
+  }
+  box_.SetEventMask(ENM_CHANGE | ENM_SELCHANGE);
+  history_.Reset(control_);
+}
+
+void FrmMainEditor::SetWordWrap(bool wrap) {
+  box_.SetWordWrap(wrap);
+  workingBox_.SetWordWrap(wrap);
+}
+
+void FrmMainEditor::HandleChange() {
+  history_.NoteChange(control_, std::chrono::steady_clock::now());
+  listener_.onChange();
+}
+
+void FrmMainEditor::HandleSelection() {
+  history_.NoteSelection(control_);
+  listener_.onSelection();
+}
+
+void FrmMainEditor::ShowDocument(std::u16string_view text) {
+  control_.LoadText(text);
+  history_.Reset(control_);
+}
+
+bool FrmMainEditor::ShowRichDocument(std::string_view rtf) {
+  // Only the working box tells whether the bytes are a rich text, without harm to the document that is there.
+  if (!TextOfRtf(rtf)) {
+    return false;
+  }
+  control_.LoadRtf(rtf);
+  history_.Reset(control_);
+  return true;
+}
+
+std::optional<std::u16string> FrmMainEditor::TextOfRtf(std::string_view rtf) {
+  const bool isRichText = rtf.starts_with("{\\rtf") && workingBox_.LoadRtf(rtf);
+  std::u16string text = isRichText ? ToDocumentText(workingBox_.Text()) : std::u16string();
+  workingBox_.LoadText({});
+  return isRichText ? std::optional(std::move(text)) : std::nullopt;
+}
+
+void FrmMainEditor::Undo() {
+  if (history_.Undo(control_)) {
+    listener_.onChange();
+  }
+}
+
+void FrmMainEditor::Redo() {
+  if (history_.Redo(control_)) {
+    listener_.onChange();
+  }
+}
+
+std::size_t FrmMainEditor::CountDisplayLines(std::u16string_view text) {
+  workingBox_.LoadText(text);
+  const std::size_t lines = workingBox_.LineCount();
+  workingBox_.LoadText({});
+  return lines;
+}
+
+std::size_t FrmMainEditor::CaretDisplayLine() const {
+  return box_.LineOf(box_.Selection().cpMax) + 1;
+}
+
+void FrmMainEditor::SetText(std::u16string_view text) {
+  const UndoCommand step(history_, control_);
+  RichText before = control_.Capture();
+  control_.LoadText(text);
+  history_.NoteRebuild(control_, std::move(before));
+  listener_.onChange();
+}
+
+void FrmMainEditor::ReplaceSelection(std::u16string_view text) {
+  const UndoCommand step(history_, control_);
+  const ControlRange selection = control_.Selection();
+  control_.Replace({selection.start, control_.Read(selection), ToControlText(text)});
+  box_.ScrollToCaret();
+  history_.NoteChange(control_, std::chrono::steady_clock::now());
+  listener_.onChange();
+}
+
+void FrmMainEditor::Paste() {
+  // Text copied out of a formatted document brings its formats.
+  if (IsClipboardFormatAvailable(RegisterClipboardFormatW(L"Rich Text Format")) != FALSE) {
+    control_.NoteFormatting();
+  }
+  box_.Send(WM_PASTE);
+}
+
+bool FrmMainEditor::HasEffect(TextEffect effect) const {
+  const EffectBits bits = BitsOf(effect);
+  const CHARFORMAT2W format = box_.SelectionFormat();
+  return (format.dwMask & bits.mask) != 0 && (format.dwEffects & bits.effect) != 0;
+}
+
+void FrmMainEditor::SetEffect(TextEffect effect, bool on) {
+  const EffectBits bits = BitsOf(effect);
+  CHARFORMAT2W format{};
+  format.cbSize = sizeof(format);
+  format.dwMask = bits.mask;
+  format.dwEffects = on ? bits.effect : 0;
+  box_.SetSelectionFormat(format);
+  NoteFormatChange();
+}
+
+FontDescription FrmMainEditor::Font() const {
+  return font_;
+}
+
+void FrmMainEditor::SetFont(const FontDescription& font) {
+  font_ = font;
+  const CHARFORMAT2W format = ToControl(font);
+  for (RichEdit* box : {&box_, &workingBox_}) {
+    box->SetDefaultFormat(format);
+    box->SetFormatOfAll(format);
+  }
+  listener_.onChange();
+}
+
+void FrmMainEditor::CopyFormat() {
+  storedFormat_ = {box_.SelectionFormat(), box_.SelectionParagraph()};
+}
+
+void FrmMainEditor::PasteFormat() {
+  if (!storedFormat_) {
+    return;
+  }
+  CHARFORMAT2W characters = storedFormat_->characters;
+  characters.dwMask &= CFM_FACE | CFM_CHARSET | CFM_SIZE | CFM_COLOR | CFM_BOLD | CFM_ITALIC | CFM_STRIKEOUT |
+                       CFM_UNDERLINE | CFM_OFFSET | CFM_PROTECTED;
+  PARAFORMAT2 paragraphs = storedFormat_->paragraphs;
+  paragraphs.dwMask &= PFM_ALIGNMENT | PFM_NUMBERING | PFM_OFFSET | PFM_RIGHTINDENT;
+  box_.SetSelectionFormat(characters);
+  box_.SetSelectionParagraph(paragraphs);
+  NoteFormatChange();
+}
+
+void FrmMainEditor::NoteFormatChange() {
+  control_.NoteFormatting();
+  listener_.onChange();
+}
+
+}  // namespace scrivanta

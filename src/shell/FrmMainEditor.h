@@ -1,0 +1,93 @@
+// The two rich text boxes of the main window as commands see them: the text with its selection and history, clipboard
+// and formats.
+#pragma once
+
+#include <windows.h>
+
+#include <functional>
+#include <optional>
+
+#include "shell/DocumentHistory.h"
+#include "shell/Editor.h"
+#include "shell/FrmMainControl.h"
+#include "shell/RichBox.h"
+#include "win/RichEdit.h"
+
+namespace scrivanta {
+
+class FrmMainEditor final : public Editor, public RichBox {
+ public:
+  // Told of every change of the document, and of every move of the selection.
+  struct Listener {
+    std::function<void()> onChange;
+    std::function<void()> onSelection;
+  };
+
+  explicit FrmMainEditor(Listener listener) : listener_(std::move(listener)) {}
+
+  void Create(HWND parent);
+  HWND box() const noexcept { return box_.handle(); }
+  HWND workingBox() const noexcept { return workingBox_.handle(); }
+  void SetWordWrap(bool wrap);
+  // The control's notifications (EN_CHANGE, EN_SELCHANGE).
+  void HandleChange();
+  void HandleSelection();
+
+  // A new document: nothing to undo, the caret at its beginning.
+  void ShowDocument(std::u16string_view text);
+  // False when the bytes are no rich text: the document stays as it was.
+  bool ShowRichDocument(std::string_view rtf);
+  std::string Rtf() const { return box_.Rtf(); }
+  // The text of a rich text, seen by nobody; nothing when the bytes are none.
+  std::optional<std::u16string> TextOfRtf(std::string_view rtf);
+
+  // For UndoCommand.
+  DocumentHistory& history() noexcept { return history_; }
+  const ControlView& view() const noexcept { return control_; }
+  bool canUndo() const noexcept { return history_.canUndo(); }
+  bool canRedo() const noexcept { return history_.canRedo(); }
+  bool canPaste() const { return box_.Send(EM_CANPASTE) != FALSE; }
+  void Undo();
+  void Redo();
+
+  // The format of the selection is kept, and given to another selection.
+  void CopyFormat();
+  void PasteFormat();
+
+  std::u16string Text() const override { return history_.text().Text(); }
+  std::u16string SelectedText() const override { return history_.text().Text(Selection()); }
+  TextRange Selection() const override { return breaks().ToText(control_.Selection()); }
+  void SetSelection(TextRange range) override { control_.Select(breaks().ToControl(range)); }
+  std::size_t CountDisplayLines(std::u16string_view text) override;
+  std::size_t CaretDisplayLine() const override;
+  void SetText(std::u16string_view text) override;
+  void ReplaceSelection(std::u16string_view text) override;
+
+  void Cut() override { box_.Send(WM_CUT); }
+  void Copy() override { box_.Send(WM_COPY); }
+  void Paste() override;
+  void DeleteSelection() override { box_.Send(WM_CLEAR); }
+  bool HasEffect(TextEffect effect) const override;
+  void SetEffect(TextEffect effect, bool on) override;
+  FontDescription Font() const override;
+  void SetFont(const FontDescription& font) override;
+
+ private:
+  struct StoredFormat {
+    CHARFORMAT2W characters;
+    PARAFORMAT2 paragraphs;
+  };
+
+  const LineBreakIndex& breaks() const noexcept { return history_.text().breaks(); }
+  void NoteFormatChange();
+
+  Listener listener_;
+  RichEdit box_;         // RichTextBox1
+  RichEdit workingBox_;  // RichTextBox0, never shown
+  FrmMainControl control_{box_};
+  DocumentHistory history_;
+  std::optional<StoredFormat> storedFormat_;
+  FontDescription font_;
+};
+
+}  // namespace scrivanta

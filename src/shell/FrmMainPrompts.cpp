@@ -1,0 +1,121 @@
+#include "shell/FrmMainPrompts.h"
+
+#include <array>
+#include <utility>
+#include <vector>
+
+#include "shell/ErrorText.h"
+#include "text/Progress.h"
+#include "win/FileDialog.h"
+#include "win/InputBox.h"
+#include "win/MessageBox.h"
+
+namespace scrivanta {
+
+namespace {
+
+struct ButtonSet {
+  UINT style;
+  std::vector<Answer> answers;  // of the buttons, from left to right
+};
+
+ButtonSet ButtonsOf(Buttons buttons) {
+  switch (buttons) {
+    case Buttons::kOkCancel:
+      return {MB_OKCANCEL, {Answer::kOk, Answer::kCancel}};
+    case Buttons::kYesNo:
+      return {MB_YESNO, {Answer::kYes, Answer::kNo}};
+    case Buttons::kYesNoCancel:
+      return {MB_YESNOCANCEL, {Answer::kYes, Answer::kNo, Answer::kCancel}};
+    case Buttons::kOk:
+      break;
+  }
+  return {MB_OK, {Answer::kOk}};
+}
+
+UINT IconStyle(Icon icon) {
+  switch (icon) {
+    case Icon::kCritical:
+      return MB_ICONERROR;
+    case Icon::kQuestion:
+      return MB_ICONQUESTION;
+    case Icon::kWarning:
+      return MB_ICONWARNING;
+    case Icon::kInformation:
+      return MB_ICONINFORMATION;
+    case Icon::kNone:
+      break;
+  }
+  return 0;
+}
+
+UINT DefaultButtonStyle(const ButtonSet& buttons, Answer wanted) {
+  static constexpr std::array<UINT, 3> kStyles = {MB_DEFBUTTON1, MB_DEFBUTTON2, MB_DEFBUTTON3};
+  for (std::size_t i = 0; i < buttons.answers.size(); ++i) {
+    if (buttons.answers[i] == wanted) {
+      return kStyles[i];
+    }
+  }
+  return MB_DEFBUTTON1;
+}
+
+Answer AnswerOf(int button, const ButtonSet& buttons) {
+  switch (button) {
+    case IDOK:
+      return Answer::kOk;
+    case IDYES:
+      return Answer::kYes;
+    case IDNO:
+      return Answer::kNo;
+    default:
+      return buttons.answers.back();
+  }
+}
+
+Answer ShowMessage(HWND owner, const Message& message) {
+  const ButtonSet buttons = ButtonsOf(message.buttons);
+  const UINT style = buttons.style | IconStyle(message.icon) | DefaultButtonStyle(buttons, message.defaultAnswer) |
+                     (message.systemModal ? MB_SYSTEMMODAL : 0);
+  return AnswerOf(ShowMessageBox(owner, message.text, message.title, style), buttons);
+}
+
+}  // namespace
+
+Answer FrmMainPrompts::Ask(const Message& message) {
+  return ShowMessage(owner_(), message);
+}
+
+std::u16string FrmMainPrompts::Input(const InputQuestion& question) {
+  InputBox box(host_, {.prompt = question.prompt,
+                       .title = question.title,
+                       .preset = question.preset,
+                       .ok = u"确定",
+                       .cancel = u"取消",
+                       .hidden = question.hidden});
+  return box.Ask(owner_());
+}
+
+std::filesystem::path FrmMainPrompts::AskForFile(const FileQuestion& question) {
+  FileDialogOptions options;
+  options.title = u"KVO请选择文件";
+  options.filters = {{u"筛选文件(" + question.filter + u")", question.filter}, {u"All Files(*.*)", u"*.*"}};
+  options.initialFolder = question.initialFolder;
+  options.initialName = question.initialName;
+  return ShowFileDialog(owner_(), options);
+}
+
+std::filesystem::path FrmMainPrompts::AskForFolder(const std::u16string& title) {
+  return ShowFolderDialog(owner_(), title);
+}
+
+void ShowFailure(HWND owner, const std::exception_ptr& failure) {
+  try {
+    std::rethrow_exception(failure);
+  } catch (const Interrupted&) {
+    return;
+  } catch (const std::exception& error) {
+    ShowMessage(owner, FailureMessage(error));
+  }
+}
+
+}  // namespace scrivanta

@@ -1,0 +1,75 @@
+#include "shell/ScrivantaDesktop.h"
+
+#include <windows.h>
+
+#include <shellapi.h>
+
+#include <system_error>
+
+#include "text/Bytes.h"
+#include "win/PlatformError.h"
+#include "win/WideText.h"
+
+namespace scrivanta {
+
+namespace {
+
+void Execute(const wchar_t* verb, const std::filesystem::path& file, const std::wstring& arguments) {
+  SHELLEXECUTEINFOW order{};
+  order.cbSize = sizeof(order);
+  // The program shows its own message.
+  order.fMask = SEE_MASK_FLAG_NO_UI | SEE_MASK_NOASYNC;
+  order.lpVerb = verb;
+  order.lpFile = file.c_str();
+  order.lpParameters = arguments.c_str();
+  order.nShow = SW_SHOWNORMAL;
+  if (ShellExecuteExW(&order) == FALSE) {
+    throw FileError(file, {static_cast<int>(GetLastError()), std::system_category()});
+  }
+}
+
+std::filesystem::path ExecutablePath() {
+  std::wstring path(MAX_PATH, L'\0');
+  DWORD length = GetModuleFileNameW(nullptr, path.data(), static_cast<DWORD>(path.size()));
+  while (length == path.size()) {
+    path.resize(path.size() * 2);
+    length = GetModuleFileNameW(nullptr, path.data(), static_cast<DWORD>(path.size()));
+  }
+  if (length == 0) {
+    ThrowLastError("GetModuleFileName");
+  }
+  path.resize(length);
+  return path;
+}
+
+}  // namespace
+
+void ScrivantaDesktop::OpenWithDefaultProgram(const std::filesystem::path& document) {
+  Execute(L"open", document, {});
+}
+
+void ScrivantaDesktop::Run(const std::u16string& program, const std::u16string& arguments) {
+  Execute(nullptr, program, ToWide(arguments));
+}
+
+std::chrono::local_time<std::chrono::milliseconds> ScrivantaClock::Now() const {
+  SYSTEMTIME now{};
+  GetLocalTime(&now);
+  const std::chrono::year_month_day date{std::chrono::year{now.wYear}, std::chrono::month{now.wMonth},
+                                         std::chrono::day{now.wDay}};
+  return std::chrono::local_days{date} + std::chrono::hours{now.wHour} + std::chrono::minutes{now.wMinute} +
+         std::chrono::seconds{now.wSecond} + std::chrono::milliseconds{now.wMilliseconds};
+}
+
+Folders FindFolders() {
+  std::filesystem::path program = ExecutablePath();
+  Folders folders;
+  folders.iniFile = program;
+  folders.iniFile.replace_extension(L".ini");
+  // Ending in a separator, as commands join names to them.
+  folders.program = program.replace_filename(L"");
+  folders.temporary = std::filesystem::temp_directory_path() / L"";
+  return folders;
+}
+
+}  // namespace scrivanta

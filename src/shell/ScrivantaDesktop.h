@@ -1,0 +1,23 @@
+// The desktop, the clock and the folders as commands see them.
+#pragma once
+
+#include "shell/Workbench.h"
+
+namespace scrivanta {
+
+class ScrivantaDesktop final : public Shell {
+ public:
+  void OpenWithDefaultProgram(const std::filesystem::path& document) override;
+  void Run(const std::u16string& program, const std::u16string& arguments) override;
+};
+
+class ScrivantaClock final : public Clock {
+ public:
+  // The time of the wall, in the zone that the system is set to.
+  std::chrono::local_time<std::chrono::milliseconds> Now() const override;
+};
+
+// The three folders as the running program finds them.
+Folders FindFolders();
+
+}  // namespace scrivanta

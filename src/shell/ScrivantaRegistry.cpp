@@ -1,0 +1,18 @@
+#include "shell/ScrivantaRegistry.h"
+
+#include "win/Registry.h"
+
+namespace scrivanta {
+
+ScrivantaRegistry::ScrivantaRegistry(std::u16string_view programTitle)
+    : root_(u"Software\\" + std::u16string(programTitle) + u"\\") {}
+
+std::optional<std::u16string> ScrivantaRegistry::Read(std::u16string_view section, std::u16string_view key) const {
+  return ReadRegistryText(root_ + std::u16string(section), std::u16string(key));
+}
+
+void ScrivantaRegistry::Write(std::u16string_view section, std::u16string_view key, std::u16string_view value) {
+  WriteRegistryText(root_ + std::u16string(section), std::u16string(key), std::u16string(value));
+}
+
+}  // namespace scrivanta

@@ -1,0 +1,294 @@
+#include <optional>
+#include <string>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+#include "shell/DocumentFile.h"
+#include "support/ScriptedWorkbench.h"
+#include "support/TemporaryFolder.h"
+#include "text/ExplainedError.h"
+
+namespace scrivanta {
+namespace {
+
+using testing::ScriptedWorkbench;
+using testing::TemporaryFolder;
+
+constexpr char kGbkText[] = "\xBA\xBA\xD7\xD6\r\nabc";  // 汉字, abc
+
+// A window that is a string; its rich text is the text in braces.
+class StringView final : public DocumentView {
+ public:
+  explicit StringView(Editor& editor) : editor_(editor) {}
+
+  void ShowDocument(std::u16string_view text) override { editor_.SetText(text); }
+  bool ShowRichDocument(std::string_view rtf) override {
+    const auto text = TextOfRtf(rtf);
+    if (text) {
+      editor_.SetText(*text);
+    }
+    return text.has_value();
+  }
+  std::string DocumentRtf() const override {
+    const std::u16string text = editor_.Text();
+    return "{" + std::string(text.begin(), text.end()) + "}";
+  }
+  std::optional<std::u16string> TextOfRtf(std::string_view rtf) override {
+    if (!rtf.starts_with("{") || !rtf.ends_with("}")) {
+      return std::nullopt;
+    }
+    return std::u16string(rtf.begin() + 1, rtf.end() - 1);
+  }
+  void ShowPath(const std::filesystem::path& path) override { shownPaths.push_back(path); }
+  void ShowProgressBar(std::optional<int> percent) override { progress.push_back(percent); }
+
+  std::vector<std::filesystem::path> shownPaths;
+  std::vector<std::optional<int>> progress;
+
+ private:
+  Editor& editor_;
+};
+
+class DocumentFileTest : public ::testing::Test {
+ protected:
+  TemporaryFolder folder;
+  ScriptedWorkbench workbench;
+  StringView view{workbench.editor()};
+  DocumentFile document{workbench, view};
+
+  std::filesystem::path File(const char* name) const { return folder.path() / name; }
+  std::u16string Text() { return workbench.editor().Text(); }
+  void Edit(std::u16string_view text) {
+    workbench.editor().SetText(text);
+    document.NoteChange();
+  }
+  void ExpectQuestions(std::size_t count) { EXPECT_EQ(workbench.prompts().messages.size(), count); }
+};
+
+TEST_F(DocumentFileTest, LoadsAndSavesTheSameBytes) {
+  const auto path = folder.Put("a.txt", kGbkText);
+  document.Load(path);
+  EXPECT_EQ(Text(), u"汉字\r\nabc");
+  EXPECT_EQ(document.Path(), path);
+  EXPECT_EQ(view.shownPaths.back(), path);
+  EXPECT_FALSE(document.IsChanged());
+
+  document.NoteChange();
+  document.Save();
+  EXPECT_EQ(ReadWholeFile(path), kGbkText);
+  EXPECT_FALSE(document.IsChanged());
+  EXPECT_EQ(view.progress.front(), 0);
+  EXPECT_EQ(view.progress.back(), std::nullopt);
+}
+
+TEST_F(DocumentFileTest, RichTextGoesByTheName) {
+  document.Load(folder.Put("a.RtF", "{rich}"));
+  EXPECT_EQ(Text(), u"rich");
+  document.SaveTo(File("b.rtfx"));
+  EXPECT_EQ(ReadWholeFile(File("b.rtfx")), "rich");
+  document.SaveTo(File("c.RTF"));
+  EXPECT_EQ(ReadWholeFile(File("c.RTF")), "{rich}");
+  document.Load(folder.Put("empty.rtf", ""));
+  EXPECT_EQ(Text(), u"");
+}
+
+TEST_F(DocumentFileTest, ANameWithoutExtensionGetsOne) {
+  Edit(u"x");
+  document.SaveTo(File("notes"));
+  EXPECT_EQ(ReadWholeFile(File("notes.Txt")), "x");
+  EXPECT_EQ(document.Path(), File("notes.Txt"));
+  EXPECT_EQ(view.shownPaths.back(), File("notes.Txt"));
+}
+
+TEST_F(DocumentFileTest, LineBreaksInAPathAreDropped) {
+  const auto path = folder.Put("a.txt", "x");
+  document.Load(path.string() + "\r\n");
+  EXPECT_EQ(document.Path(), path);
+}
+
+TEST_F(DocumentFileTest, AFailedLoadLeavesTheDocument) {
+  const auto path = folder.Put("a.txt", "old");
+  document.Load(path);
+  Edit(u"edited");
+  EXPECT_THROW(document.Load(File("missing.txt")), FileError);
+  EXPECT_THROW(document.Load(folder.path()), FileError);
+  EXPECT_THROW(document.Load(folder.Put("no.rtf", "plain")), ExplainedError);
+  EXPECT_EQ(Text(), u"edited");
+  EXPECT_EQ(document.Path(), path);
+  EXPECT_EQ(view.shownPaths.back(), path);
+  EXPECT_TRUE(document.IsChanged());
+}
+
+TEST_F(DocumentFileTest, AFailedSaveLeavesTheFileAndShowsTheNewPath) {
+  Edit(u"new");
+  const auto target = File("folder.txt");
+  std::filesystem::create_directory(target);
+  EXPECT_THROW(document.SaveTo(target), FileError);
+  EXPECT_TRUE(document.IsChanged());
+  EXPECT_EQ(Text(), u"new");
+  EXPECT_EQ(view.shownPaths.back(), target);
+  EXPECT_EQ(view.progress.back(), std::nullopt);
+}
+
+TEST_F(DocumentFileTest, AnInterruptedSaveLeavesTheFile) {
+  const auto path = folder.Put("a.txt", "old");
+  document.Load(path);
+  Edit(u"new");
+  workbench.interruptAfter = workbench.reports + 1;
+  EXPECT_THROW(document.Save(), Interrupted);
+  EXPECT_EQ(ReadWholeFile(path), "old");
+  EXPECT_TRUE(document.IsChanged());
+  EXPECT_EQ(workbench.worksAlive, 0);
+}
+
+TEST_F(DocumentFileTest, OpeningAnUnchangedDocumentAsksForTheFileOnly) {
+  workbench.prompts().Will(folder.Put("a.txt", "x"));
+  document.OpenAsked();
+  EXPECT_EQ(Text(), u"x");
+  EXPECT_EQ(workbench.prompts().files.back().filter, u"*.txt");
+  workbench.prompts().Will(std::filesystem::path());
+  document.OpenAsked();
+  EXPECT_EQ(Text(), u"x");
+  ExpectQuestions(0);
+}
+
+TEST_F(DocumentFileTest, OpeningOverAChangedDocument) {
+  const auto old = folder.Put("old.txt", "old");
+  const auto other = folder.Put("other.txt", "other");
+  document.Load(old);
+
+  Edit(u"1");
+  workbench.prompts().Will(Answer::kCancel);
+  document.OpenAsked();
+  EXPECT_EQ(Text(), u"1");
+
+  workbench.prompts().Will(Answer::kNo);
+  workbench.prompts().Will(other);
+  document.OpenAsked();
+  EXPECT_EQ(Text(), u"other");
+  EXPECT_EQ(ReadWholeFile(old), "old");
+
+  Edit(u"2");
+  workbench.prompts().Will(Answer::kYes);
+  workbench.prompts().Will(old);
+  document.OpenAsked();
+  EXPECT_EQ(Text(), u"old");
+  EXPECT_EQ(ReadWholeFile(other), "2");
+
+  const Message question = workbench.prompts().messages.back();
+  EXPECT_EQ(question.text, u"是否存盘?");
+  EXPECT_EQ(question.buttons, Buttons::kYesNoCancel);
+}
+
+TEST_F(DocumentFileTest, WithoutANameOpeningGoesOnButClosingDoesNot) {
+  const auto other = folder.Put("other.txt", "other");
+  Edit(u"untitled");
+  workbench.prompts().Will(Answer::kYes);
+  workbench.prompts().Will(std::filesystem::path());
+  EXPECT_FALSE(document.MayClose());
+  EXPECT_EQ(workbench.prompts().files.back().filter, u"*.txt;*.rtf");
+  EXPECT_EQ(Text(), u"untitled");
+  EXPECT_TRUE(document.IsChanged());
+
+  workbench.prompts().Will(Answer::kYes);
+  workbench.prompts().Will(std::filesystem::path());
+  workbench.prompts().Will(other);
+  document.OpenAsked();
+  EXPECT_EQ(Text(), u"other");
+}
+
+TEST_F(DocumentFileTest, Closing) {
+  EXPECT_TRUE(document.MayClose());
+  Edit(u"x");
+  workbench.prompts().Will(Answer::kNo);
+  EXPECT_TRUE(document.MayClose());
+  workbench.prompts().Will(Answer::kCancel);
+  EXPECT_FALSE(document.MayClose());
+  workbench.prompts().Will(Answer::kYes);
+  workbench.prompts().Will(File("new"));
+  EXPECT_TRUE(document.MayClose());
+  EXPECT_EQ(ReadWholeFile(File("new.Txt")), "x");
+  EXPECT_TRUE(document.MayClose());
+  ExpectQuestions(3);
+}
+
+TEST_F(DocumentFileTest, Dropping) {
+  const std::vector<std::filesystem::path> two = {folder.Put("a.txt", "a"), folder.Put("b.txt", "b")};
+  document.OpenDropped(two);
+  EXPECT_EQ(workbench.prompts().messages.back().text, u"每次只能打开一个文件！");
+  EXPECT_EQ(Text(), u"");
+
+  document.OpenDropped(std::span(two).first(1));
+  EXPECT_EQ(Text(), u"a");
+
+  Edit(u"changed");
+  document.ShowNew(u"untitled", nullptr);
+  document.NoteChange();
+  workbench.prompts().Will(Answer::kYes);
+  workbench.prompts().Will(std::filesystem::path());
+  document.OpenDropped(std::span(two).last(1));
+  EXPECT_EQ(Text(), u"untitled");
+  EXPECT_EQ(workbench.prompts().files.back().filter, u"*.txt");
+}
+
+TEST_F(DocumentFileTest, SavingAnUntitledDocumentAsksForAName) {
+  Edit(u"x");
+  workbench.prompts().Will(std::filesystem::path());
+  document.Save();
+  EXPECT_TRUE(document.IsChanged());
+  workbench.prompts().Will(File("a.txt"));
+  document.Save();
+  EXPECT_EQ(ReadWholeFile(File("a.txt")), "x");
+  document.Save();
+  workbench.prompts().Will(File("b.txt"));
+  document.SaveAs();
+  EXPECT_EQ(document.Path(), File("b.txt"));
+  EXPECT_EQ(workbench.prompts().files.size(), 3U);
+}
+
+// A document that is no plain file is saved by the one who has shown it.
+TEST_F(DocumentFileTest, ASaverTakesThePlaceOfSaving) {
+  document.Load(folder.Put("a.txt", "a"));
+  int saves = 0;
+  SaveOutcome outcome = SaveOutcome::kSaved;
+  document.ShowNew(u"secret", [&](Workbench&) {
+    ++saves;
+    if (outcome == SaveOutcome::kSaved) {
+      document.MarkUnchanged();
+    }
+    return outcome;
+  });
+  EXPECT_EQ(document.Path(), std::filesystem::path());
+  EXPECT_EQ(view.shownPaths.back(), std::filesystem::path());
+
+  document.NoteChange();
+  document.Save();
+  EXPECT_EQ(saves, 1);
+
+  document.NoteChange();
+  outcome = SaveOutcome::kNotSaved;
+  workbench.prompts().Will(Answer::kYes);
+  EXPECT_FALSE(document.MayClose());
+
+  outcome = SaveOutcome::kSaveAsFile;
+  workbench.prompts().Will(File("plain.txt"));
+  document.Save();
+  EXPECT_EQ(ReadWholeFile(File("plain.txt")), "secret");
+  EXPECT_EQ(saves, 3);
+  document.Save();
+  EXPECT_EQ(saves, 3);
+}
+
+TEST_F(DocumentFileTest, TheTextOfAFileIsReadWithoutShowingIt) {
+  Edit(u"shown");
+  EXPECT_EQ(document.TextOfFile(folder.Put("a.txt", kGbkText)), u"汉字\r\nabc");
+  EXPECT_EQ(document.TextOfFile(folder.Put("a.rtf", "{rich}")), u"rich");
+  EXPECT_THROW(document.TextOfFile(folder.Put("b.rtf", "plain")), ExplainedError);
+  EXPECT_THROW(document.TextOfFile(File("missing.txt")), FileError);
+  EXPECT_EQ(Text(), u"shown");
+  EXPECT_TRUE(document.IsChanged());
+}
+
+}  // namespace
+}  // namespace scrivanta
