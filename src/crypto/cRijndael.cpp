@@ -2,11 +2,11 @@
 
 #include <algorithm>
 #include <stdexcept>
+#include <utility>
 
-#include "crypto/HexText.h"
 #include "crypto/OverwritingSink.h"
 #include "crypto/RijndaelStream.h"
-#include "text/Encoding.h"
+#include "crypto/RijndaelText.h"
 
 namespace scrivanta {
 
@@ -21,13 +21,6 @@ std::span<Byte> BlockAt(std::span<Byte> bytes, std::size_t offset) {
 }
 
 }  // namespace
-
-std::array<std::uint8_t, 32> PasswordBytes(std::u16string_view password) {
-  const std::string bytes = Encode(Encoding::kGbk, password);
-  std::array<std::uint8_t, 32> key{};
-  std::copy_n(AsOctets(bytes).begin(), std::min(bytes.size(), key.size()), key.begin());
-  return key;
-}
 
 cRijndael::cRijndael(Prompts& prompts, const RijndaelForm& form) : prompts_(prompts), form_(form) {}
 
@@ -127,29 +120,18 @@ int cRijndael::FileDecrypt(const std::filesystem::path& plaintextFileName,
 
 std::u16string cRijndael::StringEncrypt(std::u16string_view strSource, std::u16string_view strPassword, int blockSize,
                                         int keySize) {
-  if (blockSize < 8) {
-    throw std::invalid_argument("a group of hexadecimal text has at least 8 bits");
-  }
   SetCipherKeyString(strPassword, keySize);
-  Octets ciphertext;
-  ArrayEncrypt(AsOctets(Encode(Encoding::kGbk, strSource)), ciphertext, false);
-  return ToGroupedHex(ciphertext, static_cast<std::size_t>(blockSize) / 8);
+  return EncipherText(Key(), form_, strSource, blockSize);
 }
 
 std::u16string cRijndael::StringDecrypt(std::u16string_view strSource, std::u16string_view strPassword,
                                         int /*blockSize*/, int keySize) {
   SetCipherKeyString(strPassword, keySize);
-  const Octets ciphertext = FromHex(strSource);
-  if (ciphertext.empty()) {
+  DecipheredText result = DecipherText(Key(), form_, strSource);
+  if (result.outcome == DecipheredText::Outcome::kNotHexadecimal) {
     Show(u"错误：非十六进制数据！");
-    return {};
   }
-  Octets plaintext;
-  if (ArrayDecrypt(plaintext, ciphertext, false) != 0) {
-    return {};
-  }
-  const std::string_view bytes = AsCharacters(plaintext);
-  return Decode(Encoding::kGbk, bytes.substr(0, bytes.find('\0')));
+  return std::move(result.text);
 }
 
 void cRijndael::FileEncryptSimple(const std::filesystem::path& plaintextFileName,

@@ -17,10 +17,6 @@
 
 namespace scrivanta {
 
-// The bytes of a password in code page 936, cut or filled with zeros to 32. A key uses the first of them that it has
-// room for, so the rest of a longer password does not count.
-std::array<std::uint8_t, 32> PasswordBytes(std::u16string_view password);
-
 class cRijndael {
  public:
   // The prompts show what an operation has to tell. Both outlive the object.

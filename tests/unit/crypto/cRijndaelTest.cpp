@@ -7,6 +7,7 @@
 #include <gtest/gtest.h>
 
 #include "crypto/RijndaelStream.h"
+#include "crypto/RijndaelText.h"
 #include "crypto/cRijndael.h"
 #include "support/ScriptedWorkbench.h"
 #include "unit/crypto/Hex.h"

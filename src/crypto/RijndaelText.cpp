@@ -1,0 +1,45 @@
+#include "crypto/RijndaelText.h"
+
+#include <algorithm>
+#include <stdexcept>
+
+#include "crypto/HexText.h"
+#include "text/Encoding.h"
+
+namespace scrivanta {
+
+std::array<std::uint8_t, 32> PasswordBytes(std::u16string_view password) {
+  const std::string bytes = Encode(Encoding::kGbk, password);
+  std::array<std::uint8_t, 32> key{};
+  std::copy_n(AsOctets(bytes).begin(), std::min(bytes.size(), key.size()), key.begin());
+  return key;
+}
+
+std::u16string EncipherText(const RijndaelKey& key, const RijndaelForm& form, std::u16string_view text, int blockSize) {
+  if (blockSize < 8) {
+    throw std::invalid_argument("a group of hexadecimal text has at least 8 bits");
+  }
+  std::string bytes = Encode(Encoding::kGbk, text);
+  bytes.resize((bytes.size() + kRijndaelBlockSize - 1) / kRijndaelBlockSize * kRijndaelBlockSize);
+  const std::span<std::uint8_t> octets = AsOctets(std::span<char>(bytes));
+  form.encipher(key, octets, octets);
+  return ToGroupedHex(octets, static_cast<std::size_t>(blockSize) / 8);
+}
+
+DecipheredText DecipherText(const RijndaelKey& key, const RijndaelForm& form, std::u16string_view ciphertext) {
+  Octets octets = FromHex(ciphertext);
+  if (octets.empty()) {
+    return {DecipheredText::Outcome::kNotHexadecimal, {}, false};
+  }
+  if (octets.size() % kRijndaelBlockSize != 0) {
+    return {DecipheredText::Outcome::kNotWholeBlocks, {}, false};
+  }
+  form.decipher(key, octets, octets);
+  const std::string_view bytes = AsCharacters(octets);
+  const std::size_t length = std::min(bytes.find('\0'), bytes.size());
+  const bool onlyPadding = bytes.find_first_not_of('\0', length) == std::string_view::npos;
+  return {DecipheredText::Outcome::kDone, Decode(Encoding::kGbk, bytes.substr(0, length)),
+          onlyPadding && bytes.size() - length < kRijndaelBlockSize};
+}
+
+}  // namespace scrivanta

@@ -1,0 +1,37 @@
+// Text under the block cipher: its bytes in code page 936 (GB18030's four-byte forms for what that lacks), filled with
+// zeros to whole blocks, as hexadecimal digits.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "crypto/Rijndael.h"
+
+namespace scrivanta {
+
+// The bytes of a password in code page 936, cut or filled with zeros to 32. A key uses the first of them that it has
+// room for, so the rest of a longer password does not count.
+std::array<std::uint8_t, 32> PasswordBytes(std::u16string_view password);
+
+// In groups of blockSize bits, at least 8; the cipher's block has 128 whatever it is. A NUL in the text ends it when it
+// is deciphered.
+std::u16string EncipherText(const RijndaelKey& key, const RijndaelForm& form, std::u16string_view text, int blockSize);
+
+struct DecipheredText {
+  enum class Outcome {
+    kDone,
+    kNotHexadecimal,  // there is no pair of digits in it
+    kNotWholeBlocks,
+  };
+
+  Outcome outcome = Outcome::kDone;
+  std::u16string text;
+  // Whether nothing but padding was cut off the end. False says that this is not what was enciphered: as a rule, that
+  // the key is the wrong one.
+  bool whole = true;
+};
+
+// Takes hexadecimal text of any grouping, passing over whatever is no digit.
+DecipheredText DecipherText(const RijndaelKey& key, const RijndaelForm& form, std::u16string_view ciphertext);
+
+}  // namespace scrivanta
