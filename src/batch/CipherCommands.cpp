@@ -1,9 +1,281 @@
+#include <memory>
+
+#include <CLI/CLI.hpp>
+
 #include "batch/BatchCommand.h"
+#include "crypto/Base64.h"
+#include "crypto/NumericCipher.h"
+#include "crypto/RijndaelStream.h"
+#include "crypto/RijndaelText.h"
+#include "crypto/RndXorHash.h"
+#include "text/Encoding.h"
+#include "text/ExplainedError.h"
+#include "text/LineReader.h"
 
 namespace scrivanta {
 
+namespace {
+
+std::u16string ReadText(BatchContext& context) {
+  return Decode(context.encoding, ReadAll(context.input, context.progress));
+}
+
+ExitStatus WriteText(BatchContext& context, std::u16string_view text) {
+  context.output.Write(Encode(context.encoding, text));
+  return ExitStatus::kDone;
+}
+
+ExitStatus RunBase64Encode(BatchContext& context) {
+  EncodeBase64Stream(context.input, context.output, context.progress);
+  return ExitStatus::kDone;
+}
+
+ExitStatus RunBase64Decode(BatchContext& context) {
+  if (!DecodeBase64Stream(context.input, context.output, context.progress)) {
+    throw std::runtime_error("the input is no Base64 text: its length is not a multiple of four");
+  }
+  return ExitStatus::kDone;
+}
+
+struct PasswordOptions {
+  std::string password;
+  std::string file;
+};
+
+void AddPasswordOptions(CLI::App& parser, PasswordOptions& options) {
+  CLI::Option* password =
+      parser.add_option("--password", options.password, "Password; other users of the machine can see it");
+  parser.add_option("--password-file", options.file, "File (UTF-8) whose first line is the password")
+      ->type_name("FILE")
+      ->excludes(password);
+}
+
+std::u16string Password(const PasswordOptions& options) {
+  std::string password = options.password;
+  if (!options.file.empty()) {
+    FileSource source(PathFromUtf8(options.file));
+    NoProgress progress;
+    LineReader reader(source, LineEnds::kCrLfOrLf, progress);
+    password = reader.Next() ? reader.line() : "";
+    constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
+    if (password.starts_with(kByteOrderMark)) {
+      password.erase(0, kByteOrderMark.size());
+    }
+  }
+  if (password.empty()) {
+    throw UnusableArguments("a password is required: --password or --password-file");
+  }
+  return Decode(Encoding::kUtf8, password);
+}
+
+struct RijndaelOptions {
+  PasswordOptions password;
+  int bits = 256;
+  bool text = false;
+  int blockSize = 256;
+
+  RijndaelKey Key() const { return {PasswordBytes(Password(password)), bits}; }
+};
+
+std::shared_ptr<RijndaelOptions> AddRijndaelOptions(CLI::App& parser) {
+  auto options = std::make_shared<RijndaelOptions>();
+  AddPasswordOptions(parser, options->password);
+  parser.add_option("--bits", options->bits, "Bits of the key: 128, 192 or 256 (default)")
+      ->check(CLI::IsMember({128, 192, 256}).description(""))
+      ->type_name("BITS");
+  parser.add_flag("--text", options->text, "The ciphertext is hexadecimal text, as the window makes it");
+  return options;
+}
+
+ExitStatus EncryptText(BatchContext& context, const RijndaelOptions& options) {
+  const std::u16string text = ReadText(context);
+  if (text.find(u'\0') != std::u16string::npos) {
+    throw std::runtime_error("the text holds a NUL character, where it would end when it is decrypted");
+  }
+  return WriteText(context, EncipherText(options.Key(), FastestRijndael(), text, options.blockSize));
+}
+
+ExitStatus DecryptText(BatchContext& context, const RijndaelOptions& options) {
+  const DecipheredText result = DecipherText(options.Key(), FastestRijndael(), ReadText(context));
+  switch (result.outcome) {
+    case DecipheredText::Outcome::kNotHexadecimal:
+      throw std::runtime_error("error: not hexadecimal data");
+    case DecipheredText::Outcome::kNotWholeBlocks:
+      throw std::runtime_error("the ciphertext is not a whole number of blocks");
+    case DecipheredText::Outcome::kDone:
+      break;
+  }
+  return WriteText(context, result.text);
+}
+
+ExitStatus DecryptFile(BatchContext& context, const RijndaelOptions& options) {
+  switch (DecipherStream(options.Key(), FastestRijndael(), context.input, context.output, context.progress)) {
+    case DecipherOutcome::kWrongSize:
+      throw std::runtime_error("File Size Error - ciphertext file not a multiple of block size");
+    case DecipherOutcome::kWrongLengthField:
+      throw std::runtime_error("incorrect length field in decrypted file. Wrong key or keysize?");
+    case DecipherOutcome::kDone:
+      break;
+  }
+  return ExitStatus::kDone;
+}
+
+BatchWork ConfigureRijndaelEncrypt(CLI::App& parser) {
+  const std::shared_ptr<RijndaelOptions> options = AddRijndaelOptions(parser);
+  parser.add_option("--block-size", options->blockSize, "Bits in a group of the hexadecimal text (default 256)")
+      ->needs("--text")
+      ->check(CLI::Range(8, 1 << 30).description(""))
+      ->type_name("BITS");
+  return [options](BatchContext& context) {
+    if (options->text) {
+      return EncryptText(context, *options);
+    }
+    EncipherStream(options->Key(), FastestRijndael(), context.input, context.output, context.progress);
+    return ExitStatus::kDone;
+  };
+}
+
+BatchWork ConfigureRijndaelDecrypt(CLI::App& parser) {
+  const std::shared_ptr<RijndaelOptions> options = AddRijndaelOptions(parser);
+  parser.add_option("--block-size", options->blockSize, "Accepted, and without effect: any grouping is read")
+      ->needs("--text")
+      ->type_name("BITS");
+  return [options](BatchContext& context) {
+    return options->text ? DecryptText(context, *options) : DecryptFile(context, *options);
+  };
+}
+
+struct RndXorHashOptions {
+  PasswordOptions password;
+  std::int16_t keySize = 0;  // 0: none given, and the hashes are those of a new object
+
+  RndXorHash Cipher() const {
+    RndXorHash cipher;
+    if (keySize != 0) {
+      cipher.KeySize(keySize);
+    }
+    return cipher;
+  }
+};
+
+std::shared_ptr<RndXorHashOptions> AddRndXorHashOptions(CLI::App& parser) {
+  auto options = std::make_shared<RndXorHashOptions>();
+  AddPasswordOptions(parser, options->password);
+  parser
+      .add_option("--key-size", options->keySize,
+                  "Characters of a hash. Without it they are 8; with it, even as 8, the hashes are others")
+      ->check(CLI::Range(1, 32'767).description(""))
+      ->type_name("N");
+  return options;
+}
+
+// The time only serves as a salt, so the zone does not matter.
+std::chrono::local_time<std::chrono::milliseconds> Now() {
+  const auto now = std::chrono::system_clock::now().time_since_epoch();
+  return std::chrono::local_time<std::chrono::milliseconds>(std::chrono::floor<std::chrono::milliseconds>(now));
+}
+
+BatchWork ConfigureRndXorHashEncrypt(CLI::App& parser) {
+  const std::shared_ptr<RndXorHashOptions> options = AddRndXorHashOptions(parser);
+  return [options](BatchContext& context) {
+    const std::u16string password = Password(options->password);
+    return WriteText(context, options->Cipher().Encipher(ReadText(context), password, Now()));
+  };
+}
+
+BatchWork ConfigureRndXorHashDecrypt(CLI::App& parser) {
+  const std::shared_ptr<RndXorHashOptions> options = AddRndXorHashOptions(parser);
+  return [options](BatchContext& context) {
+    const std::u16string password = Password(options->password);
+    const RndXorHashResult result = options->Cipher().Decipher(ReadText(context), password);
+    switch (result.check) {
+      case RndXorHashCheck::kWrongPassword:
+        throw std::runtime_error("the password is not correct");
+      case RndXorHashCheck::kAltered:
+        throw std::runtime_error("the ciphertext has been altered, its integrity check fails");
+      case RndXorHashCheck::kMalformed:
+        throw std::runtime_error("the ciphertext is not hexadecimal text");
+      case RndXorHashCheck::kPassed:
+        break;
+    }
+    return WriteText(context, result.plaintext);
+  };
+}
+
+std::shared_ptr<std::string> AddNumericKey(CLI::App& parser) {
+  auto key = std::make_shared<std::string>();
+  parser.add_option("--key", *key, "A whole number, at most " + std::to_string(kLargestNumericKey))
+      ->required()
+      ->type_name("N");
+  return key;
+}
+
+std::uint64_t UsableNumericKey(std::string_view key) {
+  try {
+    return NumericKey(Decode(Encoding::kUtf8, key));
+  } catch (const ExplainedError& error) {
+    throw UnusableArguments(error.what());
+  }
+}
+
+BatchWork ConfigureNumericEncrypt(CLI::App& parser) {
+  const std::shared_ptr<std::string> key = AddNumericKey(parser);
+  return [key](BatchContext& context) {
+    const std::uint64_t number = UsableNumericKey(*key);
+    return WriteText(context, TextEncrypt(ReadText(context), number));
+  };
+}
+
+BatchWork ConfigureNumericDecrypt(CLI::App& parser) {
+  const std::shared_ptr<std::string> key = AddNumericKey(parser);
+  return [key](BatchContext& context) {
+    const std::uint64_t number = UsableNumericKey(*key);
+    const std::optional<std::u16string> text = TextDecrypt(ReadText(context), number);
+    if (!text) {
+      throw std::runtime_error(
+          "the input is no list of numbers separated by single spaces that this key makes text of");
+    }
+    return WriteText(context, *text);
+  };
+}
+
+}  // namespace
+
 std::vector<BatchCommand> CipherBatchCommands() {
-  return {};
+  return {
+      {.name = "base64-encode",
+       .description = "Encode the bytes of a file as one line of Base64",
+       .example = "scrivanta-batch base64-encode letter.txt -o letter.b64",
+       .configure = [](CLI::App&) -> BatchWork { return RunBase64Encode; }},
+      {.name = "base64-decode",
+       .description = "Decode Base64 of a text; what follows a NUL in it is dropped",
+       .example = "scrivanta-batch base64-decode letter.b64 -o letter.txt",
+       .configure = [](CLI::App&) -> BatchWork { return RunBase64Decode; }},
+      {.name = "rijndael-encrypt",
+       .description = "Encipher a file, or a text as hexadecimal text",
+       .example = "scrivanta-batch rijndael-encrypt --password-file secret.txt letter.txt -o letter.enc",
+       .configure = ConfigureRijndaelEncrypt},
+      {.name = "rijndael-decrypt",
+       .description = "Decipher what rijndael-encrypt or the window has made",
+       .example = "scrivanta-batch rijndael-decrypt --text --password-file secret.txt letter.hex -o letter.txt",
+       .configure = ConfigureRijndaelDecrypt},
+      {.name = "rndxorhash-encrypt",
+       .description = "Encipher a text lightly, with a check of the password and of the text",
+       .example = "scrivanta-batch rndxorhash-encrypt --password-file secret.txt letter.txt -o letter.hex",
+       .configure = ConfigureRndXorHashEncrypt},
+      {.name = "rndxorhash-decrypt",
+       .description = "Decipher what rndxorhash-encrypt has made",
+       .example = "scrivanta-batch rndxorhash-decrypt --password-file secret.txt letter.hex -o letter.txt",
+       .configure = ConfigureRndXorHashDecrypt},
+      {.name = "numeric-encrypt",
+       .description = "Turn a text into numbers under a numeric key",
+       .example = "scrivanta-batch numeric-encrypt --key 20240229 letter.txt -o letter.num",
+       .configure = ConfigureNumericEncrypt},
+      {.name = "numeric-decrypt",
+       .description = "Turn the numbers back into text",
+       .example = "scrivanta-batch numeric-decrypt --key 20240229 letter.num -o letter.txt",
+       .configure = ConfigureNumericDecrypt},
+  };
 }
 
 }  // namespace scrivanta
