@@ -11,6 +11,11 @@ namespace scrivanta {
 
 namespace {
 
+// The bytes of a text are looked at as numbers.
+const unsigned char* Bytes(std::string_view bytes) {
+  return reinterpret_cast<const unsigned char*>(bytes.data());
+}
+
 constexpr bool IsUndecodedByte(char16_t unit) {
   return unit >= 0xDC80 && unit <= 0xDCFF;
 }
@@ -68,11 +73,7 @@ char16_t UnitOfThreeBytes(const unsigned char* at) {
 class Decoder {
  public:
   Decoder(std::string_view bytes, std::u16string& text)
-      // The bytes of the source are looked at as numbers.
-      : at_(reinterpret_cast<const unsigned char*>(bytes.data())),
-        end_(at_ + bytes.size()),
-        text_(text),
-        loneUnits_(text, BytesOfSurrogate) {}
+      : at_(Bytes(bytes)), end_(at_ + bytes.size()), text_(text), loneUnits_(text, BytesOfSurrogate) {}
 
   void Run() {
     while (at_ < end_) {
@@ -194,6 +195,38 @@ class Encoder {
 };
 
 }  // namespace
+
+Utf8Extent MeasureUtf8(std::string_view bytes) {
+  const unsigned char* const begin = Bytes(bytes);
+  const unsigned char* const end = begin + bytes.size();
+  const unsigned char* at = begin;
+  std::size_t longCharacters = 0;
+  while (at < end) {
+    if (*at < 0x80) {
+      SkipAsciiRun(at, end);
+      while (at < end && *at < 0x80) {
+        ++at;
+      }
+      continue;
+    }
+    const std::size_t length = LengthOfCharacter(at, end);
+    if (length == 0) {
+      break;
+    }
+    longCharacters += length > 2 ? 1 : 0;
+    at += length;
+  }
+  return {.bytes = static_cast<std::size_t>(at - begin), .longCharacters = longCharacters};
+}
+
+bool IsCutOffInUtf8(std::string_view bytes) {
+  const unsigned char* const at = Bytes(bytes);
+  const auto areContinuations = [](std::string_view rest) {
+    return std::all_of(rest.begin(), rest.end(), [](char c) { return IsContinuation(static_cast<unsigned char>(c)); });
+  };
+  return !bytes.empty() && at[0] >= 0xE0 && at[0] <= 0xF4 && bytes.size() < (at[0] < 0xF0 ? 3U : 4U) &&
+         areContinuations(bytes.substr(1));
+}
 
 void DecodeUtf8Append(std::string_view bytes, std::u16string& text) {
   const auto continuations = static_cast<std::size_t>(

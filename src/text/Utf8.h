@@ -6,10 +6,21 @@
 // U+DC80 to U+DCFF of their own.
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 
 namespace scrivanta {
+
+// How many bytes from the beginning are well-formed, and how many characters of three bytes or more they make.
+struct Utf8Extent {
+  std::size_t bytes = 0;
+  std::size_t longCharacters = 0;
+};
+Utf8Extent MeasureUtf8(std::string_view bytes);
+
+// Whether the bytes are the beginning of one character of three bytes or more, and nothing else.
+bool IsCutOffInUtf8(std::string_view bytes);
 
 void DecodeUtf8Append(std::string_view bytes, std::u16string& text);
 void EncodeUtf8Append(std::u16string_view text, std::string& bytes);

@@ -1,0 +1,226 @@
+#include "text/DocumentFormat.h"
+
+#include <algorithm>
+#include <cstddef>
+
+#include "text/CodePage.h"
+#include "text/Encoding.h"
+#include "text/Utf8.h"
+
+namespace scrivanta {
+
+namespace {
+
+constexpr std::string_view kUtf8Mark = "\xEF\xBB\xBF";
+constexpr std::string_view kUtf16LeMark = "\xFF\xFE";
+constexpr std::string_view kUtf16BeMark = "\xFE\xFF";
+
+std::string_view MarkOf(DocumentEncoding encoding) {
+  switch (encoding) {
+    case DocumentEncoding::kUtf8WithMark:
+      return kUtf8Mark;
+    case DocumentEncoding::kUtf16Le:
+      return kUtf16LeMark;
+    case DocumentEncoding::kUtf16Be:
+      return kUtf16BeMark;
+    case DocumentEncoding::kGbk:
+    case DocumentEncoding::kUtf8:
+      break;
+  }
+  return {};
+}
+
+bool IsUtf16(DocumentEncoding encoding) {
+  return encoding == DocumentEncoding::kUtf16Le || encoding == DocumentEncoding::kUtf16Be;
+}
+
+bool IsRecognisedAsUtf8(std::string_view bytes) {
+  // A last character that is cut off is forgiven where so much speaks for UTF-8 that it cannot be chance.
+  constexpr std::size_t kBeyondChance = 8;
+  const Utf8Extent extent = MeasureUtf8(bytes);
+  if (extent.bytes == bytes.size()) {
+    return extent.longCharacters > 0;
+  }
+  return extent.longCharacters >= kBeyondChance && IsCutOffInUtf8(bytes.substr(extent.bytes));
+}
+
+DocumentEncoding Recognise(std::string_view bytes) {
+  for (const DocumentEncoding marked :
+       {DocumentEncoding::kUtf8WithMark, DocumentEncoding::kUtf16Le, DocumentEncoding::kUtf16Be}) {
+    if (bytes.starts_with(MarkOf(marked))) {
+      return marked;
+    }
+  }
+  return IsRecognisedAsUtf8(bytes) ? DocumentEncoding::kUtf8 : DocumentEncoding::kGbk;
+}
+
+// Which of the two bytes of a unit is the low one.
+std::size_t LowByte(DocumentEncoding encoding) {
+  return encoding == DocumentEncoding::kUtf16Le ? 0 : 1;
+}
+
+std::u16string DecodeUtf16(DocumentEncoding encoding, std::string_view bytes) {
+  const std::size_t low = LowByte(encoding);
+  std::u16string text(bytes.size() / 2, u'\0');
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    const auto lowByte = static_cast<unsigned char>(bytes[2 * i + low]);
+    const auto highByte = static_cast<unsigned char>(bytes[2 * i + 1 - low]);
+    text[i] = static_cast<char16_t>(lowByte | (highByte << 8U));
+  }
+  if (bytes.size() % 2 != 0) {
+    text += static_cast<char16_t>(0xDC00U + static_cast<unsigned char>(bytes.back()));
+  }
+  return text;
+}
+
+void EncodeUtf16Append(DocumentEncoding encoding, std::u16string_view text, std::string& bytes) {
+  const std::size_t low = LowByte(encoding);
+  const std::size_t begin = bytes.size();
+  bytes.resize(begin + 2 * text.size());
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    bytes[begin + 2 * i + low] = static_cast<char>(text[i] & 0xFFU);
+    bytes[begin + 2 * i + 1 - low] = static_cast<char>(text[i] >> 8U);
+  }
+}
+
+std::u16string DecodeBytes(DocumentEncoding encoding, std::string_view bytes) {
+  if (IsUtf16(encoding)) {
+    return DecodeUtf16(encoding, bytes);
+  }
+  return Decode(encoding == DocumentEncoding::kGbk ? Encoding::kGbk : Encoding::kUtf8, bytes);
+}
+
+void EncodeTextAppend(DocumentEncoding encoding, std::u16string_view text, std::string& bytes) {
+  if (IsUtf16(encoding)) {
+    EncodeUtf16Append(encoding, text, bytes);
+  } else {
+    EncodeAppend(encoding == DocumentEncoding::kGbk ? Encoding::kGbk : Encoding::kUtf8, text, bytes);
+  }
+}
+
+bool LooksBinary(std::u16string_view text) {
+  // Beside NULs, a tenth of control characters and undecodable bytes; a few of them alone prove nothing.
+  constexpr std::size_t kFew = 8;
+  std::size_t suspicious = 0;
+  bool hasNul = false;
+  for (const char16_t unit : text) {
+    const bool isControl = unit < 0x20 && (unit < u'\t' || unit > u'\r') && unit != 0x1A && unit != 0x1B;
+    const bool isUndecoded = unit >= 0xDC80 && unit <= 0xDCFF;
+    suspicious += isControl || isUndecoded ? 1 : 0;
+    hasNul |= unit == 0;
+  }
+  return hasNul || (suspicious > kFew && suspicious > text.size() / 10);
+}
+
+struct LineEndCounts {
+  std::size_t crLf = 0;
+  std::size_t lf = 0;
+  std::size_t cr = 0;
+};
+
+LineEndCounts CountLineEnds(std::u16string_view text) {
+  LineEndCounts counts;
+  char16_t before = 0;
+  for (const char16_t unit : text) {
+    if (unit == u'\n') {
+      ++(before == u'\r' ? counts.crLf : counts.lf);
+    }
+    counts.cr += unit == u'\r' ? 1 : 0;
+    before = unit;
+  }
+  counts.cr -= counts.crLf;
+  return counts;
+}
+
+DocumentLineEnds LineEndsOf(const LineEndCounts& counts) {
+  if ((counts.crLf > 0) + (counts.lf > 0) + (counts.cr > 0) > 1) {
+    return DocumentLineEnds::kMixed;
+  }
+  return counts.lf > 0 ? DocumentLineEnds::kLf : counts.cr > 0 ? DocumentLineEnds::kCr : DocumentLineEnds::kCrLf;
+}
+
+// Turns lone CR and LF into CR LF, in place: the text grows, so it is moved from its end.
+void CompleteLineEnds(std::u16string& text, std::size_t loneEnds) {
+  std::size_t from = text.size();
+  text.resize(text.size() + loneEnds);
+  std::size_t to = text.size();
+  while (to != from) {  // until then, ends are missing before
+    const char16_t unit = text[--from];
+    const bool isWhole = unit == u'\n' && from > 0 && text[from - 1] == u'\r';
+    if (isWhole) {
+      --from;
+    }
+    if (unit == u'\r' || unit == u'\n') {
+      text[--to] = u'\n';
+      text[--to] = u'\r';
+    } else {
+      text[--to] = unit;
+    }
+  }
+}
+
+// The text with another line end in the place of CR LF.
+void EncodeLinesAppend(DocumentEncoding encoding, std::u16string_view text, std::u16string_view lineEnd,
+                       std::string& bytes) {
+  std::string lineEndBytes;
+  EncodeTextAppend(encoding, lineEnd, lineEndBytes);
+  for (;;) {
+    const std::size_t end = text.find(u"\r\n");
+    EncodeTextAppend(encoding, text.substr(0, end), bytes);
+    if (end == std::u16string_view::npos) {
+      return;
+    }
+    bytes += lineEndBytes;
+    text.remove_prefix(end + 2);
+  }
+}
+
+bool IsAscii(std::string_view bytes) {
+  return std::all_of(bytes.begin(), bytes.end(), [](char c) { return static_cast<unsigned char>(c) < 0x80; });
+}
+
+}  // namespace
+
+DecodedDocument DecodeDocument(std::string_view bytes) {
+  DecodedDocument document;
+  DocumentFormat& format = document.format;
+  format.encoding = Recognise(bytes);
+  bytes.remove_prefix(MarkOf(format.encoding).size());
+  document.text = DecodeBytes(format.encoding, bytes);
+  format.endsInHalfUnit = IsUtf16(format.encoding) && bytes.size() % 2 != 0;
+  format.isBinary = LooksBinary(document.text);
+  format.exceedsCodePage = format.encoding == DocumentEncoding::kGbk && ExceedsCodePage936(document.text);
+  const LineEndCounts counts = CountLineEnds(document.text);
+  format.lineEnds = LineEndsOf(counts);
+  if (!format.isBinary) {
+    CompleteLineEnds(document.text, counts.lf + counts.cr);
+  }
+  return document;
+}
+
+std::string EncodeDocument(std::u16string_view text, const DocumentFormat& format) {
+  std::string bytes(MarkOf(format.encoding));
+  std::u16string_view halfUnit;
+  if (format.endsInHalfUnit && !text.empty() && text.back() >= 0xDC00 && text.back() <= 0xDCFF) {
+    halfUnit = text.substr(text.size() - 1);
+    text.remove_suffix(1);
+  }
+  if (format.isBinary || format.lineEnds == DocumentLineEnds::kCrLf || format.lineEnds == DocumentLineEnds::kMixed) {
+    EncodeTextAppend(format.encoding, text, bytes);
+  } else {
+    EncodeLinesAppend(format.encoding, text, format.lineEnds == DocumentLineEnds::kLf ? u"\n" : u"\r", bytes);
+  }
+  if (!halfUnit.empty()) {
+    bytes += static_cast<char>(halfUnit.front() & 0xFFU);
+  }
+  if (format.encoding == DocumentEncoding::kUtf8 && !IsAscii(bytes) && !IsRecognisedAsUtf8(bytes)) {
+    bytes.insert(0, kUtf8Mark);
+  }
+  return bytes;
+}
+
+bool NeedsEncodingQuestion(std::u16string_view text, const DocumentFormat& format) {
+  return format.encoding == DocumentEncoding::kGbk && !format.exceedsCodePage && ExceedsCodePage936(text);
+}
+
+}  // namespace scrivanta
