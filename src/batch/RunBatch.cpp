@@ -11,6 +11,7 @@
 #include "batch/OutputFile.h"
 #include "batch/TerminalProgress.h"
 #include "batch/Version.h"
+#include "regexp/RegExpErrors.h"
 
 namespace scrivanta {
 
@@ -95,6 +96,8 @@ int RunReportingFailure(const ConfiguredCommand& command, const BatchStreams& st
   try {
     return static_cast<int>(RunCommand(command, streams));
   } catch (const UnusableArguments& error) {
+    return Fail(ExitStatus::kUnusableArguments, error.what(), streams);
+  } catch (const RegExpSyntaxError& error) {
     return Fail(ExitStatus::kUnusableArguments, error.what(), streams);
   } catch (const Interrupted&) {
     return Fail(ExitStatus::kFailed, "interrupted", streams);

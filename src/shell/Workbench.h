@@ -6,6 +6,7 @@
 #include <memory>
 #include <string>
 
+#include "regexp/RegExp.h"
 #include "shell/Document.h"
 #include "shell/Editor.h"
 #include "shell/Prompts.h"
@@ -71,6 +72,8 @@ class Workbench {
   virtual Shell& shell() = 0;
   virtual const Clock& clock() const = 0;
   virtual const Folders& folders() const = 0;
+  // What finds and replaces patterns, as the user has chosen.
+  virtual const RegExpEngine& regExpEngine() const { return BuiltInRegExpEngine(); }
   virtual std::unique_ptr<BusyWork> StartWork() = 0;
   // The text of the first status panel, beside the document path: a count, a remark. The next change of state ends it.
   virtual void ShowStatus(const std::u16string& text) = 0;
