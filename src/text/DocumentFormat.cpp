@@ -181,7 +181,7 @@ bool IsAscii(std::string_view bytes) {
 
 }  // namespace
 
-DecodedDocument DecodeDocument(std::string_view bytes) {
+DecodedDocument DecodeAsItStands(std::string_view bytes) {
   DecodedDocument document;
   DocumentFormat& format = document.format;
   format.encoding = Recognise(bytes);
@@ -190,9 +190,14 @@ DecodedDocument DecodeDocument(std::string_view bytes) {
   format.endsInHalfUnit = IsUtf16(format.encoding) && bytes.size() % 2 != 0;
   format.isBinary = LooksBinary(document.text);
   format.exceedsCodePage = format.encoding == DocumentEncoding::kGbk && ExceedsCodePage936(document.text);
+  return document;
+}
+
+DecodedDocument DecodeDocument(std::string_view bytes) {
+  DecodedDocument document = DecodeAsItStands(bytes);
   const LineEndCounts counts = CountLineEnds(document.text);
-  format.lineEnds = LineEndsOf(counts);
-  if (!format.isBinary) {
+  document.format.lineEnds = LineEndsOf(counts);
+  if (!document.format.isBinary) {
     CompleteLineEnds(document.text, counts.lf + counts.cr);
   }
   return document;

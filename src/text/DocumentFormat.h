@@ -45,6 +45,9 @@ struct DecodedDocument {
 // more.
 DecodedDocument DecodeDocument(std::string_view bytes);
 
+// The same with the line ends as they stand, here and when it is encoded: for a file of which only a part is changed.
+DecodedDocument DecodeAsItStands(std::string_view bytes);
+
 // UTF-8 without a mark gets one where it would not be recognised again.
 std::string EncodeDocument(std::u16string_view text, const DocumentFormat& format);
 
