@@ -77,8 +77,10 @@ std::u16string EscapeSection(std::u16string_view section) {
 }
 
 std::u16string EscapeKey(std::u16string_view key) {
-  return Escape(key,
-                [key](std::size_t i) { return key[i] == u'=' || (key[i] == u' ' && (i == 0 || i + 1 == key.size())); });
+  return Escape(key, [key](std::size_t i) {
+    const bool atEnd = i == 0 || i + 1 == key.size();
+    return key[i] == u'=' || (key[i] == u' ' && atEnd) || (key[i] == u'\t' && i == 0);
+  });
 }
 
 std::u16string EscapeValue(std::u16string_view value) {

@@ -4,8 +4,9 @@
 // An entry is a line "key = value" below the line "[section]"; blanks around the key and before the value belong to the
 // layout, all that follows up to the end of the line to the value. Sections, keys and values are taken literally and
 // their case counts. What the layout cannot hold is written as "<#", four hexadecimal digits of the UTF-16 code unit,
-// "#>": line ends, NUL and lone surrogates, the blank that a value begins with, blanks at the ends of a key and "=" in
-// it, and the first character of a text that would itself be read as such a sequence.
+// "#>": line ends, NUL and lone surrogates; the blank that a value begins with; blanks at the ends of a key, a tab at
+// its beginning and "=" in it, and "[" at its beginning where the line would be a section's; and the first character of
+// what would itself be read as such a sequence.
 #pragma once
 
 #include <cstddef>

@@ -71,6 +71,7 @@ TEST(IniText, ChangesNothingButTheEntry) {
       {u"", u"s", u"[k]+", u"$&", u"[s]\r\n[k]+ = $&\r\n"},
       {u"", u"s", u"[k", u"v]", u"[s]\r\n<#005b#>k = v]\r\n"},
       {u"[s]\r\n[k = v\r\n", u"s", u"[k", u"v]", u"[s]\r\n<#005b#>k = v]\r\n"},
+      {u"", u"s", u"\t[k", u"v]", u"[s]\r\n<#0009#>[k = v]\r\n"},
       {u"", u"s", u" a=b ", u"  v ", u"[s]\r\n<#0020#>a<#003d#>b<#0020#> = <#0020#> v \r\n"},
       {u"", u"s", u"k", u"<#0020#><#@#>\n", u"[s]\r\nk = <#003c#>#0020#><#@#><#000a#>\r\n"},
   };

@@ -1,0 +1,28 @@
+// The settings of the program: the registry-backed store and the ini file behind one interface, and the encoding of
+// line breaks that both share.
+#pragma once
+
+#include "shell/IniFile.h"
+#include "shell/RegistryStore.h"
+#include "shell/Settings.h"
+
+namespace scrivanta {
+
+class SettingsStore final : public Settings {
+ public:
+  SettingsStore(RegistryStore& registry, IniFile iniFile) : registry_(registry), iniFile_(std::move(iniFile)) {}
+
+  // Throws FileError or std::system_error.
+  void Save(std::u16string_view key, std::u16string_view value, Store store = Store::kRegistry,
+            std::u16string_view section = kFormSection) override;
+  std::optional<std::u16string> Find(std::u16string_view key, Store store = Store::kRegistry,
+                                     std::u16string_view section = kFormSection) const override;
+
+  const IniFile& iniFile() const noexcept { return iniFile_; }
+
+ private:
+  RegistryStore& registry_;
+  IniFile iniFile_;
+};
+
+}  // namespace scrivanta
