@@ -4,8 +4,34 @@
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
+#include <string_view>
 
 namespace scrivanta {
+
+// How many bytes are no ASCII.
+inline std::size_t CountNonAscii(std::string_view bytes) {
+  std::size_t count = 0;
+  std::size_t i = 0;
+  for (; i + 8 <= bytes.size(); i += 8) {
+    std::uint64_t eight = 0;
+    std::memcpy(&eight, bytes.data() + i, sizeof(eight));
+    // One bit a byte; the product has their sum in its highest byte.
+    count += (((eight >> 7U) & 0x0101010101010101U) * 0x0101010101010101U) >> 56U;
+  }
+  for (; i < bytes.size(); ++i) {
+    count += static_cast<unsigned char>(bytes[i]) >> 7U;
+  }
+  return count;
+}
+
+// How many units are no ASCII.
+inline std::size_t CountNonAscii(std::u16string_view text) {
+  std::size_t count = 0;
+  for (const char16_t unit : text) {
+    count += unit > 0x7F ? 1 : 0;
+  }
+  return count;
+}
 
 // Whether the eight bytes are all ASCII.
 inline bool AreEightAscii(const unsigned char* bytes) {

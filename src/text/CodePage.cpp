@@ -272,16 +272,12 @@ bool IsOfGb18030Alone(char16_t unit, std::uint16_t twoBytes) {
 }  // namespace
 
 void DecodeGbkAppend(std::string_view bytes, std::u16string& text) {
-  const auto high = static_cast<std::size_t>(
-      std::count_if(bytes.begin(), bytes.end(), [](char c) { return static_cast<signed char>(c) < 0; }));
-  text.reserve(text.size() + bytes.size() - high / 2);
+  text.reserve(text.size() + bytes.size() - CountNonAscii(bytes) / 2);
   Decoder(bytes, text).Run();
 }
 
 void EncodeGbkAppend(std::u16string_view text, std::string& bytes) {
-  const auto wide =
-      static_cast<std::size_t>(std::count_if(text.begin(), text.end(), [](char16_t c) { return c > 0x7F; }));
-  bytes.reserve(bytes.size() + text.size() + wide);
+  bytes.reserve(bytes.size() + text.size() + CountNonAscii(text));
   Encoder(text, bytes).Run();
 }
 

@@ -7,7 +7,7 @@ namespace scrivanta {
 
 namespace {
 
-constexpr std::size_t kBlockSize = 256 * 1024;
+constexpr std::size_t kBlockSize = 64 * 1024;  // progress is told block by block
 
 }  // namespace
 

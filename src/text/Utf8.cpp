@@ -24,6 +24,10 @@ constexpr bool IsContinuation(unsigned char byte) {
   return (byte & 0xC0) == 0x80;
 }
 
+constexpr char16_t UnitOfThreeBytes(const unsigned char* at) {
+  return static_cast<char16_t>(((at[0] & 0xFU) << 12U) | ((at[1] & 0x3FU) << 6U) | (at[2] & 0x3FU));
+}
+
 void PutThreeBytes(char16_t unit, char*& output) {
   output[0] = static_cast<char>(0xE0U | (unit >> 12U));
   output[1] = static_cast<char>(0x80U | ((unit >> 6U) & 0x3FU));
@@ -47,27 +51,23 @@ std::string BytesOfSurrogate(char16_t unit) {
 }
 
 // How many bytes the well-formed character of two bytes or more takes that begins here; 0 when none does.
-std::size_t LengthOfCharacter(const unsigned char* at, const unsigned char* end) {
+inline std::size_t LengthOfCharacter(const unsigned char* at, const unsigned char* end) {
   const auto left = static_cast<std::size_t>(end - at);
-  if (left >= 3 && at[0] >= 0xE0 && at[0] <= 0xEF && IsContinuation(at[1]) && IsContinuation(at[2])) {
-    const bool overlong = at[0] == 0xE0 && at[1] < 0xA0;
-    const bool surrogate = at[0] == 0xED && at[1] >= 0xA0;
-    return overlong || surrogate ? 0 : 3;
+  if (left >= 3 && (at[0] & 0xF0U) == 0xE0 && IsContinuation(at[1]) && IsContinuation(at[2])) {
+    const char16_t unit = UnitOfThreeBytes(at);
+    const bool isOverlong = unit < 0x800;
+    return isOverlong || IsSurrogate(unit) ? 0 : 3;
   }
   if (left >= 2 && at[0] >= 0xC2 && at[0] <= 0xDF && IsContinuation(at[1])) {
     return 2;
   }
   if (left >= 4 && at[0] >= 0xF0 && at[0] <= 0xF4 && IsContinuation(at[1]) && IsContinuation(at[2]) &&
       IsContinuation(at[3])) {
-    const bool overlong = at[0] == 0xF0 && at[1] < 0x90;
-    const bool beyondUnicode = at[0] == 0xF4 && at[1] >= 0x90;
-    return overlong || beyondUnicode ? 0 : 4;
+    const bool isOverlong = at[0] == 0xF0 && at[1] < 0x90;
+    const bool isBeyondUnicode = at[0] == 0xF4 && at[1] >= 0x90;
+    return isOverlong || isBeyondUnicode ? 0 : 4;
   }
   return 0;
-}
-
-char16_t UnitOfThreeBytes(const unsigned char* at) {
-  return static_cast<char16_t>(((at[0] & 0xFU) << 12U) | ((at[1] & 0x3FU) << 6U) | (at[2] & 0x3FU));
 }
 
 class Decoder {
@@ -229,16 +229,13 @@ bool IsCutOffInUtf8(std::string_view bytes) {
 }
 
 void DecodeUtf8Append(std::string_view bytes, std::u16string& text) {
-  const auto continuations = static_cast<std::size_t>(
-      std::count_if(bytes.begin(), bytes.end(), [](char c) { return static_cast<signed char>(c) < -64; }));
-  text.reserve(text.size() + bytes.size() - continuations);
+  // A character beyond ASCII is of three bytes nearly always.
+  text.reserve(text.size() + bytes.size() - CountNonAscii(bytes) / 3 * 2);
   Decoder(bytes, text).Run();
 }
 
 void EncodeUtf8Append(std::u16string_view text, std::string& bytes) {
-  const auto wide =
-      static_cast<std::size_t>(std::count_if(text.begin(), text.end(), [](char16_t c) { return c > 0x7F; }));
-  bytes.reserve(bytes.size() + text.size() + 2 * wide);
+  bytes.reserve(bytes.size() + text.size() + 2 * CountNonAscii(text));
   Encoder(text, bytes).Run();
 }
 
