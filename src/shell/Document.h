@@ -40,6 +40,10 @@ class Document {
   // is saved under a name of its own, it is saved by the saver.
   virtual void ShowNew(std::u16string_view text, DocumentSaver saver) = 0;
 
+  // Keeps text and undo of the document, which is untitled and unchanged from then on and saved by the saver, as after
+  // ShowNew.
+  virtual void SaveThrough(DocumentSaver saver) = 0;
+
   // The text of a file as a document would show it: rich text by its name, the encoding recognised. Touches nothing
   // that is seen. Throws FileError.
   virtual std::u16string TextOfFile(const std::filesystem::path& path) = 0;

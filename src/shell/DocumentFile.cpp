@@ -152,6 +152,10 @@ bool DocumentFile::SaveForQuestion(const std::u16string& filter, WithoutName wit
 
 void DocumentFile::ShowNew(std::u16string_view text, DocumentSaver saver) {
   view_.ShowDocument(text);
+  SaveThrough(std::move(saver));
+}
+
+void DocumentFile::SaveThrough(DocumentSaver saver) {
   path_.clear();
   saver_ = std::move(saver);
   isChanged_ = false;

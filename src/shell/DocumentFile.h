@@ -60,6 +60,7 @@ class DocumentFile final : public Document {
   void MarkUnchanged() override { isChanged_ = false; }
   bool OfferToSave() override;
   void ShowNew(std::u16string_view text, DocumentSaver saver) override;
+  void SaveThrough(DocumentSaver saver) override;
   std::u16string TextOfFile(const std::filesystem::path& path) override;
 
  private:

@@ -146,6 +146,10 @@ bool ScriptedDocument::OfferToSave() {
 
 void ScriptedDocument::ShowNew(std::u16string_view text, DocumentSaver newSaver) {
   editor_.Open(text);
+  SaveThrough(std::move(newSaver));
+}
+
+void ScriptedDocument::SaveThrough(DocumentSaver newSaver) {
   saver = std::move(newSaver);
   path.clear();
   changed = false;

@@ -105,6 +105,7 @@ class ScriptedDocument final : public Document {
   void MarkUnchanged() override { changed = false; }
   bool OfferToSave() override;
   void ShowNew(std::u16string_view text, DocumentSaver newSaver) override;
+  void SaveThrough(DocumentSaver newSaver) override;
   std::u16string TextOfFile(const std::filesystem::path& file) override;
 
   std::filesystem::path path;
