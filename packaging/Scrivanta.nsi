@@ -269,6 +269,7 @@ Section "Uninstall"
   !insertmacro UnregisterType "txt"
   !insertmacro UnregisterType "rtf"
   DeleteRegKey HKCU "${CLASSES}\Applications\${NAME}.exe"
+  DeleteRegKey /ifempty HKCU "${CLASSES}\Applications"
   DeleteRegKey HKCU "${UNINSTALL_KEY}"
   !insertmacro AnnounceTypes
 SectionEnd
