@@ -43,6 +43,7 @@ makensis -V2 -WX -INPUTCHARSET UTF8 '-XTarget amd64-unicode' "-DVERSION=$version
 
 portable=$output/Scrivanta-$version-portable.zip
 rm -f "$portable"
+iconv -f UTF-8 -t GBK packaging/portable.ini | sed 's/$/\r/' >"$stage/Scrivanta/Scrivanta.ini"
 (cd "$stage" && python3 -m zipfile -c "$portable" Scrivanta)
 rm -rf "$stage"
 ls -l "$setup" "$portable"

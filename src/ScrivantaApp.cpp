@@ -2,9 +2,14 @@
 
 #include <commctrl.h>
 
+#include <memory>
+
 #include "shell/CommandTable.h"
 #include "shell/FrmMain.h"
+#include "shell/PortableStore.h"
+#include "shell/ScrivantaDesktop.h"
 #include "shell/ScrivantaRegistry.h"
+#include "shell/SettingsStore.h"
 #include "shell/ShellCommands.h"
 #include "win/ComApartment.h"
 #include "win/MessageLoop.h"
@@ -14,21 +19,12 @@ namespace scrivanta {
 
 namespace {
 
-// The registry-backed store alone.
-class RegistrySettings final : public Settings {
- public:
-  explicit RegistrySettings(RegistryStore& store) : store_(store) {}
-
-  void Save(std::u16string_view key, std::u16string_view value, Store, std::u16string_view section) override {
-    store_.Write(section.empty() ? kFormSection : section, key, value);
+std::unique_ptr<RegistryStore> OpenRegistryStore(const IniFile& iniFile) {
+  if (IsPortable(iniFile)) {
+    return std::make_unique<PortableStore>(iniFile);
   }
-  std::optional<std::u16string> Find(std::u16string_view key, Store, std::u16string_view section) const override {
-    return store_.Read(section.empty() ? kFormSection : section, key);
-  }
-
- private:
-  RegistryStore& store_;
-};
+  return std::make_unique<ScrivantaRegistry>(kProgramTitle);
+}
 
 }  // namespace
 
@@ -40,10 +36,11 @@ int RunApp(HINSTANCE instance, const std::u16string& commandLine, std::atomic<HW
 
   MessageLoop loop;
   WindowHost host{instance, loop, &ShowFailure};
-  ScrivantaRegistry registry(kProgramTitle);
-  RegistrySettings settings(registry);
+  const IniFile iniFile = FindIniFile();
+  const std::unique_ptr<RegistryStore> registry = OpenRegistryStore(iniFile);
+  SettingsStore settings(*registry, iniFile);
   CommandTable commands;
-  FrmMain mainWindow(host, settings, commands);
+  FrmMain mainWindow(host, FindFolders(iniFile), settings, commands);
   RegisterShellCommands(commands, mainWindow);
   mainWindow.Open(commandLine);
   if (window != nullptr) {

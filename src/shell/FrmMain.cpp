@@ -63,13 +63,14 @@ std::vector<std::filesystem::path> PathsOf(HDROP drop) {
 
 }  // namespace
 
-FrmMain::FrmMain(WindowHost& host, Settings& settings, const CommandTable& commands)
+FrmMain::FrmMain(WindowHost& host, Folders folders, Settings& settings, const CommandTable& commands)
     : Window(host),
       settings_(settings),
       commands_(commands),
       icon_(LoadIconW(host.instance, MAKEINTRESOURCEW(IDI_SCRIVANTA))),
       windowClass_(host.instance, kMainWindowClass, icon_),
       taskbarCreated_(RegisterWindowMessageW(L"TaskbarCreated")),
+      folders_(std::move(folders)),
       prompts_(host, [this] { return PromptOwner(); }),
       editor_({[this] { HandleEditorChange(); }, [this] { HandleEditorSelection(); }}),
       busy_(host, bars_) {}

@@ -29,7 +29,7 @@ inline constexpr char16_t kProgramTitle[] = u"Scrivanta";
 
 class FrmMain final : public Window, public Workbench, public MainWindow, private DocumentView {
  public:
-  FrmMain(WindowHost& host, Settings& settings, const CommandTable& commands);
+  FrmMain(WindowHost& host, Folders folders, Settings& settings, const CommandTable& commands);
 
   // Makes the window, shows it and opens the document of the command line, if there is one.
   void Open(std::u16string_view commandLine);
@@ -89,7 +89,7 @@ class FrmMain final : public Window, public Workbench, public MainWindow, privat
   HICON icon_;
   WindowClass windowClass_;
   UINT taskbarCreated_;
-  Folders folders_ = FindFolders();
+  Folders folders_;
   ScrivantaClock clock_;
   ScrivantaDesktop desktop_;
   FrmMainPrompts prompts_;

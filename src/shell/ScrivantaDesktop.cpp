@@ -3,8 +3,13 @@
 #include <windows.h>
 
 #include <shellapi.h>
+#include <shlobj.h>
 
+#include <memory>
 #include <system_error>
+
+#include <combaseapi.h>
+#include <knownfolders.h>
 
 #include "text/Bytes.h"
 #include "win/PlatformError.h"
@@ -42,6 +47,17 @@ std::filesystem::path ExecutablePath() {
   return path;
 }
 
+// The user's, which goes with the user from machine to machine.
+std::filesystem::path ApplicationDataFolder() {
+  PWSTR found = nullptr;
+  const HRESULT result = SHGetKnownFolderPath(FOLDERID_RoamingAppData, KF_FLAG_DEFAULT, nullptr, &found);
+  const std::unique_ptr<WCHAR, decltype(&CoTaskMemFree)> path(found, &CoTaskMemFree);
+  if (FAILED(result)) {
+    throw std::system_error(result, std::system_category(), "SHGetKnownFolderPath");
+  }
+  return path.get();
+}
+
 }  // namespace
 
 void ScrivantaDesktop::OpenWithDefaultProgram(const std::filesystem::path& document) {
@@ -61,13 +77,16 @@ std::chrono::local_time<std::chrono::milliseconds> ScrivantaClock::Now() const {
          std::chrono::seconds{now.wSecond} + std::chrono::milliseconds{now.wMilliseconds};
 }
 
-Folders FindFolders() {
-  std::filesystem::path program = ExecutablePath();
+IniFile FindIniFile() {
+  const std::filesystem::path program = ExecutablePath();
+  return IniFile::Locate(program.parent_path(), program.stem(), ApplicationDataFolder());
+}
+
+Folders FindFolders(const IniFile& iniFile) {
   Folders folders;
-  folders.iniFile = program;
-  folders.iniFile.replace_extension(L".ini");
+  folders.iniFile = iniFile.path();
   // Ending in a separator, as commands join names to them.
-  folders.program = program.replace_filename(L"");
+  folders.program = ExecutablePath().replace_filename(L"");
   folders.temporary = std::filesystem::temp_directory_path() / L"";
   return folders;
 }

@@ -1,6 +1,7 @@
 // The desktop, the clock and the folders as commands see them.
 #pragma once
 
+#include "shell/IniFile.h"
 #include "shell/Workbench.h"
 
 namespace scrivanta {
@@ -17,7 +18,9 @@ class ScrivantaClock final : public Clock {
   std::chrono::local_time<std::chrono::milliseconds> Now() const override;
 };
 
+// The ini file of the running program.
+IniFile FindIniFile();
 // The three folders as the running program finds them.
-Folders FindFolders();
+Folders FindFolders(const IniFile& iniFile);
 
 }  // namespace scrivanta
