@@ -2,21 +2,24 @@
 r"""Makes the help document Scrivanta.rtf from the chapters in docs/help, and checks it.
 
     make_help.py -o Scrivanta.rtf                 writes the document
-    make_help.py --check                          every command of the menu is described, under its caption
+    make_help.py --check                          every command that the program has is described, under its caption
     make_help.py --examples build/native/bin/scrivanta-batch   every example that names a command is what it does
 
 The chapters are read in the order of their names. They are UTF-8 and written in this subset of Markdown; anything else is an
 error that names file and line:
 
-    # Chapter, ## Section, ### Sub-section   optionally followed by {#name}: the section describes that menu command
+    # Chapter, ## Section, ### Sub-section   optionally followed by {#name}: the section describes that menu command; with
+                                             {#name needs COMMAND} it is about a window which that command opens
     a paragraph                              lines are joined; a blank goes between two ASCII characters only
-    - item, 1. item                          one line each; optionally followed by {#name}, as a heading
+    - item, 1. item                          one line each
     | a | b |                                a table; the second line is |---|---|
     ```                                      lines in a fixed-width font, up to the closing ```
     ```before [COMMAND ARGUMENTS]            an example: the text before, and in a block ```after that follows it directly,
     ```after                                 the text after. With a command of the console program it is put to the test
     ![words](../images/name.png)             a picture on a line of its own
     [[contents]]                             the list of chapters and sections
+    [[missing]]                              the list of the menu's commands that the program does not have yet; a section
+                                             about one of them says so by itself
 
 In a line: **bold**, `fixed width` (more back-quotes around a text that holds one), [words](#name) where the words send the
 reader to a section, and a backslash before one of \ ` * | [ ] that would mean something else. In an example a blank that
@@ -48,22 +51,26 @@ class HelpError(Exception):
 
 @dataclasses.dataclass
 class Block:
-    kind: str  # heading, paragraph, item, number, table, code, example, picture, contents
+    kind: str  # heading, paragraph, item, number, table, code, example, picture, contents, missing
     where: str  # file:line
     text: str = ""
     level: int = 0
     name: str = ""  # the menu control that it describes, or the target of a link
+    needs: str = ""  # the menu control without which there is nothing to describe
     rows: list = dataclasses.field(default_factory=list)  # of a table: lists of cells
     after: str = ""  # of an example: its text is what stands before
     command: list = dataclasses.field(default_factory=list)  # of an example: arguments for the console program
 
 
-NAME = re.compile(r"\s*\{#([A-Za-z0-9_-]+)\}$")
+NAME = re.compile(r"\s*\{#([A-Za-z0-9_-]+)(?: needs (\w+))?\}$")
 
 
 def split_name(text):
     match = NAME.search(text)
-    return (text[: match.start()], match.group(1)) if match else (text, "")
+    if not match:
+        return text, "", ""
+    name = match.group(1)
+    return text[: match.start()], name, match.group(2) or (name if name.startswith("mnu") else "")
 
 
 def join_lines(first, second):
@@ -129,8 +136,8 @@ class Parser:
         return self.blocks
 
     def add(self, kind, text, **more):
-        text, name = split_name(text)
-        self.blocks.append(Block(kind, self.where(), text.strip(), name=name, **more))
+        text, name, needs = split_name(text) if kind == "heading" else (text, "", "")
+        self.blocks.append(Block(kind, self.where(), text.strip(), name=name, needs=needs, **more))
         self.at += 1
 
     def text_line(self, line):
@@ -144,8 +151,8 @@ class Parser:
             self.add("item", line[2:])
         elif re.match(r"\d+\. ", line):
             self.add("number", line)
-        elif line == "[[contents]]":
-            self.add("contents", "")
+        elif line in ("[[contents]]", "[[missing]]"):
+            self.add(line.strip("[]"), "")
         elif re.match(r"[#>!<]|[-*+] |\s|---|===", line):
             raise HelpError(f"{self.where()}: this is not part of the subset: {line[:40]}")
         elif self.blocks and self.blocks[-1].kind == "paragraph" and self.at and self.lines[self.at - 1].strip():
@@ -255,8 +262,10 @@ class RtfWriter:
     EXAMPLE_WIDTH = 42  # ASCII characters in half the width of the text
     BORDERS = "".join(rf"\clbrdr{side}\brdrs\brdrw10\brdrcf4" for side in "tlbr")
 
-    def __init__(self, blocks):
+    def __init__(self, blocks, missing=()):
+        """`missing`: the menu entries that the program does not have yet."""
         self.blocks = blocks
+        self.missing = {entry.name: entry for entry in missing}
         self.names = {block.name for block in blocks if block.name}
         self.parts = []
 
@@ -300,6 +309,8 @@ class RtfWriter:
         if block.level == 1 and self.parts:
             start = start.replace(r"\pard", r"\pard\pagebb", 1)
         self.parts.append("{" + start + mark + self.inline(block.text, block.where) + "\\par}\n")
+        if block.needs in self.missing:
+            self.parts.append(r"{\pard\sb0\sa80\cf2\i " + escape("这一版里还不能用。") + "\\par}\n")
 
     def write_paragraph(self, block, _):
         self.parts.append(r"\pard\sb40\sa100\sl300\slmult1 " + self.inline(block.text, block.where) + "\\par\n")
@@ -371,6 +382,10 @@ class RtfWriter:
         self.parts.append(rf"\pard\sb80\sa40\qc {{\pict\pngblip{size}" + "\n" + lines + "}\\par\n")
         self.parts.append(r"{\pard\sb0\sa160\qc\cf2\fs18 " + self.inline(block.text, block.where) + "\\par}\n")
 
+    def write_missing(self, block, _):
+        for entry in self.missing.values():
+            self.list_line(escape("•"), "**" + entry.caption + "**", block.where)
+
     def write_contents(self, *_):
         """Each line ends in an arrow that is a link: some viewers do not show the text of links at all."""
         for i, block in enumerate(self.blocks):
@@ -388,7 +403,7 @@ def display_width(text):
 
 
 def sections(blocks):
-    """What describes each name: the blocks of its section, or its one list item."""
+    """What describes each name: the blocks of its section."""
     result = {}
     for i, block in enumerate(blocks):
         if block.kind == "heading" and block.name:
@@ -396,8 +411,6 @@ def sections(blocks):
             while end < len(blocks) and not (blocks[end].kind == "heading" and blocks[end].level <= block.level):
                 end += 1
             result[block.name] = blocks[i:end]
-        elif block.name:
-            result[block.name] = [block]
     return result
 
 
@@ -424,9 +437,15 @@ def read_menu(path=ROOT / "src" / "shell" / "MenuTree.cpp"):
 
 
 def read_registered(folder=ROOT / "src"):
-    """The commands that the program has: the names that its sources add to the command table."""
-    sources = (path.read_text(encoding="utf-8") for path in folder.rglob("*.cpp"))
-    return {name for source in sources for name in re.findall(r'Add\(\s*"(mnu\w+)"', source)}
+    """The commands that the program has: what the sources whose registration the composition calls add to the table."""
+    composition = (folder / "ScrivantaApp.cpp").read_text(encoding="utf-8")
+    registered = set()
+    for path in folder.glob("*/*.cpp"):
+        source = path.read_text(encoding="utf-8")
+        registrations = re.findall(r"^void (Register\w*Commands)\(", source, re.MULTILINE)
+        if any(name + "(" in composition for name in registrations):
+            registered.update(re.findall(r'Add\(\s*"(mnu\w+)"', source))
+    return registered
 
 
 def check(blocks, menu, registered):
@@ -435,23 +454,22 @@ def check(blocks, menu, registered):
     for entry in menu:
         section = described.get(entry.name)
         if section is None:
-            yield f"{entry.name} ({entry.caption}) is not described"
+            if entry.name in registered:
+                yield f"{entry.name} ({entry.caption}) is not described"
             continue
         words, where = words_of(section), section[0].where
         if entry.caption not in words:
             yield f"{where}: {entry.name} is described without its caption {entry.caption}"
-        if section[0].kind != "heading":
-            if entry.name in registered:
-                yield f"{where}: {entry.name} is said to be missing, but the program has it"
-            continue
         if entry.shortcut and entry.shortcut not in words:
             yield f"{where}: {entry.name} is described without its shortcut {entry.shortcut}"
         if not any(block.kind == "example" or block.text.startswith("例：") for block in section):
             yield f"{where}: {entry.name} is described without an example"
     known = {entry.name for entry in menu}
-    for name, section in described.items():
-        if name.startswith("mnu") and name not in known:
-            yield f"{section[0].where}: the menu has no {name}"
+    for section in described.values():
+        if section[0].needs and section[0].needs not in known:
+            yield f"{section[0].where}: the menu has no {section[0].needs}"
+    if not any(block.kind == "missing" for block in blocks):
+        yield "the commands that the program does not have yet are not listed"
 
 
 def batch_commands(program):
@@ -500,11 +518,11 @@ def main():
     parser.add_argument("--examples", metavar="PROGRAM", help="try the examples with this console program")
     arguments = parser.parse_args()
     try:
-        blocks = read_chapters()
-        findings = list(check(blocks, read_menu(), read_registered())) if arguments.check else []
+        blocks, menu, registered = read_chapters(), read_menu(), read_registered()
+        findings = list(check(blocks, menu, registered)) if arguments.check else []
         if arguments.examples:
             findings += check_examples(blocks, arguments.examples)
-        document = RtfWriter(blocks).document()
+        document = RtfWriter(blocks, [entry for entry in menu if entry.name not in registered]).document()
         if arguments.output:
             arguments.output.write_text(document, encoding="ascii", newline="\r\n")
     except HelpError as error:

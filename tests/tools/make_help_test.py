@@ -41,7 +41,7 @@ def read_rtf(rtf):
     return struct.pack(f"<{len(units)}H", *units).decode("utf-16-le")
 
 
-def read_chapter(text, **files):
+def read_chapter(text, missing=(), **files):
     """A document of this one chapter, with files beside it."""
     with tempfile.TemporaryDirectory() as folder:
         path = pathlib.Path(folder)
@@ -49,7 +49,7 @@ def read_chapter(text, **files):
         for name, data in files.items():
             (path / f"{name}.png").write_bytes(data)
         blocks = make_help.read_chapters(path)
-        return blocks, make_help.RtfWriter(blocks).document()
+        return blocks, make_help.RtfWriter(blocks, missing).document()
 
 
 def shown(text):
@@ -70,7 +70,7 @@ class Reading(unittest.TestCase):
             "汉字 \\ {x} 𠮷😀 \\*": "汉字 \\ {x} 𠮷😀 *\n",
             "一\n二\nab\ncd": "一二ab cd\n",
             "**粗** `a*b\\d` ``c`d``": "粗 a*b\\d c`d\n",
-            "- 项 {#a}": "•\t项\n",
+            "- 项": "•\t项\n",
             "3. 第三": "3.\t第三\n",
             "| `a|b` | c\\|d |\n|---|---|\n| 1 | 2 |": "\na|b|c|d|\n1|2|\n\n",
             "```\nx  y\n\n z\n```": "x  y\n\n z\n",
@@ -87,6 +87,12 @@ class Reading(unittest.TestCase):
 
     def test_contents_list_every_chapter_and_section(self):
         self.assertIn("\n二 ›\n三 ›\n", shown("# 一\n\n[[contents]]\n\n# 二\n\n## 三\n\n### 四"))
+
+    def test_what_is_missing_is_listed_and_said_in_its_section(self):
+        text = "# 窗 {#w needs mnuA}\n\n## 甲 {#mnuA}\n\n## 乙 {#mnuB}\n\n[[missing]]"
+        missing = [make_help.MenuEntry("mnuA", "A 甲", "")]
+        note = "这一版里还不能用。\n"
+        self.assertEqual(read_rtf(read_chapter(text, missing)[1]), f"窗\n{note}甲\n{note}乙\n•\tA 甲\n")
 
     def test_a_picture_keeps_its_shape_and_fits_the_page(self):
         _, rtf = read_chapter("![图](a.png)", a=png(1200, 600))
@@ -114,7 +120,7 @@ class Reading(unittest.TestCase):
 
 class Checking(unittest.TestCase):
     MENU = [make_help.MenuEntry("mnuA", "A 甲", "Ctrl+A"), make_help.MenuEntry("mnuB", "B 乙", "")]
-    GOOD = "## 甲 {#mnuA}\n\n**A 甲**，Ctrl+A\n\n例：好\n\n## 还没有\n\n- B 乙 {#mnuB}"
+    GOOD = "## 甲 {#mnuA}\n\n**A 甲**，Ctrl+A\n\n例：好\n\n## 还没有\n\n[[missing]]"
 
     def findings(self, text, registered=("mnuA",)):
         return list(make_help.check(read_chapter(text)[0], self.MENU, registered))
@@ -128,12 +134,24 @@ class Checking(unittest.TestCase):
             self.GOOD.replace("**A 甲**", "甲"): "without its caption",
             self.GOOD.replace("Ctrl+A", ""): "without its shortcut",
             self.GOOD.replace("例：", ""): "without an example",
-            self.GOOD + "\n- 丙 {#mnuC}": "the menu has no mnuC",
+            self.GOOD + "\n\n## 丙 {#mnuC}": "the menu has no mnuC",
+            self.GOOD.replace("[[missing]]", ""): "are not listed",
         }
         for text, finding in cases.items():
             with self.subTest(finding):
                 self.assertIn(finding, "\n".join(self.findings(text)))
-        self.assertIn("the program has it", "\n".join(self.findings(self.GOOD, ["mnuA", "mnuB"])))
+        self.assertIn("mnuB (B 乙) is not described", "\n".join(self.findings(self.GOOD, ["mnuA", "mnuB"])))
+
+    def test_the_commands_are_those_that_the_composition_registers(self):
+        self.assertIn("mnuHowToUse", make_help.read_registered())
+        with tempfile.TemporaryDirectory() as name:
+            folder = pathlib.Path(name)
+            (folder / "a").mkdir()
+            (folder / "ScrivantaApp.cpp").write_text("  RegisterACommands(table);\n")
+            for letter in "AB":
+                source = f'  t.Add(\n "mnu{letter}", {{}});\n}}\nvoid Register{letter}Commands(CommandTable& t) {{\n'
+                (folder / "a" / f"{letter}.cpp").write_text(source)
+            self.assertEqual(make_help.read_registered(folder), {"mnuA"})
 
     def test_the_menu_is_read_from_the_program(self):
         menu = {entry.name: entry for entry in make_help.read_menu()}
