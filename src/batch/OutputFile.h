@@ -2,9 +2,10 @@
 #pragma once
 
 #include <filesystem>
-#include <memory>
+#include <optional>
 
 #include "batch/Spool.h"
+#include "text/AtomicFile.h"
 #include "text/Bytes.h"
 
 namespace scrivanta {
@@ -14,7 +15,6 @@ class OutputFile final : public ByteSink {
   // A regular file, or one that does not exist, is written beside its target; anything else (a device, a pipe) is
   // written straight, after the work. Throws FileError.
   explicit OutputFile(const std::filesystem::path& target);
-  ~OutputFile() override;
 
   void Write(std::string_view bytes) override;
   // Everything that can fail short of putting the file in place.
@@ -23,9 +23,9 @@ class OutputFile final : public ByteSink {
 
  private:
   std::filesystem::path target_;
-  std::filesystem::path beside_;  // empty: spool_ is used
-  std::unique_ptr<FileSink> file_;
-  std::unique_ptr<Spool> spool_;
+  // One of the two.
+  std::optional<AtomicFile> file_;
+  std::optional<Spool> spool_;
 };
 
 }  // namespace scrivanta

@@ -7,7 +7,8 @@
 
 namespace scrivanta {
 
-AtomicFile::AtomicFile(const std::filesystem::path& target) : name_(target) {
+AtomicFile::AtomicFile(const std::filesystem::path& target, Durability durability)
+    : name_(target), durability_(durability) {
   const ReplaceTarget place = InspectReplaceTarget(target);
   if (place.refusal) {
     throw FileError(name_, place.refusal);
@@ -39,8 +40,10 @@ void AtomicFile::Write(std::string_view bytes) {
 }
 
 void AtomicFile::Prepare() {
-  if (const std::error_code code = FlushToDisk(file_.get())) {
-    throw FileError(name_, code);
+  if (durability_ == Durability::kAgainstPowerCut) {
+    if (const std::error_code code = FlushToDisk(file_.get())) {
+      throw FileError(name_, code);
+    }
   }
   if (std::fclose(file_.release()) != 0) {
     throw FileError(name_, LastFileError());

@@ -9,12 +9,17 @@
 
 namespace scrivanta {
 
+enum class Durability {
+  kAgainstPowerCut,  // waits for the disk
+  kAgainstKill,      // of the program alone: for results that can be had again
+};
+
 class AtomicFile final : public ByteSink {
  public:
   // The target may be missing; a symbolic link is followed; what the target has beside its content, such as
   // permissions, is kept. A read-only target or one that is no regular file is refused. Throws FileError, here and
   // below with the name of the target.
-  explicit AtomicFile(const std::filesystem::path& target);
+  explicit AtomicFile(const std::filesystem::path& target, Durability durability = Durability::kAgainstPowerCut);
   // Without a Commit everything is as it was.
   ~AtomicFile() override;
 
@@ -29,6 +34,7 @@ class AtomicFile final : public ByteSink {
   std::filesystem::path target_;  // where the links end
   std::filesystem::path beside_;  // empty once it is in place
   FileHandle file_;               // null once it is prepared
+  Durability durability_;
 };
 
 // The whole of a file at once. Throws FileError.
