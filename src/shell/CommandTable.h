@@ -17,6 +17,8 @@ struct WorkbenchState {
   bool canUndo = false;
   bool canRedo = false;
   bool canPaste = false;
+
+  bool operator==(const WorkbenchState&) const = default;
 };
 
 struct Command {

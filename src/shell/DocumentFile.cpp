@@ -6,7 +6,6 @@
 
 #include "text/AtomicFile.h"
 #include "text/Bytes.h"
-#include "text/Encoding.h"
 #include "text/ExplainedError.h"
 #include "text/PathParts.h"
 #include "text/PlatformFile.h"
@@ -57,25 +56,81 @@ void DocumentFile::Load(const std::filesystem::path& path) {
     if (!view_.ShowRichDocument(bytes)) {
       throw NoRichText(wanted);
     }
-  } else {
-    view_.ShowDocument(Decode(Encoding::kGbk, bytes));
+    TakeOver(wanted, {}, nullptr);
+    return;
   }
-  path_ = wanted;
-  saver_ = nullptr;
+  const DecodedDocument document = DecodeDocument(bytes);
+  if (document.format.isBinary && !ConfirmBinary(wanted)) {
+    return;
+  }
+  view_.ShowDocument(document.text);
+  TakeOver(wanted, document.format, nullptr);
+  if (document.format.lineEnds == DocumentLineEnds::kMixed) {
+    workbench_.ShowStatus(u"行尾不一致，存盘时将统一为 CR LF");
+  }
+}
+
+bool DocumentFile::ConfirmBinary(const std::filesystem::path& path) {
+  return workbench_.prompts().Ask({.text = u"不是文本文件：\n" + TextOfPath(path) + u"\n是否以只读方式打开？",
+                                   .buttons = Buttons::kYesNo,
+                                   .icon = Icon::kWarning,
+                                   .defaultAnswer = Answer::kNo}) == Answer::kYes;
+}
+
+// The document that is shown now is this one.
+void DocumentFile::TakeOver(const std::filesystem::path& path, const DocumentFormat& format, DocumentSaver saver) {
+  path_ = path;
+  format_ = format;
+  saver_ = std::move(saver);
+  isReadOnly_ = format.isBinary;
   isChanged_ = false;
+  view_.SetReadOnly(isReadOnly_);
   view_.ShowPath(path_);
 }
 
-void DocumentFile::SaveTo(const std::filesystem::path& path) {
-  path_ = PathOfText(WithTextExtension(TextOfPath(path)));
+bool DocumentFile::SaveTo(const std::filesystem::path& path) {
+  const std::filesystem::path wanted = PathOfText(WithTextExtension(TextOfPath(path)));
+  if (isReadOnly_ && wanted == path_) {
+    throw ExplainedError("the document is read-only",
+                         u"只读打开的文件不能存盘，请另存为其他文件名：\n" + TextOfPath(path));
+  }
+  const std::u16string text = workbench_.editor().Text();
+  if (!IsRichText(wanted) && !ChooseEncoding(text)) {
+    return false;
+  }
+  path_ = wanted;
   view_.ShowPath(path_);
   const std::unique_ptr<BusyWork> work = workbench_.StartWork();
-  const std::string bytes =
-      IsRichText(path_) ? view_.DocumentRtf() : Encode(Encoding::kGbk, workbench_.editor().Text());
   const ShownProgressBar bar(view_);
-  WriteFile(bytes, work->progress());
+  WriteFile(IsRichText(path_) ? view_.DocumentRtf() : EncodeDocument(text, format_), work->progress());
   saver_ = nullptr;
   isChanged_ = false;
+  if (std::exchange(isReadOnly_, false)) {
+    view_.SetReadOnly(false);
+  }
+  return true;
+}
+
+// False when the user rather does not save.
+bool DocumentFile::ChooseEncoding(std::u16string_view text) {
+  if (!NeedsEncodingQuestion(text, format_)) {
+    return true;
+  }
+  switch (workbench_.prompts().Ask({.text = u"文档中有 GBK 编码没有的字符。\n"
+                                            u"“是”：存为 UTF-8 编码\n"
+                                            u"“否”：存为 GB18030 四字节编码\n"
+                                            u"“取消”：不存盘",
+                                    .buttons = Buttons::kYesNoCancel,
+                                    .icon = Icon::kQuestion})) {
+    case Answer::kYes:
+      format_.encoding = DocumentEncoding::kUtf8;
+      return true;
+    case Answer::kNo:
+      format_.exceedsCodePage = true;
+      return true;
+    default:
+      return false;
+  }
 }
 
 void DocumentFile::OpenAsked() {
@@ -146,8 +201,7 @@ bool DocumentFile::SaveForQuestion(const std::u16string& filter, WithoutName wit
   if (path.empty()) {
     return withoutName == WithoutName::kGoOn;
   }
-  SaveTo(path);
-  return true;
+  return SaveTo(path);
 }
 
 void DocumentFile::ShowNew(std::u16string_view text, DocumentSaver saver) {
@@ -156,17 +210,14 @@ void DocumentFile::ShowNew(std::u16string_view text, DocumentSaver saver) {
 }
 
 void DocumentFile::SaveThrough(DocumentSaver saver) {
-  path_.clear();
-  saver_ = std::move(saver);
-  isChanged_ = false;
-  view_.ShowPath(path_);
+  TakeOver({}, {}, std::move(saver));
 }
 
 std::u16string DocumentFile::TextOfFile(const std::filesystem::path& path) {
   const std::unique_ptr<BusyWork> work = workbench_.StartWork();
   const std::string bytes = ReadFile(path, work->progress());
   if (!IsRichText(path) || bytes.empty()) {
-    return Decode(Encoding::kGbk, bytes);
+    return DecodeDocument(bytes).text;
   }
   std::optional<std::u16string> text = view_.TextOfRtf(bytes);
   if (!text) {

@@ -10,6 +10,7 @@
 
 #include "shell/Document.h"
 #include "shell/Workbench.h"
+#include "text/DocumentFormat.h"
 
 namespace scrivanta {
 
@@ -29,6 +30,8 @@ class DocumentView {
   // Nothing when the bytes are no rich text.
   virtual std::optional<std::u16string> TextOfRtf(std::string_view rtf) = 0;
 
+  virtual void SetReadOnly(bool readOnly) = 0;
+
   // In the first status panel and in the caption; an empty path is an untitled document.
   virtual void ShowPath(const std::filesystem::path& path) = 0;
   // In percent; nothing hides the progress bar.
@@ -40,11 +43,13 @@ class DocumentFile final : public Document {
   DocumentFile(Workbench& workbench, DocumentView& view) : workbench_(workbench), view_(view) {}
 
   // Loads a file in place of the document; rich text when its name ends in ".RTF". Line breaks in the path are dropped:
-  // it may come from a line of text. Throws FileError or ExplainedError, and the document stays as it was.
+  // it may come from a line of text. What is no text opens after a question, and read-only. Throws FileError or
+  // ExplainedError, and the document stays as it was.
   void Load(const std::filesystem::path& path);
-  // Saves under the path, which gets the extension ".Txt" when it has none and is the document's from then on. Throws
-  // FileError, and the file stays as it was.
-  void SaveTo(const std::filesystem::path& path);
+  // Saves under the path, which gets the extension ".Txt" when it has none and is the document's from then on. Text
+  // that the encoding lacks is asked about once. Returns whether the document has been saved. Throws FileError, and the
+  // file stays as it was.
+  bool SaveTo(const std::filesystem::path& path);
 
   void OpenAsked();
   void OpenDropped(std::span<const std::filesystem::path> paths);
@@ -69,13 +74,18 @@ class DocumentFile final : public Document {
 
   bool OfferToSave(const std::u16string& filter, WithoutName withoutName);
   bool SaveForQuestion(const std::u16string& filter, WithoutName withoutName);
+  bool ConfirmBinary(const std::filesystem::path& path);
+  bool ChooseEncoding(std::u16string_view text);
+  void TakeOver(const std::filesystem::path& path, const DocumentFormat& format, DocumentSaver saver);
   static std::string ReadFile(const std::filesystem::path& path, Progress& progress);
   void WriteFile(std::string_view bytes, Progress& progress);
 
   Workbench& workbench_;
   DocumentView& view_;
   std::filesystem::path path_;
+  DocumentFormat format_;
   DocumentSaver saver_;
+  bool isReadOnly_ = false;
   bool isChanged_ = false;
 };
 

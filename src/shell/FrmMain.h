@@ -68,6 +68,7 @@ class FrmMain final : public Window, public Workbench, public MainWindow, privat
   bool ShowRichDocument(std::string_view rtf) override { return editor_.ShowRichDocument(rtf); }
   std::string DocumentRtf() const override { return editor_.Rtf(); }
   std::optional<std::u16string> TextOfRtf(std::string_view rtf) override { return editor_.TextOfRtf(rtf); }
+  void SetReadOnly(bool readOnly) override { editor_.SetReadOnly(readOnly); }
   void ShowPath(const std::filesystem::path& path) override;
   void ShowProgressBar(std::optional<int> percent) override { bars_.ShowProgress(percent); }
 
@@ -101,6 +102,7 @@ class FrmMain final : public Window, public Workbench, public MainWindow, privat
   std::optional<TrayIcon> trayIcon_;
   std::optional<Subclass> editBoxKeys_;
   std::u16string untitledCaption_;
+  WorkbenchState shownState_;
   bool closeWhenIdle_ = false;
 };
 

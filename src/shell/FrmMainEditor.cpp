@@ -114,7 +114,7 @@ void FrmMainEditor::Redo() {
 }
 
 std::size_t FrmMainEditor::CountDisplayLines(std::u16string_view text) {
-  workingBox_.LoadText(text);
+  workingBox_.LoadText(ToControlText(text));
   const std::size_t lines = workingBox_.LineCount();
   workingBox_.LoadText({});
   return lines;

@@ -29,6 +29,7 @@ class FrmMainEditor final : public Editor, public RichBox {
   HWND box() const noexcept { return box_.handle(); }
   HWND workingBox() const noexcept { return workingBox_.handle(); }
   void SetWordWrap(bool wrap);
+  void SetReadOnly(bool readOnly) { box_.SetReadOnly(readOnly); }
   // The control's notifications (EN_CHANGE, EN_SELCHANGE).
   void HandleChange();
   void HandleSelection();
@@ -44,6 +45,7 @@ class FrmMainEditor final : public Editor, public RichBox {
   // For UndoCommand.
   DocumentHistory& history() noexcept { return history_; }
   const ControlView& view() const noexcept { return control_; }
+  bool HasSelection() const { return !control_.Selection().empty(); }
   bool canUndo() const noexcept { return history_.canUndo(); }
   bool canRedo() const noexcept { return history_.canRedo(); }
   bool canPaste() const { return box_.Send(EM_CANPASTE) != FALSE; }

@@ -40,11 +40,13 @@ class StringView final : public DocumentView {
     }
     return std::u16string(rtf.begin() + 1, rtf.end() - 1);
   }
+  void SetReadOnly(bool readOnly) override { isReadOnly = readOnly; }
   void ShowPath(const std::filesystem::path& path) override { shownPaths.push_back(path); }
   void ShowProgressBar(std::optional<int> percent) override { progress.push_back(percent); }
 
   std::vector<std::filesystem::path> shownPaths;
   std::vector<std::optional<int>> progress;
+  bool isReadOnly = false;
 
  private:
   Editor& editor_;
@@ -245,6 +247,78 @@ TEST_F(DocumentFileTest, SavingAnUntitledDocumentAsksForAName) {
   document.SaveAs();
   EXPECT_EQ(document.Path(), File("b.txt"));
   EXPECT_EQ(workbench.prompts().files.size(), 3U);
+}
+
+TEST_F(DocumentFileTest, EncodingAndLineEndsComeBack) {
+  const std::vector<std::string> files = {
+      "\xE6\xB1\x89\xE5\xAD\x97\n",
+      "\xEF\xBB\xBF"
+      "a\r\n",
+      std::string("\xFF\xFE"
+                  "a\0\r\0",
+                  6),
+      kGbkText,
+      "a\rb\r",
+  };
+  for (const std::string& bytes : files) {
+    const auto path = folder.Put("a.txt", bytes);
+    document.Load(path);
+    document.Save();
+    EXPECT_EQ(ReadWholeFile(path), bytes);
+  }
+  ExpectQuestions(0);
+}
+
+TEST_F(DocumentFileTest, MixedLineEndsAreTold) {
+  document.Load(folder.Put("a.txt", "a\nb\r\n"));
+  EXPECT_EQ(workbench.status, u"行尾不一致，存盘时将统一为 CR LF");
+  EXPECT_EQ(Text(), u"a\r\nb\r\n");
+  document.Save();
+  EXPECT_EQ(ReadWholeFile(File("a.txt")), "a\r\nb\r\n");
+}
+
+TEST_F(DocumentFileTest, WhatIsNoTextOpensReadOnlyAfterAQuestion) {
+  const std::string bytes("\0\1\2\0\3\xFF\xFE\0", 8);
+  const auto path = folder.Put("a.bin", bytes);
+  Edit(u"old");
+  workbench.prompts().Will(Answer::kNo);
+  document.Load(path);
+  EXPECT_EQ(Text(), u"old");
+  EXPECT_FALSE(view.isReadOnly);
+  EXPECT_EQ(workbench.prompts().messages.back().defaultAnswer, Answer::kNo);
+
+  workbench.prompts().Will(Answer::kYes);
+  document.Load(path);
+  EXPECT_TRUE(view.isReadOnly);
+  EXPECT_THROW(document.Save(), ExplainedError);
+  EXPECT_EQ(ReadWholeFile(path), bytes);
+  workbench.prompts().Will(File("copy.bin"));
+  document.SaveAs();
+  EXPECT_FALSE(view.isReadOnly);
+  document.Save();
+}
+
+TEST_F(DocumentFileTest, CharactersThatGbkLacksAreAskedAboutOnce) {
+  const auto path = folder.Put("a.txt", kGbkText);
+  document.Load(path);
+  Edit(u"😀");
+  workbench.prompts().Will(Answer::kCancel);
+  document.Save();
+  EXPECT_EQ(ReadWholeFile(path), kGbkText);
+  EXPECT_TRUE(document.IsChanged());
+
+  workbench.prompts().Will(Answer::kNo);
+  document.Save();
+  EXPECT_EQ(ReadWholeFile(path), "\x94\x39\xFC\x36");
+  document.Save();
+
+  document.Load(folder.Put("b.txt", kGbkText));
+  Edit(u"😀");
+  workbench.prompts().Will(Answer::kYes);
+  document.Save();
+  document.Load(File("b.txt"));
+  EXPECT_EQ(Text(), u"😀");
+  ExpectQuestions(3);
 }
 
 // A document that is no plain file is saved by the one who has shown it.
