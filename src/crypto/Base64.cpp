@@ -1,9 +1,10 @@
 #include "crypto/Base64.h"
 
+#include <algorithm>
 #include <array>
 #include <cstdint>
-#include <vector>
 
+#include "crypto/Chunk.h"
 #include "crypto/Octets.h"
 
 namespace scrivanta {
@@ -106,25 +107,17 @@ namespace {
 
 constexpr std::size_t kBlockSize = 768 * 1024;  // bytes, whole groups of three as well as of four
 
-// Hands the source on in blocks of whole groups, whatever the source's own reads give; the rest comes last, and may be
-// empty. Work takes the block and whether it is the last.
+// Hands the source on in blocks of whole groups; the rest comes last, and may be empty.
 template <typename Work>
 void InBlocks(ByteSource& source, Progress& progress, Work work) {
-  std::vector<char> block(kBlockSize);
+  const Chunk memory(kBlockSize);
   std::uint64_t done = 0;
   for (;;) {
-    std::size_t filled = 0;
-    while (filled < block.size()) {
-      const std::size_t count = source.Read(std::span(block).subspan(filled));
-      if (count == 0) {
-        break;
-      }
-      filled += count;
-    }
-    done += filled;
+    const std::span<char> block = memory.bytes().first(FillFrom(source, memory.bytes()));
+    done += block.size();
     progress.Report(done, source.Size().value_or(0));
-    work(AsOctets(std::string_view(block.data(), filled)));
-    if (filled < block.size()) {
+    work(std::span<const std::uint8_t>(AsOctets(block)));
+    if (block.size() < kBlockSize) {
       return;
     }
   }
@@ -133,15 +126,17 @@ void InBlocks(ByteSource& source, Progress& progress, Work work) {
 }  // namespace
 
 void EncodeBase64Stream(ByteSource& source, ByteSink& sink, Progress& progress) {
-  std::vector<char> text(EncodedSize(kBlockSize));
+  const Chunk memory(EncodedSize(kBlockSize));
+  char* const text = memory.bytes().data();
   InBlocks(source, progress, [&](std::span<const std::uint8_t> bytes) {
-    EncodeInto(bytes, text.data());
-    sink.Write({text.data(), EncodedSize(bytes.size())});
+    EncodeInto(bytes, text);
+    sink.Write({text, EncodedSize(bytes.size())});
   });
 }
 
 bool DecodeBase64Stream(ByteSource& source, ByteSink& sink, Progress& progress) {
-  std::vector<char> bytes(kBlockSize / 4 * 3);
+  const Chunk memory(kBlockSize / 4 * 3);
+  char* const bytes = memory.bytes().data();
   bool atNul = false;
   std::uint64_t size = 0;
   InBlocks(source, progress, [&](std::span<const std::uint8_t> text) {
@@ -149,8 +144,8 @@ bool DecodeBase64Stream(ByteSource& source, ByteSink& sink, Progress& progress) 
     if (atNul) {
       return;
     }
-    DecodeInto(text, bytes.data());
-    const std::string_view decoded(bytes.data(), text.size() / 4 * 3);
+    DecodeInto(text, bytes);
+    const std::string_view decoded(bytes, text.size() / 4 * 3);
     const std::size_t nul = decoded.find('\0');
     atNul = nul != std::string_view::npos;
     sink.Write(decoded.substr(0, nul));
