@@ -8,6 +8,7 @@
 #include "crypto/Octets.h"
 #include "text/Encoding.h"
 #include "text/ExplainedError.h"
+#include "text/Surrogates.h"
 
 namespace scrivanta {
 
@@ -25,14 +26,6 @@ std::int32_t Mask(std::uint64_t key) {
     mask = mask * 10 + (digit - u'0');
   }
   return mask;
-}
-
-bool IsHighSurrogate(char16_t unit) {
-  return unit >= 0xD800 && unit <= 0xDBFF;
-}
-
-bool IsLowSurrogate(char16_t unit) {
-  return unit >= 0xDC00 && unit <= 0xDFFF;
 }
 
 [[noreturn]] void RefuseCharacter(std::u16string_view text, std::size_t at) {

@@ -6,6 +6,7 @@
 
 #include "crypto/CipherError.h"
 #include "crypto/HexText.h"
+#include "shell/DateTimeText.h"
 
 namespace scrivanta {
 
@@ -13,20 +14,9 @@ namespace {
 
 constexpr int kMostSalts = 10'000;  // one in 300 fails, so this many fail only when all do
 
-// Filled with zeros in front to two digits at least.
-std::u16string Digits(long long number) {
+std::u16string Digits(int number) {
   const std::string ascii = std::to_string(number);
-  return (ascii.size() < 2 ? u"0" : u"") + std::u16string(ascii.begin(), ascii.end());
-}
-
-// As in 2024-02-29 23:59:58, without the space.
-std::u16string DateAndTimeText(std::chrono::local_time<std::chrono::milliseconds> now) {
-  const auto day = std::chrono::floor<std::chrono::days>(now);
-  const std::chrono::year_month_day date(day);
-  const std::chrono::hh_mm_ss time(std::chrono::floor<std::chrono::seconds>(now) - day);
-  return Digits(static_cast<int>(date.year())) + u"-" + Digits(static_cast<unsigned>(date.month())) + u"-" +
-         Digits(static_cast<unsigned>(date.day())) + Digits(time.hours().count()) + u":" +
-         Digits(time.minutes().count()) + u":" + Digits(time.seconds().count());
+  return {ascii.begin(), ascii.end()};
 }
 
 std::u16string UnitsToHex(std::u16string_view units) {
@@ -93,7 +83,7 @@ void RndXorHash::KeySize(std::int16_t value) {
 
 std::u16string RndXorHash::Encipher(std::u16string_view plaintext, std::u16string_view password,
                                     std::chrono::local_time<std::chrono::milliseconds> now) {
-  const std::u16string saltText = DateAndTimeText(now);
+  const std::u16string saltText = DateText(now) + TimeText(now);
   std::u16string units = EncipherWithSalt(plaintext, password, saltText);
   for (int counter = 1; DecipherUnits(units, password).check != RndXorHashCheck::kPassed; ++counter) {
     if (counter == kMostSalts) {
