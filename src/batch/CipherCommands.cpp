@@ -89,9 +89,7 @@ std::shared_ptr<RijndaelOptions> AddRijndaelOptions(CLI::App& parser) {
 
 ExitStatus EncryptText(BatchContext& context, const RijndaelOptions& options) {
   const std::u16string text = ReadText(context);
-  if (text.find(u'\0') != std::u16string::npos) {
-    throw std::runtime_error("the text holds a NUL character, where it would end when it is decrypted");
-  }
+  RefuseNul(text);
   return WriteText(context, EncipherText(options.Key(), FastestRijndael(), text, options.blockSize));
 }
 

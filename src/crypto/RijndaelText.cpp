@@ -5,6 +5,7 @@
 
 #include "crypto/HexText.h"
 #include "text/Encoding.h"
+#include "text/ExplainedError.h"
 
 namespace scrivanta {
 
@@ -24,6 +25,13 @@ std::u16string EncipherText(const RijndaelKey& key, const RijndaelForm& form, st
   const std::span<std::uint8_t> octets = AsOctets(std::span<char>(bytes));
   form.encipher(key, octets, octets);
   return ToGroupedHex(octets, static_cast<std::size_t>(blockSize) / 8);
+}
+
+void RefuseNul(std::u16string_view text) {
+  if (text.find(u'\0') != std::u16string_view::npos) {
+    throw ExplainedError("the text holds a NUL character, where it would end when it is decrypted",
+                         u"文本中有空字符（NUL），加密后从那里起的内容会丢失，所以没有加密。");
+  }
 }
 
 DecipheredText DecipherText(const RijndaelKey& key, const RijndaelForm& form, std::u16string_view ciphertext) {

@@ -17,6 +17,9 @@ std::array<std::uint8_t, 32> PasswordBytes(std::u16string_view password);
 // is deciphered.
 std::u16string EncipherText(const RijndaelKey& key, const RijndaelForm& form, std::u16string_view text, int blockSize);
 
+// Throws ExplainedError for a text with a NUL, for callers that must not lose what follows it.
+void RefuseNul(std::u16string_view text);
+
 struct DecipheredText {
   enum class Outcome {
     kDone,

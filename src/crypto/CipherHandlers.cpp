@@ -1,0 +1,210 @@
+#include "crypto/CipherHandlers.h"
+
+#include <optional>
+#include <utility>
+
+#include "crypto/EncipheredFile.h"
+#include "crypto/NumericCipher.h"
+#include "crypto/RijndaelText.h"
+#include "crypto/cRijndael.h"
+#include "shell/ErrorText.h"
+#include "text/ExplainedError.h"
+#include "text/PathParts.h"
+#include "text/PlatformFile.h"
+#include "text/Surrogates.h"
+
+namespace scrivanta {
+
+namespace {
+
+constexpr int kBits = 256;  // of the key and of a group of the hexadecimal text
+
+std::optional<SecretKey> AskForKey(Workbench& workbench, CryptoDialogs& dialogs, SecretDialog::Ciphers ciphers) {
+  SecretDialog dialog(workbench.prompts(), ciphers);
+  dialogs.ShowSecret(dialog);
+  return dialog.key();
+}
+
+struct KeyAndSelection {
+  SecretKey key;
+  std::u16string selection;
+};
+
+// Nothing when either is missing.
+std::optional<KeyAndSelection> AskForKeyToSelection(Workbench& workbench, CryptoDialogs& dialogs) {
+  std::optional<SecretKey> key = AskForKey(workbench, dialogs, SecretDialog::Ciphers::kBoth);
+  if (!key) {
+    return std::nullopt;
+  }
+  std::u16string selection = workbench.editor().SelectedText();
+  if (selection.empty()) {
+    return std::nullopt;
+  }
+  return KeyAndSelection{*std::move(key), std::move(selection)};
+}
+
+std::u16string Enciphered(Workbench& workbench, const KeyAndSelection& given) {
+  if (!given.key.useRijndael) {
+    return TextEncrypt(given.selection, NumericKey(given.key.digits));
+  }
+  RefuseNul(given.selection);
+  return cRijndael(workbench.prompts()).StringEncrypt(given.selection, given.key.digits, kBits, kBits);
+}
+
+// Nothing when it is no ciphertext of this cipher.
+std::optional<std::u16string> Deciphered(Workbench& workbench, const KeyAndSelection& given) {
+  if (!given.key.useRijndael) {
+    return TextDecrypt(given.selection, NumericKey(given.key.digits));
+  }
+  std::u16string text = cRijndael(workbench.prompts()).StringDecrypt(given.selection, given.key.digits, kBits, kBits);
+  return text.empty() ? std::nullopt : std::optional(std::move(text));
+}
+
+void SaveAndRemark(Workbench& workbench, const std::filesystem::path& path, const SecretKey& key) {
+  SaveEnciphered(workbench, path, key.digits);
+  // What was typed was hidden; its length is one way to notice a slip while the plaintext is still there.
+  const std::string length = std::to_string(key.digits.size());
+  workbench.ShowStatus(u"已加密保存（密钥 " + std::u16string(length.begin(), length.end()) + u" 位）：" +
+                       TextOfPath(path));
+}
+
+// Saves a document that is kept in an enciphered file.
+DocumentSaver SaverFor(CryptoDialogs& dialogs, std::filesystem::path path) {
+  return [&dialogs, path = std::move(path)](Workbench& workbench) {
+    const Answer answer =
+        workbench.prompts().Ask({.text = u"此文档保存在加密文件里：\r\n" + TextOfPath(path) +
+                                         u"\r\n是否加密后存回这个文件？\r\n选“否”则另存为不加密的普通文件。",
+                                 .buttons = Buttons::kYesNoCancel,
+                                 .icon = Icon::kQuestion});
+    if (answer == Answer::kNo) {
+      return SaveOutcome::kSaveAsFile;
+    }
+    const std::optional<SecretKey> key =
+        answer == Answer::kYes ? AskForKey(workbench, dialogs, SecretDialog::Ciphers::kRijndaelOnly) : std::nullopt;
+    if (!key) {
+      return SaveOutcome::kNotSaved;
+    }
+    SaveAndRemark(workbench, path, *key);
+    workbench.document().MarkUnchanged();
+    return SaveOutcome::kSaved;
+  };
+}
+
+void TellFailure(Workbench& workbench, std::u16string_view what, std::u16string_view details) {
+  workbench.prompts().Ask({.text = std::u16string(what) + u"\r\n" + std::u16string(details), .icon = Icon::kCritical});
+}
+
+constexpr std::u16string_view kErrorOpening = u"Error Opening File";
+
+// Nothing when the file cannot be read, which has been told then.
+std::optional<std::u16string> ReadCiphertext(Workbench& workbench, const std::filesystem::path& path) {
+  try {
+    return workbench.document().TextOfFile(path);
+  } catch (const FileError& error) {
+    TellFailure(workbench, kErrorOpening, FailureMessage(error).text);
+  } catch (const ExplainedError& error) {
+    TellFailure(workbench, kErrorOpening, error.chinese());
+  }
+  return std::nullopt;
+}
+
+constexpr std::u16string_view kWrongKey = u"Incorrect Encryption Key";
+
+// Whether there is in it what documents hardly hold and random bytes soon do: bytes that are no character, or control
+// characters.
+bool LooksGarbled(std::u16string_view text) {
+  constexpr std::u16string_view kUsualControls = u"\t\n\f\r\x1A";
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    const bool isHalfOfPair = i > 0 && IsHighSurrogate(text[i - 1]);
+    const bool isLoneByte = text[i] >= 0xDC80 && text[i] <= 0xDCFF && !isHalfOfPair;
+    if (isLoneByte || (text[i] < u' ' && kUsualControls.find(text[i]) == std::u16string_view::npos)) {
+      return true;
+    }
+  }
+  return false;
+}
+
+bool AskWhetherToOpenGarbled(Workbench& workbench) {
+  return workbench.prompts().Ask({.text = std::u16string(kWrongKey) +
+                                          u"\r\n解出来的内容有乱码，多半是密钥不对，或文件被改动过。仍要打开吗？",
+                                  .buttons = Buttons::kYesNo,
+                                  .icon = Icon::kCritical,
+                                  .defaultAnswer = Answer::kNo}) == Answer::kYes;
+}
+
+// Nothing when it is not, or hardly, the plaintext of a document, which has been told then.
+std::optional<std::u16string> DecipherDocument(Workbench& workbench, std::u16string_view ciphertext,
+                                               const SecretKey& key) {
+  DecipheredText result = DecipherText(RijndaelKey(PasswordBytes(key.digits), kBits), FastestRijndael(), ciphertext);
+  if (result.outcome == DecipheredText::Outcome::kNotHexadecimal) {
+    TellFailure(workbench, kErrorOpening, u"错误：非十六进制数据！");
+  } else if (result.outcome == DecipheredText::Outcome::kNotWholeBlocks) {
+    TellFailure(workbench, kErrorOpening, u"密文不完整：长度不是 16 字节的整数倍。");
+  } else if (!result.whole || result.text.empty()) {
+    TellFailure(workbench, kWrongKey, u"解出来的不是当初加密的文字：密钥不对，或文件被改动过。");
+  } else if (!LooksGarbled(result.text) || AskWhetherToOpenGarbled(workbench)) {
+    return std::move(result.text);
+  }
+  return std::nullopt;
+}
+
+}  // namespace
+
+void mnuEncryptSelectedText(Workbench& workbench, CryptoDialogs& dialogs) {
+  if (const std::optional<KeyAndSelection> given = AskForKeyToSelection(workbench, dialogs)) {
+    workbench.editor().ReplaceSelection(Enciphered(workbench, *given));
+  }
+}
+
+void mnuDeEncryptSelectedText(Workbench& workbench, CryptoDialogs& dialogs) {
+  const std::optional<KeyAndSelection> given = AskForKeyToSelection(workbench, dialogs);
+  if (!given) {
+    return;
+  }
+  if (const std::optional<std::u16string> text = Deciphered(workbench, *given)) {
+    workbench.editor().ReplaceSelection(*text);
+  } else {
+    workbench.ShowStatus(u"没有解密：选中的不是完整的密文，或密钥不对");
+  }
+}
+
+void mnuSaveEncryptFile(Workbench& workbench, CryptoDialogs& dialogs) {
+  const std::filesystem::path chosen = workbench.prompts().AskForFile({.filter = u"*.txt"});
+  if (chosen.empty()) {
+    return;
+  }
+  const std::optional<SecretKey> key = AskForKey(workbench, dialogs, SecretDialog::Ciphers::kRijndaelOnly);
+  if (!key) {
+    return;
+  }
+  const std::filesystem::path path = PathOfText(WithTextExtension(TextOfPath(chosen)));
+  SaveAndRemark(workbench, path, *key);
+  const std::filesystem::path own = workbench.document().Path();
+  std::error_code ignored;
+  if (own.empty() || std::filesystem::equivalent(own, path, ignored)) {
+    workbench.document().SaveThrough(SaverFor(dialogs, path));
+  }
+}
+
+void mnuOpenEncryptedFile(Workbench& workbench, CryptoDialogs& dialogs) {
+  if (!workbench.document().OfferToSave()) {
+    return;
+  }
+  const std::filesystem::path path = workbench.prompts().AskForFile({.filter = u"*.txt;*.rtf"});
+  if (path.empty()) {
+    return;
+  }
+  const std::optional<SecretKey> key = AskForKey(workbench, dialogs, SecretDialog::Ciphers::kRijndaelOnly);
+  if (!key) {
+    return;
+  }
+  const std::optional<std::u16string> ciphertext = ReadCiphertext(workbench, path);
+  if (!ciphertext) {
+    return;
+  }
+  if (const std::optional<std::u16string> text = DecipherDocument(workbench, *ciphertext, *key)) {
+    workbench.document().ShowNew(*text, SaverFor(dialogs, path));
+  }
+}
+
+}  // namespace scrivanta
