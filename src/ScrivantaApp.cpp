@@ -6,6 +6,7 @@
 
 #include "shell/CommandTable.h"
 #include "shell/FrmMain.h"
+#include "shell/FrmOptions.h"
 #include "shell/PortableStore.h"
 #include "shell/ScrivantaDesktop.h"
 #include "shell/ScrivantaRegistry.h"
@@ -41,7 +42,9 @@ int RunApp(HINSTANCE instance, const std::u16string& commandLine, std::atomic<HW
   SettingsStore settings(*registry, iniFile);
   CommandTable commands;
   FrmMain mainWindow(host, FindFolders(iniFile), settings, commands);
+  FrmOptions options(host, [&mainWindow] { return mainWindow.handle(); });
   RegisterShellCommands(commands, mainWindow);
+  RegisterOptionsCommand(commands, mainWindow, options);
   mainWindow.Open(commandLine);
   if (window != nullptr) {
     window->store(mainWindow.handle());

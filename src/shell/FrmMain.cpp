@@ -15,7 +15,9 @@
 #include "shell/InstanceNumber.h"
 #include "shell/MainLayout.h"
 #include "shell/MenuTree.h"
+#include "shell/Options.h"
 #include "shell/WindowPlacement.h"
+#include "text/PlatformFile.h"
 #include "win/Monitors.h"
 #include "win/TopLevelWindows.h"
 #include "win/WideText.h"
@@ -76,7 +78,8 @@ FrmMain::FrmMain(WindowHost& host, Folders folders, Settings& settings, const Co
       busy_(host, bars_) {}
 
 void FrmMain::Open(std::u16string_view commandLine) {
-  const std::u16string_view documentPath = DocumentPathOf(commandLine);
+  const std::filesystem::path documentPath =
+      commandLine.empty() ? ReadOptions(settings_).defaultFile : PathOfText(DocumentPathOf(commandLine));
   untitledCaption_ = NumberedCaption(kProgramTitle, TopLevelWindowTitles());
   Create(windowClass_, ToWide(untitledCaption_), WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN, {0, 0, 0, 0});
   SetMenu(handle(), BuildMainMenu().Release());
@@ -96,7 +99,7 @@ void FrmMain::RestoreSettings() {
   std::vector<TwipRect> areas;
   std::ranges::transform(WorkAreas(), std::back_inserter(areas), &ToTwips);
   Place(handle(), FitPlacement(ReadPlacement(settings_), areas), SystemDotsPerInch());
-  editor_.SetWordWrap(settings_.Find(u"LineReturn", Store::kRegistry, kWindowSection).value_or(u"1") != u"1");
+  editor_.SetWordWrap(!ReadOptions(settings_).noWrapping);
 }
 
 LRESULT FrmMain::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {

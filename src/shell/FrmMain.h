@@ -31,7 +31,8 @@ class FrmMain final : public Window, public Workbench, public MainWindow, privat
  public:
   FrmMain(WindowHost& host, Folders folders, Settings& settings, const CommandTable& commands);
 
-  // Makes the window, shows it and opens the document of the command line, if there is one.
+  // Makes the window, shows it and opens the document of the command line, or the one that the options name when the
+  // command line is empty.
   void Open(std::u16string_view commandLine);
 
   Editor& editor() override { return editor_; }

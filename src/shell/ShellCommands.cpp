@@ -22,7 +22,8 @@ bool HasSelection(const WorkbenchState& state) {
 void mnuNew(Workbench& workbench, MainWindow& window) {
   window.KeepPlacement();
   std::filesystem::path program = workbench.folders().program / workbench.folders().iniFile.filename();
-  workbench.shell().Run(program.replace_extension(u".exe").u16string(), u"");
+  // An empty name, for an empty command line would open the file that the options name.
+  workbench.shell().Run(program.replace_extension(u".exe").u16string(), u"\"\"");
 }
 
 void ToggleEffect(RichBox& box, TextEffect effect) {

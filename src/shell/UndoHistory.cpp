@@ -173,12 +173,14 @@ void UndoHistory::Keep(RichText& kept, RichText richText) {
 
 void UndoHistory::MoveToUndone() {
   Seal();
+  commandHasStep_ = false;  // when undoing is itself a command, its own step may be the one undone
   undone_.push_back(std::move(done_.back()));
   done_.pop_back();
 }
 
 void UndoHistory::MoveToDone() {
   Seal();
+  commandHasStep_ = false;
   done_.push_back(std::move(undone_.back()));
   undone_.pop_back();
 }

@@ -210,6 +210,18 @@ TEST(DocumentHistory, AChangeThatNobodyToldOfIsAStepOfItsOwn) {
   session.control.selection = {{0}, 3};
   session.control.Type(u"1");
   EXPECT_EQ(session.UndoAll(), (std::vector<std::u16string>{u"one twox", u"one two"}));
+
+  Session fresh(u"one");
+  fresh.control.text = u"two";
+  fresh.Type(u"x");
+  fresh.control.text = u"four";
+  {
+    const UndoCommand undoing(fresh.history, fresh.control);
+    fresh.history.Undo(fresh.control);
+    fresh.history.Undo(fresh.control);
+  }
+  EXPECT_EQ(fresh.control.text, u"one");
+  EXPECT_EQ(fresh.history.history().redoCount(), 2U);
 }
 
 TEST(DocumentHistory, ForgetsTheOldestStepsWhenTheMemoryIsUsedUp) {

@@ -1,0 +1,39 @@
+// The options of the program, and the command that asks for them.
+#pragma once
+
+#include <filesystem>
+#include <optional>
+
+#include "shell/CommandTable.h"
+#include "shell/MainWindow.h"
+#include "shell/Workbench.h"
+
+namespace scrivanta {
+
+struct Options {
+  bool noWrapping = true;             // lines are not wrapped at the width of the window
+  bool allEnglish = true;             // the text has no Chinese characters: going to a line counts positions directly
+  std::filesystem::path defaultFile;  // opened when the program starts without a document
+
+  friend bool operator==(const Options&, const Options&) = default;
+};
+
+Options ReadOptions(const Settings& settings);
+void SaveOptions(const Options& options, Settings& settings);
+
+// The dialog, as the command sees it.
+class OptionsDialog {
+ public:
+  OptionsDialog() = default;
+  OptionsDialog(const OptionsDialog&) = delete;
+  OptionsDialog& operator=(const OptionsDialog&) = delete;
+  virtual ~OptionsDialog() = default;
+
+  // Nothing when the user has left them alone. The dialog tells where the ini file is.
+  virtual std::optional<Options> Ask(Workbench& workbench, const Options& options) = 0;
+};
+
+void mnuOptions(Workbench& workbench, MainWindow& window, OptionsDialog& dialog);
+void RegisterOptionsCommand(CommandTable& table, MainWindow& window, OptionsDialog& dialog);
+
+}  // namespace scrivanta

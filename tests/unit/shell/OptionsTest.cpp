@@ -1,0 +1,57 @@
+#include <gtest/gtest.h>
+
+#include "shell/Options.h"
+#include "support/ScriptedWorkbench.h"
+
+namespace scrivanta {
+namespace {
+
+class ScriptedDialog final : public OptionsDialog {
+ public:
+  std::optional<Options> Ask(Workbench&, const Options& options) override {
+    shown = options;
+    return answer;
+  }
+
+  Options shown;
+  std::optional<Options> answer;
+};
+
+class WrappingWindow final : public MainWindow {
+ public:
+  RichBox& richBox() override { throw std::logic_error("not asked for"); }
+  DocumentFile& documentFile() override { throw std::logic_error("not asked for"); }
+  void KeepPlacement() override {}
+  void RequestClose() override {}
+  void SetWordWrap(bool wrap) override { wraps = wrap; }
+  void Undo() override {}
+  void Redo() override {}
+
+  std::optional<bool> wraps;
+};
+
+TEST(Options, AreKeptAndAppliedOnlyWhenTheUserSaysSo) {
+  testing::ScriptedWorkbench workbench;
+  WrappingWindow window;
+  ScriptedDialog dialog;
+  mnuOptions(workbench, window, dialog);
+  EXPECT_EQ(dialog.shown, Options());
+  EXPECT_FALSE(window.wraps);
+  EXPECT_TRUE(workbench.settings().values.empty());
+
+  dialog.answer = Options{.noWrapping = false, .allEnglish = false, .defaultFile = "folder/a.txt"};
+  mnuOptions(workbench, window, dialog);
+  EXPECT_EQ(window.wraps, true);
+  const Settings& settings = workbench.settings();
+  EXPECT_EQ(settings.Get(u"LineReturn", Store::kRegistry, u"Settings"), u"0");
+  EXPECT_EQ(settings.Get(u"AllEnglish", Store::kRegistry, u"Settings"), u"0");
+
+  dialog.answer = Options{.noWrapping = true, .allEnglish = false, .defaultFile = {}};
+  mnuOptions(workbench, window, dialog);
+  EXPECT_EQ(dialog.shown, (Options{.noWrapping = false, .allEnglish = false, .defaultFile = "folder/a.txt"}));
+  EXPECT_EQ(window.wraps, false);
+  EXPECT_EQ(settings.Get(u"LineReturn", Store::kRegistry, u"Settings"), u"1");
+}
+
+}  // namespace
+}  // namespace scrivanta
