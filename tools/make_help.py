@@ -442,7 +442,7 @@ def read_registered(folder=ROOT / "src"):
     registered = set()
     for path in folder.glob("*/*.cpp"):
         source = path.read_text(encoding="utf-8")
-        registrations = re.findall(r"^void (Register\w*Commands)\(", source, re.MULTILINE)
+        registrations = re.findall(r"^void (Register\w+)\(", source, re.MULTILINE)
         if any(name + "(" in composition for name in registrations):
             registered.update(re.findall(r'Add\(\s*"(mnu\w+)"', source))
     return registered
