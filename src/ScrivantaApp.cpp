@@ -4,6 +4,8 @@
 
 #include <memory>
 
+#include "lines/FrmLineDialogs.h"
+#include "lines/LineCommands.h"
 #include "shell/CommandTable.h"
 #include "shell/FrmMain.h"
 #include "shell/FrmOptions.h"
@@ -30,8 +32,9 @@ std::unique_ptr<RegistryStore> OpenRegistryStore(const IniFile& iniFile) {
 }  // namespace
 
 int RunApp(HINSTANCE instance, const std::u16string& commandLine, std::atomic<HWND>* window) {
-  const ComApartment apartment;
+  // What was copied from the edit box lies on the clipboard as an object of this library, so the library goes last.
   const OwnedLibrary richEdit = LoadRichEditLibrary();
+  const ComApartment apartment;
   INITCOMMONCONTROLSEX controls{sizeof(controls), ICC_WIN95_CLASSES | ICC_BAR_CLASSES | ICC_PROGRESS_CLASS};
   InitCommonControlsEx(&controls);
 
@@ -43,8 +46,10 @@ int RunApp(HINSTANCE instance, const std::u16string& commandLine, std::atomic<HW
   CommandTable commands;
   FrmMain mainWindow(host, FindFolders(iniFile), settings, commands);
   FrmOptions options(host, [&mainWindow] { return mainWindow.handle(); });
+  FrmLineDialogs lineDialogs(host, [&mainWindow] { return mainWindow.handle(); });
   RegisterShellCommands(commands, mainWindow);
   RegisterOptionsCommand(commands, mainWindow, options);
+  RegisterLineCommands(commands, lineDialogs);
   mainWindow.Open(commandLine);
   if (window != nullptr) {
     window->store(mainWindow.handle());

@@ -1,0 +1,25 @@
+// The dialogs of the line commands on the real desktop.
+#pragma once
+
+#include <windows.h>
+
+#include <functional>
+
+#include "lines/LineDialogs.h"
+#include "win/WindowHost.h"
+
+namespace scrivanta {
+
+class FrmLineDialogs final : public LineDialogs {
+ public:
+  // The owner is asked for whenever a dialog is shown.
+  FrmLineDialogs(WindowHost& host, std::function<HWND()> owner) : host_(host), owner_(std::move(owner)) {}
+
+  void ShowDelLines(DelLinesDialog& dialog) override;
+
+ private:
+  WindowHost& host_;
+  std::function<HWND()> owner_;
+};
+
+}  // namespace scrivanta
