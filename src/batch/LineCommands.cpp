@@ -1,13 +1,57 @@
+#include <algorithm>
+#include <limits>
+#include <map>
 #include <memory>
+#include <optional>
+#include <random>
 
 #include <CLI/CLI.hpp>
+#include <nlohmann/json.hpp>
 
 #include "batch/BatchCommand.h"
 #include "lines/LineCleanup.h"
+#include "lines/LineShuffle.h"
+#include "lines/LineSort.h"
+#include "lines/LineStore.h"
+#include "lines/TextStatistics.h"
+#include "lines/WordFilter.h"
 
 namespace scrivanta {
 
 namespace {
+
+// One of the groups that a command divides its lines into: goes to the command's output, or is kept for later there,
+// and to a file of its own when it has one.
+class OutputGroup final : public ByteSink {
+ public:
+  OutputGroup(BatchContext& context, const std::string& file) : OutputGroup(context, file, context.output) {}
+  OutputGroup(BatchContext& context, const std::string& file, ByteSink& output)
+      : output_(output), file_(file.empty() ? nullptr : &context.openFurtherOutput(PathFromUtf8(file))) {}
+
+  void Write(std::string_view bytes) override {
+    output_.Write(bytes);
+    if (file_ != nullptr) {
+      file_->Write(bytes);
+    }
+  }
+
+ private:
+  ByteSink& output_;
+  ByteSink* file_;
+};
+
+// An option whose value is one of a few words.
+template <typename T>
+void AddChoice(CLI::App& parser, const std::string& name, T& value, const std::map<std::string, T>& choices,
+               const std::string& description) {
+  std::string words;
+  for (const auto& [word, meaning] : choices) {
+    words += (words.empty() ? "" : "|") + word;
+  }
+  parser.add_option(name, value, description)
+      ->transform(CLI::CheckedTransformer(choices).description(""))
+      ->type_name(words);
+}
 
 // The work of a command that goes from lines to lines and has nothing to set.
 template <typename Transform>
@@ -48,6 +92,82 @@ ExitStatus RunAddTabs(BatchContext& context) {
   return ExitStatus::kDone;
 }
 
+BatchWork ConfigureFilter(CLI::App& parser) {
+  struct Options {
+    std::string keyword;
+    std::string have;
+    std::string haveNot;
+  };
+  const auto options = std::make_shared<Options>();
+  parser.add_option("--keyword", options->keyword, "What the lines are to contain")->required()->type_name("K");
+  parser.add_option("--have", options->have, "Write the lines that contain it to a file too")->type_name("FILE");
+  parser.add_option("--have-not", options->haveNot, "Write the other lines to a file too")->type_name("FILE");
+  return [options](BatchContext& context) {
+    const WordFilterOptions filter{Decode(Encoding::kUtf8, options->keyword), context.encoding};
+    if (filter.keyword.empty()) {
+      throw UnusableArguments("--keyword must not be empty");
+    }
+    OutputGroup have(context, options->have);
+    Spool later;
+    OutputGroup haveNot(context, options->haveNot, later);
+    LineReader reader(context.input, LineEnds::kCrLfOrLf, context.progress);
+    LineWriter haveWriter(have);
+    LineWriter haveNotWriter(haveNot);
+    WordFilter(reader, haveWriter, haveNotWriter, filter);
+    haveWriter.Flush();
+    haveNotWriter.Flush();
+    CopyBytes(later, context.output);
+    return ExitStatus::kDone;
+  };
+}
+
+BatchWork ConfigureSort(CLI::App& parser) {
+  struct Options {
+    SortOptions sort;
+    std::size_t from = 1;
+    std::size_t to = std::numeric_limits<std::size_t>::max();
+  };
+  const auto options = std::make_shared<Options>();
+  const std::map<std::string, SortBy> kinds{{"string", SortBy::kString}, {"number", SortBy::kNumber}};
+  const std::map<std::string, bool> orders{{"up", false}, {"down", true}};
+  AddChoice(parser, "--by", options->sort.by, kinds, "What to compare: string (default) or number");
+  AddChoice(parser, "--order", options->sort.descending, orders, "up (default) or down");
+  parser.add_option("--from", options->from, "First line to sort, from 1")->type_name("X");
+  parser.add_option("--to", options->to, "Last line to sort")->type_name("Y");
+  return [options](BatchContext& context) {
+    LineReader reader(context.input, LineEnds::kCrLfOrLf, context.progress);
+    const LineStore lines(reader, context.input.Size());
+    SortOptions sort = options->sort;
+    sort.encoding = context.encoding;
+    sort.first = std::clamp<std::size_t>(options->from, 1, std::max<std::size_t>(1, lines.size()));
+    sort.last = std::min(options->to, lines.size());
+    LineWriter writer(context.output);
+    SortLines(lines, writer, sort, context.progress);
+    writer.Flush();
+    return ExitStatus::kDone;
+  };
+}
+
+BatchWork ConfigureShuffle(CLI::App& parser) {
+  const auto seed = std::make_shared<std::optional<std::uint64_t>>();
+  parser.add_option("--seed", *seed, "The same number gives the same order again")->type_name("N");
+  return [seed](BatchContext& context) {
+    LineReader reader(context.input, LineEnds::kCrLfOrLf, context.progress);
+    const LineStore lines(reader, context.input.Size());
+    LineWriter writer(context.output);
+    ShuffleLines(lines, writer, seed->has_value() ? **seed : std::random_device()(), context.progress);
+    writer.Flush();
+    return ExitStatus::kDone;
+  };
+}
+
+ExitStatus RunStatistics(BatchContext& context) {
+  const TextStatistics counted = CountText(context.input, LineEnds::kCrLfOrLf, context.encoding, context.progress);
+  const nlohmann::ordered_json result{{"characters", counted.characters}, {"hardLines", counted.hardLines}};
+  context.output.Write(result.dump() + "\n");
+  return ExitStatus::kDone;
+}
+
 }  // namespace
 
 std::vector<BatchCommand> LineBatchCommands() {
@@ -68,6 +188,22 @@ std::vector<BatchCommand> LineBatchCommands() {
        .description = "Give every line the same number of tabs",
        .example = "scrivanta-batch add-tabs table.txt -o table.txt",
        .configure = [](CLI::App&) -> BatchWork { return RunAddTabs; }},
+      {.name = "filter",
+       .description = "Put the lines that contain a keyword first, then the others",
+       .example = "scrivanta-batch filter --keyword error --have errors.txt log.txt -o both.txt",
+       .configure = ConfigureFilter},
+      {.name = "sort",
+       .description = "Sort lines",
+       .example = "scrivanta-batch sort --by number --order down prices.txt -o sorted.txt",
+       .configure = ConfigureSort},
+      {.name = "shuffle",
+       .description = "Put the lines into a random order",
+       .example = "scrivanta-batch shuffle --seed 1 cards.txt",
+       .configure = ConfigureShuffle},
+      {.name = "statistics",
+       .description = "Count characters and lines",
+       .example = "scrivanta-batch statistics --encoding utf-8 notes.txt",
+       .configure = [](CLI::App&) -> BatchWork { return RunStatistics; }},
   };
 }
 

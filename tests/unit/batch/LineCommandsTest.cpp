@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "support/BatchRun.h"
+#include "support/TemporaryFolder.h"
 
 namespace scrivanta::testing {
 namespace {
@@ -26,12 +27,34 @@ TEST(LineCommands, CleanUpLines) {
       {{"add-tabs"}, "a\tb\t\nc\n\n", "a\tb\t\r\nc\t\t\r\n\t\t\r\n"},
       {{"add-tabs"}, "a\nb", "a\r\nb\r\n"},
       {{"add-tabs"}, "", ""},
+      {{"sort"}, "c\na\nb", "a\r\nb\r\nc\r\n"},
+      {{"sort", "--order", "down", "--by", "number"}, "a2\nb10\n", "b10\r\na2\r\n"},
+      {{"sort", "--from", "2", "--to", "99"}, "c\nb\na", "c\r\na\r\nb\r\n"},
+      {{"sort", "--from", "0", "--to", "2"}, "c\nb\na", "b\r\nc\r\na\r\n"},
+      {{"sort", "--from", "9"}, "", ""},
+      {{"shuffle", "--seed", "3"}, "a", "a\r\n"},
+      {{"statistics"}, "ab\r\nc", "{\"characters\":5,\"hardLines\":2}\n"},
   };
   for (const Case& c : cases) {
     const BatchResult result = RunBatchOn(c.input, c.arguments);
     EXPECT_EQ(result.status, 0) << result.errors;
     EXPECT_EQ(result.output, c.output) << c.arguments[0] << " of " << c.input;
   }
+}
+
+TEST(LineCommands, FilterWritesItsGroups) {
+  const TemporaryFolder folder;
+  const std::string have = (folder.path() / "have.txt").string();
+  const std::string haveNot = (folder.path() / "have-not.txt").string();
+  const BatchResult result = RunBatchOn(
+      "一\n二\n", {"filter", "--encoding", "utf-8", "--keyword", "一", "--have", have, "--have-not", haveNot});
+  EXPECT_EQ(result.status, 0) << result.errors;
+  const std::string haveGroup = "以下行 含有 关键字：一\r\n一\r\n";
+  const std::string haveNotGroup = "\r\n" + std::string(24, '=') + "\r\n以下行 不含有 关键字：一\r\n二\r\n";
+  EXPECT_EQ(result.output, haveGroup + haveNotGroup);
+  EXPECT_EQ(ReadWholeFile(have), haveGroup);
+  EXPECT_EQ(ReadWholeFile(haveNot), haveNotGroup);
+  EXPECT_EQ(RunBatchOn("", {"filter", "--keyword", ""}).status, 2);
 }
 
 TEST(LineCommands, TakeAVeryLongLine) {

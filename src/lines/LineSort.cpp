@@ -1,0 +1,57 @@
+#include "lines/LineSort.h"
+
+#include <algorithm>
+#include <span>
+
+#include "lines/KeyedLine.h"
+#include "lines/LineNumber.h"
+#include "lines/PacedProgress.h"
+#include "lines/StringOrder.h"
+#include "lines/WriteInOrder.h"
+
+namespace scrivanta {
+
+namespace {
+
+void SortByNumber(const LineStore& lines, std::span<KeyedLine> range, Encoding encoding, Progress& progress) {
+  PacedProgress reading(progress, range.size());
+  for (KeyedLine& line : range) {
+    reading.Step();
+    line.key = LineNumber(lines[line.index], encoding).Key();
+  }
+  KeySorter(progress).Sort(range);
+  for (auto begin = range.begin(); begin != range.end();) {
+    const std::uint64_t key = begin->key;
+    const auto end = std::find_if(begin, range.end(), [key](const KeyedLine& line) { return line.key != key; });
+    if (!LineNumber::IsExactKey(key)) {
+      std::ranges::stable_sort(std::span(begin, end), [&](const KeyedLine& left, const KeyedLine& right) {
+        return LineNumber(lines[left.index], encoding) < LineNumber(lines[right.index], encoding);
+      });
+    }
+    begin = end;
+  }
+}
+
+}  // namespace
+
+void SortLines(const LineStore& lines, LineWriter& out, const SortOptions& options, Progress& progress) {
+  std::vector<KeyedLine> order(lines.size());
+  for (std::size_t i = 0; i < order.size(); ++i) {
+    order[i].index = i;
+  }
+  if (options.first < options.last) {
+    const std::span<KeyedLine> range = std::span(order).subspan(options.first - 1, options.last + 1 - options.first);
+    if (options.by == SortBy::kNumber) {
+      SortByNumber(lines, range, options.encoding, progress);
+    } else {
+      StringOrder(lines, options.encoding, progress).Sort(range);
+    }
+  }
+  if (options.descending) {
+    std::ranges::reverse(order);
+  }
+  WriteInOrder(
+      lines, order.size(), [&order](std::size_t i) { return order[i].index; }, out, progress);
+}
+
+}  // namespace scrivanta
