@@ -1,7 +1,6 @@
 #include "batch/Spool.h"
 
 #include <algorithm>
-#include <array>
 #include <cerrno>
 #include <vector>
 

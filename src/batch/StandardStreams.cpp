@@ -1,34 +1,30 @@
 #include "batch/StandardStreams.h"
 
-#include <cerrno>
+#include "text/PlatformFile.h"
 
 namespace scrivanta {
-
-namespace {
-
-std::error_code LastError() {
-  return {errno, std::generic_category()};
-}
-
-}  // namespace
 
 std::size_t StandardInput::Read(std::span<char> buffer) {
   const std::size_t count = std::fread(buffer.data(), 1, buffer.size(), stdin);
   if (count == 0 && std::ferror(stdin) != 0) {
-    throw FileError("standard input", LastError());
+    throw FileError("standard input", LastFileError());
   }
   return count;
 }
 
+std::optional<std::uint64_t> StandardInput::Size() const {
+  return SizeOfFile(stdin);
+}
+
 void StandardOutput::Write(std::string_view bytes) {
   if (std::fwrite(bytes.data(), 1, bytes.size(), stdout) != bytes.size()) {
-    throw FileError("standard output", LastError());
+    throw FileError("standard output", LastFileError());
   }
 }
 
 void StandardOutput::Flush() {
   if (std::fflush(stdout) != 0) {
-    throw FileError("standard output", LastError());
+    throw FileError("standard output", LastFileError());
   }
 }
 

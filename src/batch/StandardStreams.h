@@ -10,6 +10,7 @@ namespace scrivanta {
 class StandardInput final : public ByteSource {
  public:
   std::size_t Read(std::span<char> buffer) override;
+  std::optional<std::uint64_t> Size() const override;
 };
 
 class StandardOutput final : public ByteSink {
