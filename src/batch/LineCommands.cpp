@@ -9,6 +9,7 @@
 #include <nlohmann/json.hpp>
 
 #include "batch/BatchCommand.h"
+#include "lines/DuplicateFilter.h"
 #include "lines/LineCleanup.h"
 #include "lines/LineShuffle.h"
 #include "lines/LineSort.h"
@@ -42,8 +43,8 @@ class OutputGroup final : public ByteSink {
 
 // An option whose value is one of a few words.
 template <typename T>
-void AddChoice(CLI::App& parser, const std::string& name, T& value, const std::map<std::string, T>& choices,
-               const std::string& description) {
+void AddChoice(CLI::App& parser, const std::string& name, T& value,
+               const std::map<std::string, std::type_identity_t<T>>& choices, const std::string& description) {
   std::string words;
   for (const auto& [word, meaning] : choices) {
     words += (words.empty() ? "" : "|") + word;
@@ -121,6 +122,63 @@ BatchWork ConfigureFilter(CLI::App& parser) {
   };
 }
 
+using DuplicateTransform = std::function<void(LineReader&, LineWriter& kept, LineWriter& report)>;
+
+// Writes the kept lines, then the report; without any copy of a repeated line unless the first is to be kept.
+void WriteWithoutDuplicates(BatchContext& context, bool keepFirst, const DuplicateTransform& transform) {
+  Spool keptLater;
+  Spool reportLater;
+  LineWriter kept(keepFirst ? context.output : keptLater);
+  LineWriter report(reportLater);
+  LineReader reader(context.input, LineEnds::kCrLfOrLf, context.progress);
+  transform(reader, kept, report);
+  kept.Flush();
+  report.Flush();
+  if (!keepFirst) {
+    LineReader keptReader(keptLater, LineEnds::kCrLf, context.progress);
+    LineReader reportReader(reportLater, LineEnds::kCrLf, context.progress);
+    LineWriter output(context.output);
+    DropReportedLines(keptReader, reportReader, output);
+    output.Flush();
+    reportLater.Rewind();
+  }
+  CopyBytes(reportLater, context.output);
+}
+
+void AddKeepChoice(CLI::App& parser, bool& keepFirst) {
+  AddChoice(parser, "--keep", keepFirst, {{"first", true}, {"none", false}},
+            "Which copy of a repeated line is kept: the first (default) or none");
+}
+
+BatchWork ConfigureDedupe(CLI::App& parser) {
+  struct Options {
+    bool keepFirst = true;
+    DuplicateKey key = DuplicateKey::kLine;
+  };
+  const auto options = std::make_shared<Options>();
+  AddKeepChoice(parser, options->keepFirst);
+  AddChoice(parser, "--key", options->key, {{"line", DuplicateKey::kLine}, {"file-name", DuplicateKey::kFileName}},
+            "What is compared: the line (default), or the file name at its end");
+  return [options](BatchContext& context) {
+    const DuplicateOptions duplicates{options->key, context.encoding};
+    WriteWithoutDuplicates(context, options->keepFirst, [&](LineReader& in, LineWriter& kept, LineWriter& report) {
+      FilterDuplicates(in, kept, report, duplicates);
+    });
+    return ExitStatus::kDone;
+  };
+}
+
+BatchWork ConfigureDedupeConsecutive(CLI::App& parser) {
+  const auto keepFirst = std::make_shared<bool>(true);
+  AddKeepChoice(parser, *keepFirst);
+  return [keepFirst](BatchContext& context) {
+    WriteWithoutDuplicates(context, *keepFirst, [&](LineReader& in, LineWriter& kept, LineWriter& report) {
+      FilterConsecutiveDuplicates(in, kept, report, context.encoding);
+    });
+    return ExitStatus::kDone;
+  };
+}
+
 BatchWork ConfigureSort(CLI::App& parser) {
   struct Options {
     SortOptions sort;
@@ -136,7 +194,7 @@ BatchWork ConfigureSort(CLI::App& parser) {
   parser.add_option("--to", options->to, "Last line to sort")->type_name("Y");
   return [options](BatchContext& context) {
     LineReader reader(context.input, LineEnds::kCrLfOrLf, context.progress);
-    const LineStore lines(reader, context.input.Size());
+    const LineStore lines(reader);
     SortOptions sort = options->sort;
     sort.encoding = context.encoding;
     sort.first = std::clamp<std::size_t>(options->from, 1, std::max<std::size_t>(1, lines.size()));
@@ -153,7 +211,7 @@ BatchWork ConfigureShuffle(CLI::App& parser) {
   parser.add_option("--seed", *seed, "The same number gives the same order again")->type_name("N");
   return [seed](BatchContext& context) {
     LineReader reader(context.input, LineEnds::kCrLfOrLf, context.progress);
-    const LineStore lines(reader, context.input.Size());
+    const LineStore lines(reader);
     LineWriter writer(context.output);
     ShuffleLines(lines, writer, seed->has_value() ? **seed : std::random_device()(), context.progress);
     writer.Flush();
@@ -192,6 +250,14 @@ std::vector<BatchCommand> LineBatchCommands() {
        .description = "Put the lines that contain a keyword first, then the others",
        .example = "scrivanta-batch filter --keyword error --have errors.txt log.txt -o both.txt",
        .configure = ConfigureFilter},
+      {.name = "dedupe",
+       .description = "Take repeated lines out and list them behind the others",
+       .example = "scrivanta-batch dedupe --keep none names.txt -o names-once.txt",
+       .configure = ConfigureDedupe},
+      {.name = "dedupe-consecutive",
+       .description = "Take lines out that equal the line before them",
+       .example = "scrivanta-batch dedupe-consecutive log.txt -o short.txt",
+       .configure = ConfigureDedupeConsecutive},
       {.name = "sort",
        .description = "Sort lines",
        .example = "scrivanta-batch sort --by number --order down prices.txt -o sorted.txt",

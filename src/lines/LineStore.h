@@ -2,8 +2,6 @@
 #pragma once
 
 #include <cstddef>
-#include <cstdint>
-#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -14,9 +12,8 @@ namespace scrivanta {
 
 class LineStore {
  public:
-  // Reads all lines that are left. When their size in bytes is known there is no memory to spare in the store. Throws
-  // FileError, Interrupted.
-  explicit LineStore(LineReader& in, std::optional<std::uint64_t> size = std::nullopt);
+  // Reads all lines that are left. Throws FileError, Interrupted.
+  explicit LineStore(LineReader& in);
 
   std::size_t size() const noexcept { return ends_.size(); }
   // Lines count from 0. Valid as long as the store.

@@ -3,6 +3,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <string_view>
 #include <vector>
 
@@ -28,6 +29,8 @@ class LineReader {
   std::string_view line() const noexcept { return line_; }
   // Lines count from 1; 0 before the first call of Next.
   std::uint64_t number() const noexcept { return number_; }
+  // Of all the bytes that are read, where it is known.
+  std::optional<std::uint64_t> sourceSize() const { return source_.Size(); }
 
  private:
   bool Refill();
