@@ -1,6 +1,7 @@
 // The text of all matches of a pattern.
 #pragma once
 
+#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -19,6 +20,29 @@ struct RegExpExtractOptions {
   // taken as one group.
   std::u16string groupList = {};
   std::u16string groupSeparator = {};
+};
+
+// A pattern made ready for the extraction from many texts.
+class RegExpExtractor {
+ public:
+  // Throws RegExpSyntaxError.
+  RegExpExtractor(const RegExpEngine& engine, std::u16string_view pattern, const RegExpExtractOptions& options,
+                  Progress& progress);
+
+  // As ExtractFromText.
+  std::vector<std::u16string> Extract(std::u16string_view text);
+
+ private:
+  std::vector<std::u16string> ExtractOnce(std::u16string_view text);
+  std::u16string ExtractUntilNothingChanges(std::u16string text);
+  std::u16string ResultOf(const RegExpMatch& match) const;
+
+  bool keepsCarriageReturn_;
+  bool repeat_;
+  std::vector<std::size_t> groups_;
+  std::u16string separator_;
+  Progress& progress_;
+  std::unique_ptr<RegExp> regExp_;
 };
 
 // Matches everywhere, with ^ and $ at every line. A carriage return at the end of a match is dropped, unless the
