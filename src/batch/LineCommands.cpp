@@ -14,6 +14,7 @@
 #include "lines/LineShuffle.h"
 #include "lines/LineSort.h"
 #include "lines/LineStore.h"
+#include "lines/RegExpLineFilters.h"
 #include "lines/TextStatistics.h"
 #include "lines/WordFilter.h"
 
@@ -93,14 +94,26 @@ ExitStatus RunAddTabs(BatchContext& context) {
   return ExitStatus::kDone;
 }
 
+// All lines as one text with line breaks.
+std::u16string ReadText(LineReader& in, Encoding encoding) {
+  std::u16string text;
+  while (in.Next()) {
+    DecodeAppend(encoding, in.line(), text);
+    text += u"\r\n";
+  }
+  return text;
+}
+
 BatchWork ConfigureFilter(CLI::App& parser) {
   struct Options {
     std::string keyword;
     std::string have;
     std::string haveNot;
+    bool regExp = false;
   };
   const auto options = std::make_shared<Options>();
   parser.add_option("--keyword", options->keyword, "What the lines are to contain")->required()->type_name("K");
+  parser.add_flag("--regexp", options->regExp, "The keyword is a regular expression: its matches come first");
   parser.add_option("--have", options->have, "Write the lines that contain it to a file too")->type_name("FILE");
   parser.add_option("--have-not", options->haveNot, "Write the other lines to a file too")->type_name("FILE");
   return [options](BatchContext& context) {
@@ -114,7 +127,12 @@ BatchWork ConfigureFilter(CLI::App& parser) {
     LineReader reader(context.input, LineEnds::kCrLfOrLf, context.progress);
     LineWriter haveWriter(have);
     LineWriter haveNotWriter(haveNot);
-    WordFilter(reader, haveWriter, haveNotWriter, filter);
+    if (options->regExp) {
+      RegExpWordFilter(ReadText(reader, context.encoding), haveWriter, haveNotWriter, filter, BuiltInRegExpEngine(),
+                       context.progress);
+    } else {
+      WordFilter(reader, haveWriter, haveNotWriter, filter);
+    }
     haveWriter.Flush();
     haveNotWriter.Flush();
     CopyBytes(later, context.output);
@@ -151,18 +169,30 @@ void AddKeepChoice(CLI::App& parser, bool& keepFirst) {
 }
 
 BatchWork ConfigureDedupe(CLI::App& parser) {
+  enum class Key { kLine, kFileName, kRegExp };
   struct Options {
     bool keepFirst = true;
-    DuplicateKey key = DuplicateKey::kLine;
+    Key key = Key::kLine;
+    std::string pattern;
   };
   const auto options = std::make_shared<Options>();
   AddKeepChoice(parser, options->keepFirst);
-  AddChoice(parser, "--key", options->key, {{"line", DuplicateKey::kLine}, {"file-name", DuplicateKey::kFileName}},
-            "What is compared: the line (default), or the file name at its end");
+  AddChoice(parser, "--key", options->key,
+            {{"line", Key::kLine}, {"file-name", Key::kFileName}, {"regexp", Key::kRegExp}},
+            "What is compared: the line (default), the file name at its end, or what the pattern finds in it");
+  parser.add_option("--pattern", options->pattern, "The regular expression for --key regexp")->type_name("P");
   return [options](BatchContext& context) {
-    const DuplicateOptions duplicates{options->key, context.encoding};
+    const std::u16string pattern = Decode(Encoding::kUtf8, options->pattern);
+    if ((options->key == Key::kRegExp) == pattern.empty()) {
+      throw UnusableArguments("--key regexp and --pattern go together");
+    }
     WriteWithoutDuplicates(context, options->keepFirst, [&](LineReader& in, LineWriter& kept, LineWriter& report) {
-      FilterDuplicates(in, kept, report, duplicates);
+      if (options->key == Key::kRegExp) {
+        RegExpFilterDuplicates(in, kept, report, pattern, context.encoding, BuiltInRegExpEngine(), context.progress);
+      } else {
+        const DuplicateKey key = options->key == Key::kFileName ? DuplicateKey::kFileName : DuplicateKey::kLine;
+        FilterDuplicates(in, kept, report, {key, context.encoding});
+      }
     });
     return ExitStatus::kDone;
   };

@@ -13,6 +13,7 @@ TEST(LineCommands, CleanUpLines) {
     std::string output;
   };
   const std::string withNul("a\0 \n\n \0", 7);
+  const std::string gaps = "\r\n\r\n\r\n\r\n\r\n\r\n以下为重复de文字行：\r\n";
   const Case cases[] = {
       {{"del-empty-lines"}, "", ""},
       {{"del-empty-lines"}, "\r\n", ""},
@@ -33,6 +34,15 @@ TEST(LineCommands, CleanUpLines) {
       {{"sort", "--from", "0", "--to", "2"}, "c\nb\na", "b\r\nc\r\na\r\n"},
       {{"sort", "--from", "9"}, "", ""},
       {{"shuffle", "--seed", "3"}, "a", "a\r\n"},
+      {{"dedupe-consecutive", "--keep", "none", "--encoding", "utf-8"},
+       "a\na\nb",
+       "b\r\n以下为重复de文字行：\r\na\r\n"},
+      {{"dedupe", "--encoding", "utf-8"}, "a b\nb\nc", "a b\r\nc\r\n" + gaps + "\r\nb\r\n"},
+      {{"dedupe", "--keep", "none", "--encoding", "utf-8"}, "ab\nabc\nabc\nx", "x\r\n" + gaps + "\r\nabc\r\n"},
+      {{"dedupe", "--key", "file-name", "--encoding", "utf-8"}, "a\\x\nb\\x", "a\\x\r\n" + gaps + "\r\nb\\x\r\n"},
+      {{"dedupe", "--key", "regexp", "--pattern", "\\d", "--encoding", "utf-8"},
+       "a1\nb1\nb2",
+       "a1\r\nb2\r\n" + gaps + "\r\nb1\r\n"},
       {{"statistics"}, "ab\r\nc", "{\"characters\":5,\"hardLines\":2}\n"},
   };
   for (const Case& c : cases) {
@@ -54,7 +64,14 @@ TEST(LineCommands, FilterWritesItsGroups) {
   EXPECT_EQ(result.output, haveGroup + haveNotGroup);
   EXPECT_EQ(ReadWholeFile(have), haveGroup);
   EXPECT_EQ(ReadWholeFile(haveNot), haveNotGroup);
+}
+
+TEST(LineCommands, RefuseArgumentsThatDoNotGoTogether) {
   EXPECT_EQ(RunBatchOn("", {"filter", "--keyword", ""}).status, 2);
+  EXPECT_EQ(RunBatchOn("", {"dedupe", "--pattern", "a"}).status, 2);
+  EXPECT_EQ(RunBatchOn("", {"dedupe", "--key", "regexp"}).status, 2);
+  EXPECT_EQ(RunBatchOn("", {"dedupe", "--keep", "last"}).status, 2);
+  EXPECT_EQ(RunBatchOn("a", {"filter", "--regexp", "--keyword", "("}).status, 2);
 }
 
 TEST(LineCommands, TakeAVeryLongLine) {
