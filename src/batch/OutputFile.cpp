@@ -15,14 +15,14 @@ bool IsWrittenStraight(const std::filesystem::path& target) {
 
 OutputFile::OutputFile(const std::filesystem::path& target) : target_(target) {
   if (IsWrittenStraight(target)) {
-    spool_.emplace();
+    spool_ = std::make_unique<Spool>();
   } else {
-    file_.emplace(target, Durability::kAgainstKill);
+    file_ = std::make_unique<AtomicFile>(target, Durability::kAgainstKill);
   }
 }
 
 void OutputFile::Write(std::string_view bytes) {
-  if (spool_) {
+  if (spool_ != nullptr) {
     spool_->Write(bytes);
   } else {
     file_->Write(bytes);
@@ -30,13 +30,13 @@ void OutputFile::Write(std::string_view bytes) {
 }
 
 void OutputFile::Prepare() {
-  if (file_) {
+  if (file_ != nullptr) {
     file_->Prepare();
   }
 }
 
 void OutputFile::Commit() {
-  if (file_) {
+  if (file_ != nullptr) {
     file_->Commit();
     return;
   }

@@ -2,7 +2,7 @@
 #pragma once
 
 #include <filesystem>
-#include <optional>
+#include <memory>
 
 #include "batch/Spool.h"
 #include "text/AtomicFile.h"
@@ -24,8 +24,8 @@ class OutputFile final : public ByteSink {
  private:
   std::filesystem::path target_;
   // One of the two.
-  std::optional<AtomicFile> file_;
-  std::optional<Spool> spool_;
+  std::unique_ptr<AtomicFile> file_;
+  std::unique_ptr<Spool> spool_;
 };
 
 }  // namespace scrivanta
