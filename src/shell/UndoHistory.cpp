@@ -80,7 +80,7 @@ UndoHistory::Gathering UndoHistory::KindOf(const ControlEdit& edit, ControlRange
   if (!selectionBefore.empty() || edit.removed.size() > 2) {  // a surrogate pair goes at once
     return Gathering::kNone;
   }
-  return edit.start < selectionBefore.start ? Gathering::kBackspace : Gathering::kDelete;
+  return Gathering::kErasing;
 }
 
 bool UndoHistory::Gathers(Gathering kind, const ControlEdit& edit, Time now) const {
@@ -95,14 +95,15 @@ bool UndoHistory::Gathers(Gathering kind, const ControlEdit& edit, Time now) con
     return edit.removed.empty() && edit.start == last.insertedRange().end() &&
            !StepEndsBetween(last.inserted.back(), edit.inserted.front());
   }
-  const ControlPos joint = kind == Gathering::kBackspace ? edit.removedRange().end() : edit.start;
-  return joint == last.start && edit.removed.front() != u'\r' && last.removed.front() != u'\r';
+  // Backwards or forwards: some controls move the caret before they erase, so it does not tell which.
+  const bool adjoins = edit.removedRange().end() == last.start || edit.start == last.start;
+  return adjoins && edit.removed.front() != u'\r' && last.removed.front() != u'\r';
 }
 
 void UndoHistory::Gather(Gathering kind, ControlEdit edit) {
   ControlEdit& last = done_.back().parts.back().edits.back();
   bytes_ += (edit.removed.size() + edit.inserted.size()) * sizeof(char16_t);
-  if (kind == Gathering::kBackspace) {
+  if (kind == Gathering::kErasing && edit.start < last.start) {
     last.start = edit.start;
     last.removed.insert(0, edit.removed);
   } else {

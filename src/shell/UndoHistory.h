@@ -46,7 +46,7 @@ class UndoHistory {
   // All of these take what has been undone away from redoing.
   //
   // Typed characters are gathered into words: a word with the blanks or the punctuation behind it is one step, a line
-  // break another. Characters erased one by one in one direction are gathered as far as the line goes. A pause, a
+  // break another. Characters erased one by one at one place are gathered as far as the line goes. A pause, a
   // hundred characters, another place or kind of edit, and Seal end a step.
   void Record(ControlEdit edit, ControlRange selectionBefore, ControlRange selectionAfter, Time now);
   void RecordRebuild(UndoPart rebuild, ControlRange selectionBefore, ControlRange selectionAfter);
@@ -74,7 +74,7 @@ class UndoHistory {
   std::size_t bytes() const noexcept { return bytes_; }
 
  private:
-  enum class Gathering { kNone, kTyping, kBackspace, kDelete };
+  enum class Gathering { kNone, kTyping, kErasing };
 
   static Gathering KindOf(const ControlEdit& edit, ControlRange selectionBefore);
   bool Gathers(Gathering kind, const ControlEdit& edit, Time now) const;
