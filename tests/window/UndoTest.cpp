@@ -1,0 +1,94 @@
+#include "window/driver/WindowTest.h"
+
+namespace scrivanta {
+namespace {
+
+class UndoTest : public WindowTest {
+ protected:
+  void ExpectMenu(bool canUndo, bool canRedo) {
+    app.Settle();
+    EXPECT_EQ(app.MenuEntry("mnuUndo").enabled, canUndo);
+    EXPECT_EQ(app.MenuEntry("mnuRedo").enabled, canRedo);
+  }
+};
+
+TEST_F(UndoTest, UndoesTypedWordsAndRedoesThem) {
+  app.Start();
+  ExpectMenu(false, false);
+  app.Type(u"one two");
+  app.ExpectText(u"one two");
+  ExpectMenu(true, false);
+  app.Menu("mnuUndo");
+  app.ExpectText(u"one ");
+  ExpectMenu(true, true);
+  app.Menu("mnuUndo");
+  app.ExpectText(u"");
+  ExpectMenu(false, true);
+  app.Menu("mnuRedo");
+  app.Menu("mnuRedo");
+  app.ExpectText(u"one two");
+  ExpectMenu(true, false);
+  app.Menu("mnuUndo");
+  app.Type(u"x");
+  app.ExpectText(u"one x");
+  ExpectMenu(true, false);
+}
+
+TEST_F(UndoTest, ALineBreakComesBackWhereItWas) {
+  app.Start();
+  app.Open(folder.Write("a.txt", "first\r\nsecond\r\nthird"));
+  app.Editor().Select({{7}, 0});
+  app.Press("Back");
+  app.ExpectText(u"firstsecond\r\nthird");
+  app.Press("Delete");
+  app.ExpectText(u"firstecond\r\nthird");
+  app.Menu("mnuUndo");
+  app.ExpectText(u"firstsecond\r\nthird");
+  app.Menu("mnuUndo");
+  app.ExpectText(u"first\r\nsecond\r\nthird");
+  ExpectMenu(false, true);
+}
+
+TEST_F(UndoTest, TypingOverASelectionIsOneStep) {
+  app.Start();
+  app.Open(folder.Write("a.txt", Gbk(u"一二三\r\n四五六")));
+  app.Editor().SelectText(u"二三\r\n四");
+  app.Type(u"x");
+  app.ExpectText(u"一x五六");
+  app.Menu("mnuUndo");
+  app.ExpectText(u"一二三\r\n四五六");
+  EXPECT_EQ(app.Editor().SelectedText(), u"二三\r\n四");
+}
+
+TEST_F(UndoTest, LeavesTheFormattingOfUntouchedText) {
+  app.Start();
+  app.Open(folder.Write("a.txt", "bold plain"));
+  app.Editor().SelectText(u"bold");
+  app.Menu("mnuBold");
+  app.Editor().Select({{10}, 0});
+  app.Type(u"more");
+  app.ExpectText(u"bold plainmore");
+  app.Menu("mnuUndo");
+  app.ExpectText(u"bold plain");
+  app.Editor().SelectText(u"bold");
+  EXPECT_NE(app.Editor().SelectionFormat().dwEffects & CFE_BOLD, 0U);
+  app.Editor().SelectText(u"plain");
+  EXPECT_EQ(app.Editor().SelectionFormat().dwEffects & CFE_BOLD, 0U);
+}
+
+TEST_F(UndoTest, ACommandIsOneStep) {
+  app.Start();
+  app.Open(folder.Write("a.txt", "one two\r\nthree"));
+  app.Editor().SelectText(u"two\r\nth");
+  app.Menu("mnuAllcaps");
+  app.ExpectText(u"one TWO\r\nTHree");
+  app.Menu("mnuUndo");
+  app.ExpectText(u"one two\r\nthree");
+  EXPECT_EQ(app.Editor().SelectedText(), u"two\r\nth");
+  ExpectMenu(false, true);
+  app.Menu("mnuRedo");
+  app.ExpectText(u"one TWO\r\nTHree");
+}
+
+}  // namespace
+}  // namespace scrivanta
