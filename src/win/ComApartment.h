@@ -14,6 +14,7 @@ class ComApartment {
   ComApartment& operator=(const ComApartment&) = delete;
   ~ComApartment() {
     if (entered_) {
+      OleFlushClipboard();  // what was copied outlives the program
       OleUninitialize();
     }
   }
