@@ -24,6 +24,9 @@ namespace scrivanta {
 namespace {
 
 constexpr char16_t kInterruptCaption[] = u"中断继续运行【通用】";
+// The main window's icon in the tray, and how its events arrive.
+constexpr UINT kTrayIconId = 1;
+constexpr UINT kTrayMessage = WM_MOUSEMOVE;
 
 // What the system hands over when files are dropped; the receiver frees it.
 HGLOBAL MakeDrop(std::initializer_list<std::filesystem::path> files) {
@@ -127,6 +130,7 @@ int App::WaitForEnd() {
   WaitUntil("the program to end", [this] { return !running_; });
   thread_.join();
   fence_.reset();
+  window_ = nullptr;
   if (failure_) {
     std::rethrow_exception(std::exchange(failure_, nullptr));
   }
@@ -201,6 +205,10 @@ DialogDriver App::ExpectDialog(std::u16string_view caption) {
   return {window, [this] { Settle(); }};
 }
 
+DialogDriver App::ExpectInterruptWindow() {
+  return ExpectDialog(kInterruptCaption);
+}
+
 FileDialogDriver App::ExpectFileDialog() {
   return FileDialogDriver(GetCurrentProcessId());
 }
@@ -265,15 +273,18 @@ std::optional<int> App::Progress() const {
 }
 
 void App::BringToFront() const {
-  WaitUntil("the program to come to the front", [this] {
+  WaitUntil("the program to come to the front and to have the focus", [this] {
     const HWND front = GetForegroundWindow();
+    GUITHREADINFO info{};
+    info.cbSize = sizeof(info);
+    GetGUIThreadInfo(GetWindowThreadProcessId(MainWindow(), nullptr), &info);
     DWORD owner = 0;
     GetWindowThreadProcessId(front, &owner);
-    if (front != nullptr && owner == GetCurrentProcessId()) {
+    if (front != nullptr && owner == GetCurrentProcessId() && info.hwndActive == front && info.hwndFocus != nullptr) {
       return true;
     }
-    PressKey(VK_MENU);  // without it the system keeps the window of another program in front
-    SetForegroundWindow(MainWindow());
+    ReleaseKey(VK_MENU);  // without a key the system may keep the window of another program in front
+    SetForegroundWindow(GetLastActivePopup(MainWindow()));
     return false;
   });
 }
@@ -293,9 +304,29 @@ void App::Type(std::u16string_view text) {
 }
 
 void App::Drop(std::initializer_list<std::filesystem::path> files) {
-  const HWND editor = Editor().window();
-  const bool editorAccepts = (GetWindowLongW(editor, GWL_EXSTYLE) & WS_EX_ACCEPTFILES) != 0;
-  PostMessageW(editorAccepts ? editor : MainWindow(), WM_DROPFILES, reinterpret_cast<WPARAM>(MakeDrop(files)), 0);
+  PostMessageW(Editor().window(), WM_DROPFILES, reinterpret_cast<WPARAM>(MakeDrop(files)), 0);
+  Settle();
+}
+
+void App::StartToDrop(const std::filesystem::path& file) {
+  PostMessageW(Editor().window(), WM_DROPFILES, reinterpret_cast<WPARAM>(MakeDrop({file})), 0);
+}
+
+void App::Minimise() {
+  PostMessageW(MainWindow(), WM_SYSCOMMAND, SC_MINIMIZE, 0);
+  Settle();
+}
+
+bool App::HasTrayIcon() const {
+  NOTIFYICONDATAW icon{};
+  icon.cbSize = sizeof(icon);
+  icon.hWnd = MainWindow();
+  icon.uID = kTrayIconId;
+  return Shell_NotifyIconW(NIM_MODIFY, &icon) != FALSE;  // fails while there is no such icon
+}
+
+void App::ClickTrayIcon() {
+  PostMessageW(MainWindow(), kTrayMessage, kTrayIconId, WM_LBUTTONUP);
   Settle();
 }
 

@@ -64,6 +64,8 @@ class App {
   // Waits for an input box with prompt, title and preset text, and answers it. Empty: presses Cancel.
   void AnswerInput(const InputQuestion& question, std::u16string_view answer);
   DialogDriver ExpectDialog(std::u16string_view caption);
+  // The window that offers to stop a command.
+  DialogDriver ExpectInterruptWindow();
   FileDialogDriver ExpectFileDialog();
   void ChooseFile(const std::filesystem::path& file);
   void CancelFileDialog();
@@ -84,7 +86,14 @@ class App {
   void Press(std::string_view keys);
   void Type(std::u16string_view text);
 
+  // One or several files at a time, on the edit box.
   void Drop(std::initializer_list<std::filesystem::path> files);
+  // The same, and returns at once: for what lasts.
+  void StartToDrop(const std::filesystem::path& file);
+  void Minimise();
+  // The window itself is asked, not a picture of the tray.
+  bool HasTrayIcon() const;
+  void ClickTrayIcon();
 
  private:
   bool HasQuestion() const;

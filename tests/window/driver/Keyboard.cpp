@@ -12,12 +12,17 @@ namespace scrivanta {
 
 namespace {
 
+// The keys that the number pad has too, without it.
+bool IsExtended(WORD virtualKey) {
+  return (virtualKey >= VK_PRIOR && virtualKey <= VK_DOWN) || virtualKey == VK_INSERT || virtualKey == VK_DELETE;
+}
+
 INPUT Key(WORD virtualKey, bool up) {
   INPUT input{};
   input.type = INPUT_KEYBOARD;
   input.ki.wVk = virtualKey;
   input.ki.wScan = static_cast<WORD>(MapVirtualKeyW(virtualKey, MAPVK_VK_TO_VSC));
-  input.ki.dwFlags = up ? KEYEVENTF_KEYUP : 0U;
+  input.ki.dwFlags = (up ? KEYEVENTF_KEYUP : 0U) | (IsExtended(virtualKey) ? KEYEVENTF_EXTENDEDKEY : 0U);
   return input;
 }
 
@@ -45,6 +50,11 @@ WORD VirtualKey(std::string_view name) {
 
 void PressKey(WORD virtualKey) {
   std::vector<INPUT> inputs = {Key(virtualKey, false), Key(virtualKey, true)};
+  Enter(inputs);
+}
+
+void ReleaseKey(WORD virtualKey) {
+  std::vector<INPUT> inputs = {Key(virtualKey, true)};
   Enter(inputs);
 }
 

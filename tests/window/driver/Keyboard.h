@@ -11,6 +11,7 @@ namespace scrivanta {
 constexpr WORD kUnassignedKey = 0xE8;
 
 void PressKey(WORD virtualKey);
+void ReleaseKey(WORD virtualKey);
 // "Ctrl+Shift+C", "Tab", "F3", "Ctrl+;". Throws DriverFailure for a key that has no name here.
 void PressKeys(std::string_view keys);
 // Characters as an input method gives them.

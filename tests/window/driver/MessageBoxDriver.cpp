@@ -68,6 +68,10 @@ int ExpectedDefault(const Message& message) {
   return message.buttons == Buttons::kOk || message.buttons == Buttons::kOkCancel ? IDOK : IDYES;
 }
 
+bool IsDefault(HWND button) {
+  return (Send(button, WM_GETDLGCODE) & DLGC_DEFPUSHBUTTON) != 0;
+}
+
 HICON SystemIcon(Icon icon) {
   switch (icon) {
     case Icon::kCritical:
@@ -122,9 +126,8 @@ MessageBoxDriver::MessageBoxDriver(DWORD processId, const Message& expected, std
   CheckText("title", expected.title, TextOf(window_));
   Check(ShownButtons(window_) == ButtonSet(expected.buttons), "buttons", ButtonNames(ButtonSet(expected.buttons)),
         ButtonNames(ShownButtons(window_)));
-  const int defaultButton = LOWORD(Send(window_, DM_GETDEFID));
-  Check(defaultButton == ExpectedDefault(expected), "default button", std::to_string(ExpectedDefault(expected)),
-        std::to_string(defaultButton));
+  Check(IsDefault(GetDlgItem(window_, ExpectedDefault(expected))), "default button",
+        std::to_string(ExpectedDefault(expected)), "another");
   const bool topMost = (GetWindowLongW(window_, GWL_EXSTYLE) & WS_EX_TOPMOST) != 0;
   Check(topMost == expected.systemModal, "system modal", expected.systemModal ? "yes" : "no", topMost ? "yes" : "no");
   if (processId == GetCurrentProcessId()) {

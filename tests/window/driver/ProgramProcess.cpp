@@ -1,5 +1,8 @@
 #include "window/driver/ProgramProcess.h"
 
+#include <algorithm>
+#include <vector>
+
 #include "shell/FrmMain.h"
 #include "shell/FrmMainControls.h"
 #include "shell/MenuTree.h"
@@ -17,6 +20,19 @@ constexpr UINT kKilled = 99;  // the exit code of a process that was ended from 
 HWND FindMainWindow(DWORD processId) {
   const std::vector<HWND> windows = TopWindows(processId, kMainWindowClass);
   return windows.empty() ? nullptr : windows.front();
+}
+
+BOOL CALLBACK NoteUnpainted(HWND window, LPARAM isPainted) {
+  *reinterpret_cast<bool*>(isPainted) &= GetUpdateRect(window, nullptr, FALSE) == FALSE;
+  return TRUE;
+}
+
+// The window and its controls.
+bool IsPainted(HWND window) {
+  bool isPainted = true;
+  NoteUnpainted(window, reinterpret_cast<LPARAM>(&isPainted));
+  EnumChildWindows(window, NoteUnpainted, reinterpret_cast<LPARAM>(&isPainted));
+  return isPainted;
 }
 
 }  // namespace
@@ -67,6 +83,10 @@ void ProgramProcess::ExpectCaption(std::u16string_view caption) const {
 
 void ProgramProcess::ExpectText(std::u16string_view text) const {
   ExpectShown("the document's text", text, [this] { return Text(); });
+}
+
+void ProgramProcess::WaitUntilDrawn() const {
+  WaitUntil("the windows to be painted", [this] { return std::ranges::all_of(TopWindows(processId_), &IsPainted); });
 }
 
 void ProgramProcess::Menu(std::string_view controlName) const {

@@ -29,12 +29,16 @@ class ProgramProcess {
   static std::filesystem::path BuiltProgram();
 
   HWND MainWindow() const noexcept { return window_; }
+  DWORD processId() const noexcept { return processId_; }
   std::u16string Caption() const;
   std::u16string Text() const;
   // Replaces the text, as if it were pasted.
   void Write(std::u16string_view text) const;
   void ExpectCaption(std::u16string_view caption) const;
   void ExpectText(std::u16string_view text) const;
+
+  // Until everything has been painted, before a picture is taken.
+  void WaitUntilDrawn() const;
 
   void Menu(std::string_view controlName) const;
   MessageBoxDriver ExpectBox(const Message& message) const;

@@ -5,7 +5,6 @@
 #include <array>
 #include <fstream>
 #include <iterator>
-#include <system_error>
 
 #include <gtest/gtest.h>
 
@@ -16,6 +15,8 @@ namespace scrivanta {
 
 namespace {
 
+constexpr wchar_t kAnyLength[] = L"\\\\?\\";
+
 std::string Convert(std::u16string_view text, UINT codePage, BOOL* lacking) {
   const std::wstring wide = ToWide(text);
   const int length = static_cast<int>(wide.size());
@@ -24,6 +25,31 @@ std::string Convert(std::u16string_view text, UINT codePage, BOOL* lacking) {
       '\0');
   WideCharToMultiByte(codePage, 0, wide.data(), length, bytes.data(), static_cast<int>(bytes.size()), nullptr, lacking);
   return bytes;
+}
+
+// Removes what stands at the path, which begins with the prefix for paths of any length: read-only files and deep
+// folders too, which the standard library does not manage here.
+void RemoveTree(const std::wstring& path) {
+  const DWORD attributes = GetFileAttributesW(path.c_str());
+  if (attributes == INVALID_FILE_ATTRIBUTES) {
+    return;
+  }
+  SetFileAttributesW(path.c_str(), FILE_ATTRIBUTE_NORMAL);
+  if ((attributes & FILE_ATTRIBUTE_DIRECTORY) == 0) {
+    DeleteFileW(path.c_str());
+    return;
+  }
+  WIN32_FIND_DATAW entry{};
+  const HANDLE search = FindFirstFileW((path + L"\\*").c_str(), &entry);
+  for (BOOL found = search != INVALID_HANDLE_VALUE ? TRUE : FALSE; found != FALSE;
+       found = FindNextFileW(search, &entry)) {
+    const std::wstring_view name = entry.cFileName;
+    if (name != L"." && name != L"..") {
+      RemoveTree(path + L'\\' + entry.cFileName);
+    }
+  }
+  FindClose(search);
+  RemoveDirectoryW(path.c_str());
 }
 
 std::wstring TemporaryVariable() {
@@ -42,15 +68,14 @@ std::filesystem::path TestProgramFolder() {
 TestFolder::TestFolder() : temporaryBefore_(TemporaryVariable()) {
   const std::string test = ::testing::UnitTest::GetInstance()->current_test_info()->name();
   path_ = std::filesystem::path(temporaryBefore_) / (L"文本 工作台 " + std::wstring(test.begin(), test.end()));
-  std::filesystem::remove_all(path_);
+  RemoveTree(kAnyLength + path_.native());
   std::filesystem::create_directories(path_);
   SetEnvironmentVariableW(L"TMP", path_.c_str());
 }
 
 TestFolder::~TestFolder() {
   SetEnvironmentVariableW(L"TMP", temporaryBefore_.c_str());
-  std::error_code ignored;  // what a failed test still holds open
-  std::filesystem::remove_all(path_, ignored);
+  RemoveTree(kAnyLength + path_.native());  // what a failed test holds open stays
 }
 
 std::filesystem::path TestFolder::Write(const std::filesystem::path& name, std::string_view bytes) const {

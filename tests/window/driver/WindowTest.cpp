@@ -1,14 +1,8 @@
 #include "window/driver/WindowTest.h"
 
-#include <windows.h>
+#include "window/driver/StoredSettings.h"
 
 namespace scrivanta {
-
-namespace {
-
-void ForgetSettings() {}
-
-}  // namespace
 
 WindowTest::WindowTest() {
   ForgetSettings();

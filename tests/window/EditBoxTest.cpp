@@ -1,0 +1,107 @@
+// Keys, formats and marks in the edit box.
+#include <windows.h>
+
+#include <regex>
+#include <string>
+
+#include "window/driver/Clipboard.h"
+#include "window/driver/Wait.h"
+#include "window/driver/WindowProbe.h"
+#include "window/driver/WindowTest.h"
+
+namespace scrivanta {
+namespace {
+
+class EditBoxTest : public WindowTest {
+ protected:
+  bool Has(DWORD effect) const { return (app.Editor().SelectionFormat().dwEffects & effect) != 0; }
+};
+
+TEST_F(EditBoxTest, DateAndTimeAreTyped) {
+  app.Start();
+  app.Type(u"记于");
+  app.Press("Ctrl+;");
+  const std::regex date("记于\\d{4}-\\d\\d-\\d\\d");
+  WaitUntil("the date", [&] { return std::regex_match(Utf8(app.Text()), date); });
+  app.Press("Ctrl+Shift+;");
+  const std::regex dateAndTime("记于\\d{4}-\\d\\d-\\d\\d\\d\\d:\\d\\d:\\d\\d");
+  WaitUntil("the time", [&] { return std::regex_match(Utf8(app.Text()), dateAndTime); });
+}
+
+TEST_F(EditBoxTest, TabIsACharacter) {
+  app.Start();
+  app.Type(u"甲乙");
+  app.Press("Tab");
+  app.Type(u"丙");
+  app.Editor().SelectText(u"乙");
+  app.Press("Tab");
+  app.Type(u"丁");
+  app.ExpectText(u"甲\t丁\t丙");
+}
+
+TEST_F(EditBoxTest, FormatIsCopiedWithTheKeys) {
+  app.Start();
+  app.Type(u"标题和正文");
+  app.Editor().SelectText(u"标题");
+  app.Menu("mnuBold");
+  app.Menu("mnuItalic");
+  app.Press("Ctrl+Shift+C");
+  app.Editor().SelectText(u"正文");
+  EXPECT_FALSE(Has(CFE_BOLD));
+  app.Press("Ctrl+Shift+V");
+  EXPECT_TRUE(Has(CFE_BOLD));
+  EXPECT_TRUE(Has(CFE_ITALIC));
+  app.Editor().SelectText(u"和");
+  EXPECT_FALSE(Has(CFE_BOLD));
+  app.ExpectText(u"标题和正文");
+
+  app.Editor().SelectText(u"标题");
+  app.Menu("mnuBold");
+  app.Menu("mnuUnderline");
+  EXPECT_FALSE(Has(CFE_BOLD));
+  EXPECT_TRUE(Has(CFE_UNDERLINE));
+}
+
+TEST_F(EditBoxTest, ClipboardCommandsWorkOnTheSelection) {
+  app.Start();
+  app.Type(u"一二三四");
+  EXPECT_FALSE(app.MenuEntry("mnuCut").enabled);
+  app.Editor().SelectText(u"二三");
+  app.Menu("mnuCut");
+  app.ExpectText(u"一四");
+  EXPECT_EQ(TextOnClipboard(), u"二三");
+  PutOnClipboard(u"五\r\n六");
+  app.Menu("mnuPaste");
+  app.ExpectText(u"一五\r\n六四");
+  app.Editor().SelectText(u"五\r\n");
+  app.Menu("mnuCopy");
+  EXPECT_EQ(TextOnClipboard(), u"五\r\n");
+  app.Menu("mnudelete");
+  app.ExpectText(u"一六四");
+  app.Menu("mnuSelectAll");
+  EXPECT_EQ(app.Editor().SelectedText(), u"一六四");
+}
+
+TEST_F(EditBoxTest, CapitalsAndMarks) {
+  app.Start();
+  app.Type(u"abc def 汉字 xyz");
+  app.Editor().SelectText(u"def 汉");
+  app.Menu("mnuAllcaps");
+  app.ExpectText(u"abc DEF 汉字 xyz");
+  app.Editor().Select({{4}, 0});
+  app.Menu("mnuSelBegin");
+  app.Editor().Select({{10}, 0});
+  app.Menu("mnuSelEnd");
+  EXPECT_EQ(app.Editor().SelectedText(), u"DEF 汉字");
+}
+
+TEST_F(EditBoxTest, FontLineShowsAndSetsTheFont) {
+  app.Start();
+  app.Type(u"正文");
+  app.Menu("mnuFont");
+  DialogDriver box = app.ExpectDialog(u"Scrivanta");
+  box.Close();
+}
+
+}  // namespace
+}  // namespace scrivanta

@@ -1,0 +1,48 @@
+#include "window/driver/Clipboard.h"
+
+#include <windows.h>
+
+#include "win/WideText.h"
+#include "window/driver/Wait.h"
+
+namespace scrivanta {
+
+namespace {
+
+// Open while one lives; others may hold it for a moment.
+class OpenedClipboard {
+ public:
+  OpenedClipboard() {
+    WaitUntil("the clipboard", [] { return OpenClipboard(nullptr) != FALSE; });
+  }
+  OpenedClipboard(const OpenedClipboard&) = delete;
+  OpenedClipboard& operator=(const OpenedClipboard&) = delete;
+  ~OpenedClipboard() { CloseClipboard(); }
+};
+
+}  // namespace
+
+void PutOnClipboard(std::u16string_view text) {
+  const std::wstring wide = ToWide(text);
+  const SIZE_T bytes = (wide.size() + 1) * sizeof(wchar_t);
+  const HGLOBAL memory = GlobalAlloc(GMEM_MOVEABLE, bytes);
+  CopyMemory(GlobalLock(memory), wide.c_str(), bytes);
+  GlobalUnlock(memory);
+
+  const OpenedClipboard clipboard;
+  EmptyClipboard();
+  SetClipboardData(CF_UNICODETEXT, memory);  // the memory is the clipboard's from now on
+}
+
+std::u16string TextOnClipboard() {
+  const OpenedClipboard clipboard;
+  const HANDLE memory = GetClipboardData(CF_UNICODETEXT);
+  if (memory == nullptr) {
+    return {};
+  }
+  const std::u16string text = FromWide(static_cast<const wchar_t*>(GlobalLock(memory)));
+  GlobalUnlock(memory);
+  return text;
+}
+
+}  // namespace scrivanta
