@@ -355,6 +355,7 @@ void FrmMain::LayOut() {
   RECT inner{};
   GetClientRect(handle(), &inner);
   SendMessageW(bars_.statusBar(), WM_SIZE, 0, 0);
+  InvalidateRect(bars_.statusBar(), nullptr, TRUE);  // its size grip stands elsewhere now
   const auto dpi = static_cast<int>(GetDpiForWindow(handle()));
   const auto layout = LayOutMainWindow(PixelsToTwips(inner.right, dpi), PixelsToTwips(inner.bottom, dpi));
   if (layout) {
