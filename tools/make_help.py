@@ -58,6 +58,7 @@ class Block:
     name: str = ""  # the menu control that it describes, or the target of a link
     needs: str = ""  # the menu control without which there is nothing to describe
     rows: list = dataclasses.field(default_factory=list)  # of a table: lists of cells
+    file: pathlib.Path | None = None  # of a picture
     after: str = ""  # of an example: its text is what stands before
     command: list = dataclasses.field(default_factory=list)  # of an example: arguments for the console program
 
@@ -146,7 +147,7 @@ class Parser:
         if heading and len(heading.group(1)) <= 3:
             self.add("heading", heading.group(2), level=len(heading.group(1)))
         elif picture:
-            self.add("picture", picture.group(1), rows=[(self.path.parent / picture.group(2)).resolve()])
+            self.add("picture", picture.group(1), file=(self.path.parent / picture.group(2)).resolve())
         elif line.startswith("- "):
             self.add("item", line[2:])
         elif re.match(r"\d+\. ", line):
@@ -368,7 +369,7 @@ class RtfWriter:
         self.parts.append(start + "\n" + body + "\\row\n")
 
     def write_picture(self, block, _):
-        path = block.rows[0]
+        path = block.file
         if not path.is_file():
             raise HelpError(f"{block.where}: there is no picture {path}")
         data = path.read_bytes()

@@ -95,9 +95,10 @@ class Reading(unittest.TestCase):
         self.assertEqual(read_rtf(read_chapter(text, missing)[1]), f"窗\n{note}甲\n{note}乙\n•\tA 甲\n")
 
     def test_a_picture_keeps_its_shape_and_fits_the_page(self):
-        _, rtf = read_chapter("![图](a.png)", a=png(1200, 600))
+        blocks, rtf = read_chapter("![图](a.png)", a=png(1200, 600))
         self.assertIn(r"\pngblip\picw1200\pich600\picwgoal9026\pichgoal4513", rtf)
         self.assertIn(png(1200, 600).hex()[:100], rtf)
+        self.assertEqual(make_help.words_of(blocks), "图\n")
 
     def test_mistakes_are_refused_with_their_place(self):
         cases = {
