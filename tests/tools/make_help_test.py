@@ -98,7 +98,7 @@ class Reading(unittest.TestCase):
         blocks, rtf = read_chapter("![图](a.png)", a=png(1200, 600))
         self.assertIn(r"\pngblip\picw1200\pich600\picwgoal9026\pichgoal4513", rtf)
         self.assertIn(png(1200, 600).hex()[:100], rtf)
-        self.assertEqual(make_help.words_of(blocks), "图\n")
+        self.assertEqual(make_help.words_of(blocks), "图")
 
     def test_mistakes_are_refused_with_their_place(self):
         cases = {
