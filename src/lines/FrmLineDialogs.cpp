@@ -9,4 +9,11 @@ void FrmLineDialogs::ShowDelLines(DelLinesDialog& dialog) {
   window.ShowModal(owner_());
 }
 
+void FrmLineDialogs::ShowSort(Workbench& workbench) {
+  if (sortWindow_ == nullptr) {
+    sortWindow_ = std::make_unique<FrmSortParameters>(host_, workbench);
+  }
+  sortWindow_->Show(owner_());
+}
+
 }  // namespace scrivanta

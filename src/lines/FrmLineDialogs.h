@@ -4,7 +4,9 @@
 #include <windows.h>
 
 #include <functional>
+#include <memory>
 
+#include "lines/FrmSortParameters.h"
 #include "lines/LineDialogs.h"
 #include "win/WindowHost.h"
 
@@ -16,10 +18,12 @@ class FrmLineDialogs final : public LineDialogs {
   FrmLineDialogs(WindowHost& host, std::function<HWND()> owner) : host_(host), owner_(std::move(owner)) {}
 
   void ShowDelLines(DelLinesDialog& dialog) override;
+  void ShowSort(Workbench& workbench) override;
 
  private:
   WindowHost& host_;
   std::function<HWND()> owner_;
+  std::unique_ptr<FrmSortParameters> sortWindow_;  // made when it is first shown
 };
 
 }  // namespace scrivanta

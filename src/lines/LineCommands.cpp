@@ -2,6 +2,8 @@
 
 #include "lines/CaretHandlers.h"
 #include "lines/CleanupHandlers.h"
+#include "lines/FilterHandlers.h"
+#include "lines/OrderHandlers.h"
 
 namespace scrivanta {
 
@@ -12,6 +14,12 @@ void RegisterLineCommands(CommandTable& table, LineDialogs& dialogs) {
   table.Add("mnuTrimLine", {mnuTrimLine});
   table.Add("mnuDelLineFromXtoY", {[&dialogs](Workbench& workbench) { mnuDelLineFromXtoY(workbench, dialogs); }});
   table.Add("mnuAddTAB", {mnuAddTAB});
+  table.Add("mnuFilterNeedLine", {mnuFilterNeedLine});
+  table.Add("mnuFilterRepeatLine", {mnuFilterRepeatLine});
+  table.Add("mnuFilterContinueRepeatLine", {mnuFilterContinueRepeatLine});
+  table.Add("mnuSort", {[&dialogs](Workbench& workbench) { mnuSort(workbench, dialogs); }});
+  table.Add("mnuRandOrder", {mnuRandOrder});
+  table.Add("mnuStatistics", {mnuStatistics});
 }
 
 }  // namespace scrivanta

@@ -4,6 +4,7 @@
 namespace scrivanta {
 
 class DelLinesDialog;
+class Workbench;
 
 class LineDialogs {
  public:
@@ -14,6 +15,8 @@ class LineDialogs {
 
   // FrmDelLineFromXtoY, modal: comes back when it is closed.
   virtual void ShowDelLines(DelLinesDialog& dialog) = 0;
+  // FrmSortParameters, not modal: comes back at once. When it is open already it captures again and comes to the front.
+  virtual void ShowSort(Workbench& workbench) = 0;
 };
 
 }  // namespace scrivanta

@@ -95,6 +95,7 @@ class ScriptedDelLines final : public LineDialogs, public DelLinesView {
       dialog.Delete(*this);
     }
   }
+  void ShowSort(Workbench&) override {}
   std::u16string Start() const override { return start_; }
   std::u16string End() const override { return end_; }
   void SetRange(const std::u16string& start, const std::u16string& end) override {

@@ -1,0 +1,54 @@
+#include "lines/FrmSortParameters.h"
+
+#include "lines/FrmSortParametersControls.h"
+
+namespace scrivanta {
+
+FrmSortParameters::FrmSortParameters(WindowHost& host, Workbench& workbench)
+    : Dialog(host, IDD_FRM_SORT_PARAMETERS), logic_(workbench) {}
+
+void FrmSortParameters::Show(HWND owner) {
+  ShowModeless(owner);
+  logic_.Capture(*this);
+}
+
+void FrmSortParameters::OnInit() {
+  SetChecked(OptString, true);
+  SetChecked(OptShenXi, true);
+}
+
+bool FrmSortParameters::OnCommand(int controlId, int) {
+  // Enter sends IDOK where the focus is in a text box.
+  if (controlId != CmdSort && controlId != IDOK) {
+    return false;
+  }
+  logic_.Sort(*this);
+  return true;
+}
+
+std::u16string FrmSortParameters::From() const {
+  return ControlText(TxtSortFrom);
+}
+
+std::u16string FrmSortParameters::To() const {
+  return ControlText(TxtSortTo);
+}
+
+bool FrmSortParameters::IsByNumber() const {
+  return IsChecked(OptNumber);
+}
+
+bool FrmSortParameters::IsDescending() const {
+  return IsChecked(OptJiangXi);
+}
+
+void FrmSortParameters::SetRange(const std::u16string& from, const std::u16string& to) {
+  SetControlText(TxtSortFrom, from);
+  SetControlText(TxtSortTo, to);
+}
+
+void FrmSortParameters::SetTotal(const std::u16string& total) {
+  SetControlText(LabTotalNum, total);
+}
+
+}  // namespace scrivanta

@@ -1,0 +1,47 @@
+#include "lines/OrderHandlers.h"
+
+#include "lines/LineShuffle.h"
+#include "lines/LineWork.h"
+#include "lines/TextStatistics.h"
+
+namespace scrivanta {
+
+namespace {
+
+std::u16string ToText(std::uint64_t number) {
+  const std::string digits = std::to_string(number);
+  return {digits.begin(), digits.end()};
+}
+
+}  // namespace
+
+void mnuSort(Workbench& workbench, LineDialogs& dialogs) {
+  dialogs.ShowSort(workbench);
+}
+
+void mnuRandOrder(Workbench& workbench) {
+  const std::unique_ptr<BusyWork> work = workbench.StartWork();
+  const CapturedInput input = CaptureInput(workbench, u"RandOrderSelectedTextTmpFile.txt");
+  const auto seed = static_cast<std::uint64_t>(workbench.clock().Now().time_since_epoch().count());
+  TransformLines(workbench, input, u"DisplayLike.txt", work->progress(),
+                 [&](LineReader& in, LineWriter& out) { ShuffleLines(LineStore(in), out, seed, work->progress()); });
+}
+
+void mnuStatistics(Workbench& workbench) {
+  Editor& editor = workbench.editor();
+  std::u16string message = u"当前行号：" + ToText(editor.CaretDisplayLine()) + u"\n";
+  {
+    const std::unique_ptr<BusyWork> work = workbench.StartWork();
+    const CapturedInput counted = CaptureInput(workbench, u"retLineNumRuanFile.Txt", WholeTextEnd::kAsItStands);
+    const bool isSelection = !counted.selection.empty();
+    MemorySource bytes(counted.bytes);
+    const TextStatistics statistics = CountText(bytes, LineEnds::kCrLf, kWorkFileEncoding, work->progress());
+    message += isSelection ? u"所选字符数：" : u"全文字符数：";
+    message += ToText(counted.text.size()) + u"\n";
+    message += isSelection ? u"所选内容 软行数：硬行数 = " : u"全文  软行数：硬行数 = ";
+    message += ToText(editor.CountDisplayLines(counted.text)) + u"：" + ToText(statistics.hardLines);
+  }
+  workbench.prompts().Ask({.text = message, .title = u"统计字符数", .icon = Icon::kInformation});
+}
+
+}  // namespace scrivanta
