@@ -4,6 +4,8 @@
 
 #include <memory>
 
+#include "crypto/CryptoCommands.h"
+#include "crypto/FrmSecret.h"
 #include "lines/FrmLineDialogs.h"
 #include "lines/LineCommands.h"
 #include "shell/CommandTable.h"
@@ -47,9 +49,11 @@ int RunApp(HINSTANCE instance, const std::u16string& commandLine, std::atomic<HW
   FrmMain mainWindow(host, FindFolders(iniFile), settings, commands);
   FrmOptions options(host, [&mainWindow] { return mainWindow.handle(); });
   FrmLineDialogs lineDialogs(host, [&mainWindow] { return mainWindow.handle(); });
+  FrmSecret secret(host, [&mainWindow] { return mainWindow.handle(); });
   RegisterShellCommands(commands, mainWindow);
   RegisterOptionsCommand(commands, mainWindow, options);
   RegisterLineCommands(commands, lineDialogs);
+  RegisterCryptoCommands(commands, secret);
   mainWindow.Open(commandLine);
   if (window != nullptr) {
     window->store(mainWindow.handle());

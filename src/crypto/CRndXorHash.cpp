@@ -43,7 +43,7 @@ void CRndXorHash::FileDecrypt(const std::filesystem::path& target, const std::fi
 
 bool CRndXorHash::Passed(RndXorHashCheck check) const {
   if (check == RndXorHashCheck::kWrongPassword) {
-    prompts_.Ask({.text = u"密码不正确！", .icon = Icon::kCritical});
+    prompts_.Ask({.text = u"密码不正确！", .icon = Icon::kCritical, .systemModal = true});
   } else if (check == RndXorHashCheck::kAltered) {
     prompts_.Ask({.text = u"密文被修改，完整性不正确！", .icon = Icon::kWarning});
   }

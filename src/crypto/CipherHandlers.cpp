@@ -91,7 +91,8 @@ DocumentSaver SaverFor(CryptoDialogs& dialogs, std::filesystem::path path) {
 }
 
 void TellFailure(Workbench& workbench, std::u16string_view what, std::u16string_view details) {
-  workbench.prompts().Ask({.text = std::u16string(what) + u"\r\n" + std::u16string(details), .icon = Icon::kCritical});
+  workbench.prompts().Ask(
+      {.text = std::u16string(what) + u"\r\n" + std::u16string(details), .icon = Icon::kCritical, .systemModal = true});
 }
 
 constexpr std::u16string_view kErrorOpening = u"Error Opening File";
@@ -129,7 +130,8 @@ bool AskWhetherToOpenGarbled(Workbench& workbench) {
                                           u"\r\n解出来的内容有乱码，多半是密钥不对，或文件被改动过。仍要打开吗？",
                                   .buttons = Buttons::kYesNo,
                                   .icon = Icon::kCritical,
-                                  .defaultAnswer = Answer::kNo}) == Answer::kYes;
+                                  .defaultAnswer = Answer::kNo,
+                                  .systemModal = true}) == Answer::kYes;
 }
 
 // Nothing when it is not, or hardly, the plaintext of a document, which has been told then.

@@ -129,6 +129,7 @@ TEST_F(CipherHandlers, RefuseKeysThatAreNoDigits) {
     Run("mnuEncryptSelectedText");
     EXPECT_EQ(LastMessage(), u"非数字！");
     EXPECT_EQ(workbench_.prompts().messages.back().icon, Icon::kCritical);
+    EXPECT_TRUE(workbench_.prompts().messages.back().systemModal);
     EXPECT_EQ(workbench_.editor().changes, 0);
   }
 }
