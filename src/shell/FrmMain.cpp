@@ -161,6 +161,8 @@ std::optional<LRESULT> FrmMain::OnStateMessage(UINT message, WPARAM wParam, LPAR
         return TRUE;
       }
       return std::nullopt;
+    case WM_QUERYENDSESSION:  // the user logs off
+      return !work_.IsBusy() && MayClose() ? TRUE : FALSE;
     case WM_INITMENUPOPUP:
       RefreshMenu();
       return 0;
@@ -328,11 +330,16 @@ void FrmMain::OnClose() {
   if (IsIconic(handle()) == FALSE) {
     RunGuarded([this] { KeepPlacement(); });
   }
-  bool mayClose = false;
-  RunGuarded([this, &mayClose] { mayClose = documentFile_.MayClose(); });
-  if (mayClose) {
+  if (MayClose()) {
     DestroyWindow(handle());
   }
+}
+
+// False when the user calls it off, or when the document could not be saved.
+bool FrmMain::MayClose() {
+  bool mayClose = false;
+  RunGuarded([this, &mayClose] { mayClose = documentFile_.MayClose(); });
+  return mayClose;
 }
 
 void FrmMain::KeepPlacement() {

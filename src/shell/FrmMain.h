@@ -63,6 +63,7 @@ class FrmMain final : public Window, public Workbench, public MainWindow, privat
   void OnTrayClick();
   void OnDrop(HDROP drop);
   void OnClose();
+  bool MayClose();
   void OnTimer(UINT_PTR timer);
 
   void ShowDocument(std::u16string_view text) override { editor_.ShowDocument(text); }
