@@ -1,13 +1,13 @@
 // Identifiers of the options dialog.
 #pragma once
 
-#define IDD_FRM_OPTIONS 3800
-#define ChkNoRet 3801
-#define ChkEngLish 3802
-#define Frame1 3803
-#define TxtDefaultFile 3804
-#define CmdDefaultFile 3805
-#define CmdOK 3806
-#define CmdQuit 3807
-#define LblIniFile 3808
-#define TxtIniFile 3809
+#define IDD_FRM_OPTIONS 3200
+#define ChkNoRet 3201
+#define ChkEngLish 3202
+#define Frame1 3203
+#define TxtDefaultFile 3204
+#define CmdDefaultFile 3205
+#define CmdOK 3206
+#define CmdQuit 3207
+#define LblIniFile 3208
+#define TxtIniFile 3209
