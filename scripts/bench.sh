@@ -3,7 +3,9 @@
 # each, and the ratio of the CPU seconds.
 set -euo pipefail
 cd "$(dirname "$0")/.."
-suite=${1:?usage: scripts/bench.sh lines}
+suite=${1:?usage: scripts/bench.sh lines|crypto}
+# A comparison with a program of its own in scripts/bench/.
+[ -x "scripts/bench/$suite.py" ] && exec "scripts/bench/$suite.py"
 batch=$PWD/build/native/bin/scrivanta-batch
 data=$PWD/build/bench/$suite
 [ "$suite" = lines ] || { echo "no such suite: $suite" >&2; exit 2; }
