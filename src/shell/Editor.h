@@ -4,6 +4,9 @@
 
 #include <compare>
 #include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -23,6 +26,20 @@ struct TextRange {
   bool empty() const noexcept { return length == 0; }
   TextPos end() const noexcept { return {start.value + length}; }
   friend bool operator==(const TextRange&, const TextRange&) = default;
+};
+
+// Of characters, as 0x00BBGGRR; none: the box's own.
+struct TextColours {
+  std::optional<std::uint32_t> text = {};
+  std::optional<std::uint32_t> background = {};
+
+  friend bool operator==(const TextColours&, const TextColours&) = default;
+};
+
+// What is scrolled to the upper left corner, in pixels of the whole document.
+struct ScrollPosition {
+  long x = 0;
+  long y = 0;
 };
 
 class Editor {
@@ -49,6 +66,18 @@ class Editor {
   // line break, as everything shown does.
   virtual void SetText(std::u16string_view text) = 0;
   virtual void ReplaceSelection(std::u16string_view text) = 0;
+
+  // The document and the selection with their formatting, as the bytes of a rich text.
+  virtual std::string Rtf() const = 0;
+  virtual std::string SelectedRtf() const = 0;
+  // Change the document as the two above do. What is no rich text is refused: false, and the document is as it was.
+  virtual bool SetRtf(std::string_view rtf) = 0;
+  virtual bool ReplaceSelectionByRtf(std::string_view rtf) = 0;
+
+  // Colours all of the ranges at once, for the eye only: no change of the document. The selection stays.
+  virtual void SetColours(std::span<const TextRange> ranges, const TextColours& colours) = 0;
+  virtual ScrollPosition Scroll() const = 0;
+  virtual void SetScroll(ScrollPosition position) = 0;
 };
 
 }  // namespace scrivanta

@@ -12,10 +12,6 @@ LONG Clip(std::size_t position) {
   return static_cast<LONG>(std::min<std::size_t>(position, std::numeric_limits<LONG>::max()));
 }
 
-CHARRANGE ToPlatform(ControlRange range) {
-  return {Clip(range.start.value), Clip(range.end().value)};
-}
-
 // The control loads the whole in time linear in its length, and needs for every line break that comes or goes a time
 // that grows with the square of their number. The constant is measured.
 bool IsFasterAsWhole(std::size_t changedBreaks, std::size_t breaks, std::size_t length) {
@@ -29,6 +25,10 @@ std::size_t BreaksIn(std::u16string_view text) {
 }
 
 }  // namespace
+
+CHARRANGE FrmMainControl::ToPlatform(ControlRange range) {
+  return {Clip(range.start.value), Clip(range.end().value)};
+}
 
 ControlRange FrmMainControl::Selection() const {
   const CHARRANGE range = box_.Selection();

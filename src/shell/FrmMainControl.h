@@ -29,6 +29,8 @@ class FrmMainControl final : public UndoTarget {
   bool hasFormatting() const noexcept { return hasFormatting_; }
   void NoteFormatting() noexcept { hasFormatting_ = true; }
 
+  static CHARRANGE ToPlatform(ControlRange range);
+
  private:
   void ReplaceWhole(const ControlEdit& edit);
 

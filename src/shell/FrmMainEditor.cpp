@@ -14,6 +14,7 @@ namespace {
 constexpr DWORD kBoxStyle =
     WS_VSCROLL | WS_HSCROLL | WS_BORDER | ES_MULTILINE | ES_AUTOHSCROLL | ES_AUTOVSCROLL | ES_NOHIDESEL | ES_WANTRETURN;
 constexpr LONG kTwipsPerPoint = 20;
+constexpr std::string_view kRtfStart = "{\\rtf";
 
 struct EffectBits {
   DWORD mask;
@@ -95,7 +96,7 @@ bool FrmMainEditor::ShowRichDocument(std::string_view rtf) {
 }
 
 std::optional<std::u16string> FrmMainEditor::TextOfRtf(std::string_view rtf) {
-  const bool isRichText = rtf.starts_with("{\\rtf") && workingBox_.LoadRtf(rtf);
+  const bool isRichText = rtf.starts_with(kRtfStart) && workingBox_.LoadRtf(rtf);
   std::u16string text = isRichText ? ToDocumentText(workingBox_.Text()) : std::u16string();
   workingBox_.LoadText({});
   return isRichText ? std::optional(std::move(text)) : std::nullopt;
@@ -139,6 +140,65 @@ void FrmMainEditor::ReplaceSelection(std::u16string_view text) {
   box_.ScrollToCaret();
   history_.NoteChange(control_, std::chrono::steady_clock::now());
   listener_.onChange();
+}
+
+bool FrmMainEditor::SetRtf(std::string_view rtf) {
+  if (!rtf.starts_with(kRtfStart)) {
+    return false;
+  }
+  const UndoCommand step(history_, control_);
+  RichText before = control_.Capture();
+  if (!control_.LoadRtf(rtf)) {
+    control_.Rebuild(before, Text());
+    return false;
+  }
+  history_.NoteRebuild(control_, std::move(before));
+  listener_.onChange();
+  return true;
+}
+
+bool FrmMainEditor::ReplaceSelectionByRtf(std::string_view rtf) {
+  if (!rtf.starts_with(kRtfStart)) {
+    return false;
+  }
+  const UndoCommand step(history_, control_);
+  RichText before = control_.Capture();
+  {
+    const QuietRichEdit quiet(box_);
+    box_.ReplaceSelectionByRtf(rtf);
+  }
+  control_.NoteFormatting();
+  history_.NoteRebuild(control_, std::move(before));
+  listener_.onChange();
+  return true;
+}
+
+void FrmMainEditor::SetColours(std::span<const TextRange> ranges, const TextColours& colours) {
+  CHARFORMAT2W format{};
+  format.cbSize = sizeof(format);
+  format.dwMask = CFM_COLOR | CFM_BACKCOLOR;
+  format.dwEffects = (colours.text ? 0 : CFE_AUTOCOLOR) | (colours.background ? 0 : CFE_AUTOBACKCOLOR);
+  format.crTextColor = colours.text.value_or(0);
+  format.crBackColor = colours.background.value_or(0);
+  const CHARRANGE selection = box_.Selection();
+  const POINT scrolledTo = box_.ScrollPosition();
+  const QuietRichEdit quiet(box_);
+  for (const TextRange& range : ranges) {
+    box_.Select(FrmMainControl::ToPlatform(breaks().ToControl(range)));
+    box_.SetSelectionFormat(format);
+  }
+  box_.Select(selection);
+  box_.SetScrollPosition(scrolledTo);
+  control_.NoteFormatting();
+}
+
+ScrollPosition FrmMainEditor::Scroll() const {
+  const POINT position = box_.ScrollPosition();
+  return {position.x, position.y};
+}
+
+void FrmMainEditor::SetScroll(ScrollPosition position) {
+  box_.SetScrollPosition({position.x, position.y});
 }
 
 void FrmMainEditor::Paste() {

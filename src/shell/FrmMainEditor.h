@@ -38,7 +38,6 @@ class FrmMainEditor final : public Editor, public RichBox {
   void ShowDocument(std::u16string_view text);
   // False when the bytes are no rich text: the document stays as it was.
   bool ShowRichDocument(std::string_view rtf);
-  std::string Rtf() const { return box_.Rtf(); }
   // The text of a rich text, seen by nobody; nothing when the bytes are none.
   std::optional<std::u16string> TextOfRtf(std::string_view rtf);
 
@@ -64,6 +63,13 @@ class FrmMainEditor final : public Editor, public RichBox {
   std::size_t CaretDisplayLine() const override;
   void SetText(std::u16string_view text) override;
   void ReplaceSelection(std::u16string_view text) override;
+  std::string Rtf() const override { return box_.Rtf(); }
+  std::string SelectedRtf() const override { return box_.SelectedRtf(); }
+  bool SetRtf(std::string_view rtf) override;
+  bool ReplaceSelectionByRtf(std::string_view rtf) override;
+  void SetColours(std::span<const TextRange> ranges, const TextColours& colours) override;
+  ScrollPosition Scroll() const override;
+  void SetScroll(ScrollPosition position) override;
 
   void Cut() override { box_.Send(WM_CUT); }
   void Copy() override { box_.Send(WM_COPY); }

@@ -87,6 +87,31 @@ void ScriptedEditor::ReplaceSelection(std::u16string_view text) {
   selection_ = {{selection_.start.value + shown.size()}, 0};
 }
 
+bool ScriptedEditor::SetRtf(std::string_view bytes) {
+  if (!textOfRtf) {
+    return false;
+  }
+  rtf = bytes;
+  scroll = {};
+  SetText(textOfRtf(bytes));
+  return true;
+}
+
+bool ScriptedEditor::ReplaceSelectionByRtf(std::string_view bytes) {
+  if (!textOfRtf) {
+    return false;
+  }
+  rtf = bytes;
+  ReplaceSelection(textOfRtf(bytes));
+  return true;
+}
+
+void ScriptedEditor::SetColours(std::span<const TextRange> ranges, const TextColours& colours) {
+  for (const TextRange& range : ranges) {
+    coloured.emplace_back(range, colours);
+  }
+}
+
 ScriptedPrompts::~ScriptedPrompts() {
   EXPECT_EQ(script_.size(), 0U) << "answers were scripted that nobody asked for";
 }

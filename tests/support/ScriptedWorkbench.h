@@ -31,7 +31,20 @@ class ScriptedEditor final : public Editor {
   std::size_t CaretDisplayLine() const override;
   void SetText(std::u16string_view text) override;
   void ReplaceSelection(std::u16string_view text) override;
+  std::string Rtf() const override { return rtf; }
+  std::string SelectedRtf() const override { return rtf; }
+  bool SetRtf(std::string_view bytes) override;
+  bool ReplaceSelectionByRtf(std::string_view bytes) override;
+  void SetColours(std::span<const TextRange> ranges, const TextColours& colours) override;
+  ScrollPosition Scroll() const override { return scroll; }
+  void SetScroll(ScrollPosition position) override { scroll = position; }
 
+  // The rich text of the document, and of the selection: what a test gives it, and then the last that was put in.
+  std::string rtf;
+  // The text of a rich text; without it none is taken.
+  std::function<std::u16string(std::string_view)> textOfRtf;
+  std::vector<std::pair<TextRange, TextColours>> coloured;
+  ScrollPosition scroll;
   int changes = 0;            // steps of undo
   std::size_t wrapWidth = 0;  // characters in a display line; 0: no wrapping
 
