@@ -8,6 +8,8 @@
 #include "crypto/FrmSecret.h"
 #include "lines/FrmLineDialogs.h"
 #include "lines/LineCommands.h"
+#include "search/FrmSearchDialogs.h"
+#include "search/SearchCommands.h"
 #include "shell/CommandTable.h"
 #include "shell/FrmMain.h"
 #include "shell/FrmOptions.h"
@@ -54,6 +56,8 @@ int RunApp(HINSTANCE instance, const std::u16string& commandLine, std::atomic<HW
   RegisterOptionsCommand(commands, mainWindow, options);
   RegisterLineCommands(commands, lineDialogs);
   RegisterCryptoCommands(commands, secret);
+  FrmSearchDialogs searchDialogs(host, [&mainWindow] { return mainWindow.handle(); });
+  RegisterSearchCommands(commands, searchDialogs);
   mainWindow.Open(commandLine);
   if (window != nullptr) {
     window->store(mainWindow.handle());

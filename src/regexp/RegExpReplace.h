@@ -12,15 +12,15 @@ struct RegExpReplaceOptions {
   bool ignoreCase = false;
   bool global = true;  // every match, not only the first
   bool multiLine = true;
+  bool keepsLineFeeds = false;  // leaves lone line feeds as they are, whatever the pattern ends with
 };
 
-// In the replacement \1, \2 ... and $1 ... $99 stand for groups, $& for the match, $` and $' for the text before and
-// behind it, $$ for $. A pattern without a group is one group when the replacement has \1.
-//
-// Unless the pattern ends with the four characters \r\n, every line feed of the result becomes a line break (CR LF).
-// An empty pattern, or a replacement equal to it, leaves the text as it is. Throws RegExpSyntaxError, RegExpTooComplex,
+// The replacement refers to the match as with RegExpReplacer. Count receives how many matches were replaced. Unless the
+// pattern ends with the four characters \r\n, every line feed of the result becomes a line break (CR LF). An empty
+// pattern, or a replacement equal to it, leaves the text as it is. Throws RegExpSyntaxError, RegExpTooComplex,
 // Interrupted.
 std::u16string ReplaceInText(const RegExpEngine& engine, std::u16string_view text, std::u16string_view pattern,
-                             std::u16string_view replacement, RegExpReplaceOptions options, Progress& progress);
+                             std::u16string_view replacement, RegExpReplaceOptions options, Progress& progress,
+                             std::size_t* count = nullptr);
 
 }  // namespace scrivanta

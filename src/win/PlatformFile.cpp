@@ -225,6 +225,19 @@ std::error_code MoveInPlace(const std::filesystem::path& from, const std::filesy
   }
 }
 
+bool IsLinkToFolder(const std::filesystem::path& path) noexcept {
+  WIN32_FIND_DATAW found{};
+  const HANDLE search = FindFirstFileW(path.c_str(), &found);
+  if (search == INVALID_HANDLE_VALUE) {
+    return false;
+  }
+  FindClose(search);
+  // Other reparse points (files kept in a cloud) lie where they seem to lie.
+  return (found.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0 &&
+         (found.dwFileAttributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0 &&
+         (found.dwReserved0 == IO_REPARSE_TAG_SYMLINK || found.dwReserved0 == IO_REPARSE_TAG_MOUNT_POINT);
+}
+
 std::u16string TextOfPath(const std::filesystem::path& path) {
   return FromWide(path.native());
 }

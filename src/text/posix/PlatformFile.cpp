@@ -129,6 +129,11 @@ std::error_code MoveInPlace(const std::filesystem::path& from, const std::filesy
   return {};
 }
 
+bool IsLinkToFolder(const std::filesystem::path& path) noexcept {
+  std::error_code error;
+  return std::filesystem::is_symlink(path, error) && std::filesystem::is_directory(path, error);
+}
+
 // Names are bytes, by custom UTF-8; what is none comes back all the same.
 std::u16string TextOfPath(const std::filesystem::path& path) {
   return Decode(Encoding::kUtf8, path.native());

@@ -1,0 +1,25 @@
+// Replacement in files, each of which is replaced in one step and keeps its encoding and line ends.
+#pragma once
+
+#include <filesystem>
+#include <vector>
+
+#include "regexp/RegExp.h"
+#include "search/FileWalk.h"
+#include "search/FindState.h"
+
+namespace scrivanta {
+
+struct FileReplaceOutcome {
+  std::size_t changedFiles = 0;
+  std::size_t replaced = 0;           // places in all of them
+  std::vector<FileFailure> failures;  // files that stayed as they were
+};
+
+// By pattern, or plain by the lists of the texts to find and to put in their places, separated by "|". In a rich text
+// only the text of the document is replaced. A file without a match is not touched. Throws RegExpSyntaxError,
+// ExplainedError for lists of unequal length, both before any file is touched; Interrupted.
+FileReplaceOutcome ReplaceInFiles(const std::vector<std::filesystem::path>& files, const FindState& state,
+                                  const RegExpEngine& engine, Progress& progress);
+
+}  // namespace scrivanta

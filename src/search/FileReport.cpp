@@ -1,0 +1,117 @@
+#include "search/FileReport.h"
+
+#include <algorithm>
+
+#include "search/DecimalText.h"
+#include "search/FindTokens.h"
+#include "text/PlatformFile.h"
+
+namespace scrivanta {
+
+namespace {
+
+constexpr std::u16string_view kLineBreak = u"\r\n";
+constexpr std::u16string_view kFilterKey = u"FindInFileFilter";
+constexpr std::u16string_view kAllFiles = u"*.*";
+constexpr std::size_t kLongestLine = 200;  // characters shown of a line that matches
+constexpr std::size_t kMostFailuresShown = 20;
+
+// No line but that of a path may hold the mark.
+std::u16string Unmarked(std::u16string_view text) {
+  return WithReplaced(text, kPathMark, u"` `");
+}
+
+void AppendPath(std::u16string& report, const std::filesystem::path& path) {
+  report.append(kPathMark).append(TextOfPath(path)).append(kLineBreak);
+}
+
+}  // namespace
+
+std::u16string ReportOf(const FileSearchResult& result, std::u16string_view findText) {
+  const std::u16string shown = Unmarked(BoxOfText(findText));
+  std::u16string report =
+      u"以下文件 含有 查找内容：" + shown + u"（" + DecimalText(result.have.size()) + u"个文件）\r\n";
+  for (const FileWithMatches& file : result.have) {
+    AppendPath(report, file.path);
+    report += u"    " + DecimalText(file.matches) + u"处，第" + DecimalText(file.lineNumber) + u"行：" +
+              Unmarked(std::u16string_view(file.line).substr(0, kLongestLine));
+    report += kLineBreak;
+  }
+  report += u"\r\n以下文件 不含有 查找内容：" + shown + u"（" + DecimalText(result.haveNot.size()) + u"个文件）\r\n";
+  for (const std::filesystem::path& path : result.haveNot) {
+    AppendPath(report, path);
+  }
+  if (result.binaryFiles > 0) {
+    report += u"\r\n跳过二进制文件：" + DecimalText(result.binaryFiles) + u"个\r\n";
+  }
+  if (!result.failures.empty()) {
+    report += u"\r\n以下文件或文件夹未能查找：\r\n";
+    for (const FileFailure& failure : result.failures) {
+      report += u"    " + Unmarked(TextOfPath(failure.path)) + u"：" + failure.reason;
+      report += kLineBreak;
+    }
+  }
+  return report;
+}
+
+std::u16string DescribeFailures(const std::vector<FileFailure>& failures) {
+  std::u16string text;
+  for (std::size_t i = 0; i < std::min(failures.size(), kMostFailuresShown); ++i) {
+    text += i == 0 ? u"\n以下文件未能替换：\n" : u"\n";
+    text += TextOfPath(failures[i].path) + u"：" + failures[i].reason;
+  }
+  if (failures.size() > kMostFailuresShown) {
+    text += u"\n……共" + DecimalText(failures.size()) + u"个文件";
+  }
+  return text;
+}
+
+std::vector<std::filesystem::path> PathsOfLines(std::u16string_view text, PathLines which) {
+  std::vector<std::filesystem::path> paths;
+  while (!text.empty()) {
+    const std::size_t end = std::min(text.find_first_of(u"\r\n"), text.size());
+    std::u16string_view line = text.substr(0, end);
+    const std::size_t mark = line.find(kPathMark);
+    if (mark != std::u16string_view::npos) {
+      line.remove_prefix(mark + kPathMark.size());
+    } else if (which == PathLines::kMarked) {
+      line = {};
+    }
+    if (!line.empty()) {
+      paths.push_back(PathOfText(line));
+    }
+    text.remove_prefix(std::min(end + 1, text.size()));
+  }
+  return paths;
+}
+
+std::u16string AskForFileFilter(Workbench& workbench) {
+  const std::u16string kept = workbench.settings().Get(kFilterKey);
+  const std::u16string filter =
+      workbench.prompts().Input({.prompt = u"输入要查找的文件类型，如：*.txt;*.rtf（所有文件：*.*）：",
+                                 .preset = kept.empty() ? std::u16string(kAllFiles) : kept});
+  if (!filter.empty()) {
+    workbench.settings().Save(kFilterKey, filter);
+  }
+  return filter;
+}
+
+void SearchAndReport(Workbench& workbench, const std::vector<std::filesystem::path>& places, const FileFilter& filter,
+                     const FindState& state) {
+  {
+    const auto work = workbench.StartWork();
+    const std::u16string report =
+        ReportOf(SearchFiles(places, filter, state, workbench.regExpEngine(), work->progress()), state.findText);
+    Editor& editor = workbench.editor();
+    std::u16string text = editor.Text();
+    if (!text.empty() && !text.ends_with(kLineBreak)) {
+      text += kLineBreak;
+    }
+    const std::size_t start = text.size();
+    editor.SetText(text + report);
+    editor.SetSelection({{start}, report.size()});
+  }
+  workbench.prompts().Ask({.text = u"全部完成！", .systemModal = true});
+}
+
+}  // namespace scrivanta

@@ -1,0 +1,96 @@
+#include "search/FileSearch.h"
+
+#include <algorithm>
+#include <optional>
+
+#include "search/FileProgress.h"
+#include "search/FileText.h"
+#include "text/LiteralFinder.h"
+
+namespace scrivanta {
+
+namespace {
+
+// What is to be found, made ready once for all files.
+class Query {
+ public:
+  Query(const FindState& state, const RegExpEngine& engine) : finder_(state.findText, !state.matchesCase) {
+    if (state.isRegExp) {
+      regExp_ = engine.Compile(state.findText, {.ignoreCase = !state.matchesCase, .multiLine = true});
+    }
+  }
+
+  // Counts the matches; first is where the first of them begins.
+  std::size_t Count(std::u16string_view text, std::size_t& first, Progress& progress) const {
+    std::size_t count = 0;
+    const auto note = [&](std::size_t place) {
+      if (count++ == 0) {
+        first = place;
+      }
+    };
+    if (regExp_) {
+      regExp_->Scan(
+          text, 0,
+          [&note](const RegExpMatch& match) {
+            note(match.start);
+            return true;
+          },
+          progress);
+      return count;
+    }
+    for (std::size_t at = finder_.Find(text, 0, progress); at != LiteralFinder::kNotFound;
+         at = finder_.Find(text, at + finder_.length(), progress)) {
+      note(at);
+    }
+    return count;
+  }
+
+ private:
+  LiteralFinder finder_;
+  std::unique_ptr<RegExp> regExp_;
+};
+
+void SearchFile(const std::filesystem::path& path, const Query& query, FileSearchResult& result, Progress& progress) {
+  const std::optional<FileText> file = ReadFileText(path);
+  if (!file) {
+    ++result.binaryFiles;
+    return;
+  }
+  const std::u16string_view text = file->text;
+  std::size_t first = 0;
+  const std::size_t matches = query.Count(text, first, progress);
+  if (matches == 0) {
+    result.haveNot.push_back(path);
+    return;
+  }
+  const auto begin = static_cast<std::ptrdiff_t>(first);
+  const auto lineNumber = 1 + std::count(text.begin(), text.begin() + begin, u'\n');
+  const std::size_t lineStart = first == 0 ? 0 : text.find_last_of(u"\r\n", first - 1) + 1;
+  const std::size_t lineEnd = std::min(text.find_first_of(u"\r\n", first), text.size());
+  result.have.push_back({path, matches, static_cast<std::size_t>(lineNumber),
+                         std::u16string(text.substr(lineStart, lineEnd - lineStart))});
+}
+
+}  // namespace
+
+FileSearchResult SearchFiles(const std::vector<std::filesystem::path>& places, const FileFilter& filter,
+                             const FindState& state, const RegExpEngine& engine, Progress& progress) {
+  const Query query(state, engine);
+  FoundFiles found = WalkFiles(places, filter, progress);
+  FileSearchResult result;
+  result.failures = std::move(found.failures);
+  FileProgress fileProgress(progress, found.files.size());
+  for (const std::filesystem::path& path : found.files) {
+    try {
+      SearchFile(path, query, result, fileProgress);
+    } catch (const Interrupted&) {
+      throw;
+    } catch (const std::exception& error) {
+      result.failures.push_back({path, FailureReason(error)});
+    }
+    fileProgress.FileDone();
+  }
+  return result;
+}
+
+}  // namespace scrivanta

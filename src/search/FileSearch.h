@@ -1,0 +1,32 @@
+// Search across files: which have it, how often, and where first.
+#pragma once
+
+#include <filesystem>
+#include <string>
+#include <vector>
+
+#include "regexp/RegExp.h"
+#include "search/FileWalk.h"
+#include "search/FindState.h"
+
+namespace scrivanta {
+
+struct FileWithMatches {
+  std::filesystem::path path;
+  std::size_t matches = 0;
+  std::size_t lineNumber = 0;  // of the first match, from 1
+  std::u16string line;         // the line in which it begins
+};
+
+struct FileSearchResult {
+  std::vector<FileWithMatches> have;
+  std::vector<std::filesystem::path> haveNot;
+  std::size_t binaryFiles = 0;  // passed over
+  std::vector<FileFailure> failures;
+};
+
+// Files and folders; the state tells what is to be found and how. Throws RegExpSyntaxError, Interrupted.
+FileSearchResult SearchFiles(const std::vector<std::filesystem::path>& places, const FileFilter& filter,
+                             const FindState& state, const RegExpEngine& engine, Progress& progress);
+
+}  // namespace scrivanta

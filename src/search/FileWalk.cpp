@@ -1,0 +1,126 @@
+#include "search/FileWalk.h"
+
+#include <algorithm>
+#include <system_error>
+
+#include "shell/ErrorText.h"
+#include "text/PlatformFile.h"
+#include "text/UpperCase.h"
+
+namespace scrivanta {
+
+namespace {
+
+bool MatchesPattern(std::u16string_view name, std::u16string_view pattern) {
+  std::size_t at = 0;
+  std::size_t next = 0;
+  std::size_t star = std::u16string_view::npos;  // the last one in the pattern so far
+  std::size_t starAt = 0;                        // where it ends in the name, for the time being
+  while (at < name.size()) {
+    if (next < pattern.size() && pattern[next] == u'*') {
+      star = next++;
+      starAt = at;
+    } else if (next < pattern.size() && (pattern[next] == u'?' || pattern[next] == name[at])) {
+      ++next;
+      ++at;
+    } else if (star != std::u16string_view::npos) {
+      next = star + 1;
+      at = ++starAt;
+    } else {
+      return false;
+    }
+  }
+  return pattern.find_first_not_of(u'*', next) == std::u16string_view::npos;
+}
+
+class Walk {
+ public:
+  Walk(const FileFilter& filter, Progress& progress) : filter_(filter), progress_(progress) {}
+
+  void Add(const std::filesystem::path& place) {
+    std::error_code error;
+    if (!std::filesystem::is_directory(place, error)) {
+      found_.files.push_back(place);
+      return;
+    }
+    // A stack of its own: folders may be nested more deeply than calls.
+    std::vector<std::filesystem::path> folders = {place};
+    while (!folders.empty()) {
+      const std::filesystem::path folder = std::move(folders.back());
+      folders.pop_back();
+      ReadFolder(folder, folders);
+      progress_.Report(0, 0);
+    }
+  }
+
+  FoundFiles Take() { return std::move(found_); }
+
+ private:
+  void ReadFolder(const std::filesystem::path& folder, std::vector<std::filesystem::path>& folders) {
+    std::vector<std::filesystem::path> files;
+    std::vector<std::filesystem::path> below;
+    std::error_code error;
+    for (std::filesystem::directory_iterator entry(folder, error), end; !error && entry != end;
+         entry.increment(error)) {
+      std::error_code unknown;
+      if (entry->is_directory(unknown)) {
+        if (!IsLinkToFolder(entry->path())) {
+          below.push_back(entry->path());
+        }
+      } else if (entry->is_regular_file(unknown) && filter_.Takes(entry->path())) {
+        files.push_back(entry->path());
+      }
+    }
+    if (error) {
+      found_.failures.push_back({folder, FileErrorReason(error)});
+    }
+    std::sort(files.begin(), files.end());
+    found_.files.insert(found_.files.end(), files.begin(), files.end());
+    std::sort(below.rbegin(), below.rend());
+    folders.insert(folders.end(), below.begin(), below.end());
+  }
+
+  const FileFilter& filter_;
+  Progress& progress_;
+  FoundFiles found_;
+};
+
+}  // namespace
+
+FileFilter::FileFilter(std::u16string_view patterns) {
+  while (!patterns.empty()) {
+    const std::size_t end = std::min(patterns.find(u';'), patterns.size());
+    std::u16string_view pattern = patterns.substr(0, end);
+    while (pattern.starts_with(u' ')) {
+      pattern.remove_prefix(1);
+    }
+    while (pattern.ends_with(u' ')) {
+      pattern.remove_suffix(1);
+    }
+    if (!pattern.empty()) {
+      patterns_.push_back(pattern == u"*.*" ? u"*" : UpperCase(pattern));
+    }
+    patterns.remove_prefix(std::min(end + 1, patterns.size()));
+  }
+}
+
+bool FileFilter::Takes(const std::filesystem::path& file) const {
+  const std::u16string name = UpperCase(TextOfPath(file.filename()));
+  return patterns_.empty() || std::any_of(patterns_.begin(), patterns_.end(),
+                                          [&](const std::u16string& pattern) { return MatchesPattern(name, pattern); });
+}
+
+FoundFiles WalkFiles(const std::vector<std::filesystem::path>& places, const FileFilter& filter, Progress& progress) {
+  Walk walk(filter, progress);
+  for (const std::filesystem::path& place : places) {
+    walk.Add(place);
+  }
+  return walk.Take();
+}
+
+bool IsFile(const std::filesystem::path& path) {
+  std::error_code error;
+  return std::filesystem::is_regular_file(path, error);
+}
+
+}  // namespace scrivanta

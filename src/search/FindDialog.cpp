@@ -1,0 +1,363 @@
+#include "search/FindDialog.h"
+
+#include <algorithm>
+
+#include "regexp/MultiReplace.h"
+#include "regexp/RegExpExecute.h"
+#include "regexp/RegExpMarkerFilter.h"
+#include "regexp/RegExpReplace.h"
+#include "regexp/RegExpReplacer.h"
+#include "search/DecimalText.h"
+#include "search/EditSelection.h"
+#include "search/FileReplace.h"
+#include "search/FileReport.h"
+#include "search/FileSearch.h"
+#include "search/FindNext.h"
+#include "search/FindPlaces.h"
+#include "search/FindTokens.h"
+#include "search/Highlight.h"
+#include "search/RtfText.h"
+#include "shell/FormState.h"
+#include "shell/ResultFiles.h"
+#include "text/LiteralFinder.h"
+#include "text/PlatformFile.h"
+
+namespace scrivanta {
+
+namespace {
+
+constexpr std::u16string_view kForm = u"FrmFind";
+constexpr std::u16string_view kLineBreak = u"\r\n";
+constexpr char16_t kDropHint[] = u"请将文件拖动到此窗口（同时按住Alt键拖曳时，清除原来的数据）或 右击文件-->";
+constexpr char16_t kReplaceTip[] = u"支持如：\\1\\2...正则表达式标签标记";
+constexpr char16_t kFilterQuestion[] = u"输入要置前的条目关键字";
+
+// A history out of the settings, with the two tokens in it.
+ComboHistory LoadHistory(Settings& settings, std::u16string_view box) {
+  const std::u16string key = FormListKey(kForm, box);
+  ComboHistory history(SplitLines(settings.Get(key)));
+  const bool lineBreakAdded = history.AppendMissing(kLineBreakToken);
+  const bool tabAdded = history.AppendMissing(kTabToken);
+  if (lineBreakAdded || tabAdded) {
+    settings.Save(key, JoinLines(history.items()));
+  }
+  return history;
+}
+
+// The text is shown again where it was.
+void PutTextBack(Editor& editor, std::u16string_view text, TextRange selection) {
+  const ScrollPosition scroll = editor.Scroll();
+  if (selection.empty()) {
+    editor.SetText(text);
+    editor.SetSelection({selection.start, 0});
+  } else {
+    editor.ReplaceSelection(text);
+    editor.SetSelection({selection.start, editor.Selection().start.value - selection.start.value});
+  }
+  editor.SetScroll(scroll);
+}
+
+}  // namespace
+
+void FindDialog::Open(FindView& view) {
+  findHistory_ = LoadHistory(workbench_.settings(), u"Combo1");
+  replaceHistory_ = LoadHistory(workbench_.settings(), u"Combo2");
+  const std::u16string selected = workbench_.editor().SelectedText();
+  view.SetFindBox(BoxOfText(selected.empty() ? state_.findText : selected), findHistory_.items());
+  view.SetReplaceBox(BoxOfText(state_.replacement), replaceHistory_.items());
+  view.SetOptions(state_.searchesUp, state_.matchesCase, state_.isRegExp);
+  view.SetDropBox(kDropHint);
+  view.SetReplaceTip(state_.isRegExp ? kReplaceTip : u"");
+}
+
+void FindDialog::TakeOptions(FindView& view) {
+  view.SetReplaceTip(view.IsRegExp() ? kReplaceTip : u"");
+  state_.isNewSearch = true;
+}
+
+// Takes what the window holds into the shared state, and its texts into the histories.
+void FindDialog::Read(FindView& view) {
+  const FindState before = state_;
+  const std::u16string findBox = view.FindBox();
+  const std::u16string replaceBox = view.ReplaceBox();
+  state_.findText = TextOfBox(findBox);
+  state_.replacement = TextOfBox(replaceBox);
+  state_.searchesUp = view.SearchesUp();
+  state_.matchesCase = view.MatchesCase();
+  state_.isRegExp = view.IsRegExp();
+  if (state_.findText != before.findText || state_.searchesUp != before.searchesUp ||
+      state_.matchesCase != before.matchesCase || state_.isRegExp != before.isRegExp) {
+    state_.isNewSearch = true;
+  }
+  findHistory_.PutFirst(findBox);
+  replaceHistory_.PutFirst(replaceBox);
+  SaveHistories();
+  view.SetFindBox(findBox, findHistory_.items());
+  view.SetReplaceBox(replaceBox, replaceHistory_.items());
+}
+
+void FindDialog::SaveHistories() {
+  Settings& settings = workbench_.settings();
+  settings.Save(FormListKey(kForm, u"Combo1"), JoinLines(findHistory_.items()));
+  settings.Save(FormListKey(kForm, u"Combo2"), JoinLines(replaceHistory_.items()));
+}
+
+void FindDialog::FindNext(FindView& view) {
+  Read(view);
+  scrivanta::FindNext(workbench_, state_);
+}
+
+void FindDialog::FindAll(FindView& view) {
+  Read(view);
+  if (state_.findText.empty()) {
+    return;
+  }
+  const auto work = workbench_.StartWork();
+  const std::u16string text = workbench_.editor().Text();
+  const auto places = FindPlaces(text, state_, workbench_.regExpEngine(), work->progress());
+  if (places.empty()) {
+    SayNotFound(workbench_.prompts());
+    return;
+  }
+  HighlightRanges(workbench_, text, places, HighlightHeader::kSongTi, work->progress());
+}
+
+// What takes the place of the selected text; nothing when that is no match.
+std::optional<std::u16string> FindDialog::ReplacementOfSelection() {
+  const Editor& editor = workbench_.editor();
+  const TextRange selection = editor.Selection();
+  if (selection.empty()) {
+    return std::nullopt;
+  }
+  if (!state_.isRegExp) {
+    const LiteralFinder finder(state_.findText, !state_.matchesCase);
+    const std::u16string selected = editor.SelectedText();
+    const bool isMatch = selected.size() == finder.length() && finder.IsAt(selected, 0);
+    return isMatch ? std::optional(state_.replacement) : std::nullopt;
+  }
+  const auto work = workbench_.StartWork();
+  const RegExpReplacer replacer(workbench_.regExpEngine(), state_.findText, state_.replacement,
+                                {.ignoreCase = !state_.matchesCase, .multiLine = true});
+  const std::u16string text = editor.Text();
+  std::optional<std::u16string> replacement;
+  replacer.regExp().Scan(
+      text, 0,
+      [&](const RegExpMatch& match) {
+        if (match.start == selection.start.value && match.value.size() == selection.length) {
+          replacement.emplace();
+          replacer.AppendReplacement(*replacement, text, match);
+        }
+        return match.start < selection.start.value;
+      },
+      work->progress());
+  return replacement;
+}
+
+void FindDialog::Replace(FindView& view) {
+  Read(view);
+  if (state_.findText.empty()) {
+    return;
+  }
+  Editor& editor = workbench_.editor();
+  const TextPos start = editor.Selection().start;
+  if (const auto replacement = ReplacementOfSelection()) {
+    editor.ReplaceSelection(*replacement);
+    // The search goes on behind the new text, or before it.
+    if (state_.searchesUp) {
+      editor.SetSelection({start, 0});
+    }
+    state_.lastFound = EditGetSelStart(editor);
+    state_.isNewSearch = !state_.searchesUp;
+  }
+  scrivanta::FindNext(workbench_, state_);
+}
+
+void FindDialog::ReplaceAll(FindView& view) {
+  Read(view);
+  if (state_.findText.empty()) {
+    return;
+  }
+  const TextRange selection = workbench_.editor().Selection();
+  if (view.KeepsFormatting()) {
+    ReplaceAllFormatted(selection);
+  } else {
+    ReplaceAllPlain(selection);
+  }
+}
+
+void FindDialog::ReplaceAllPlain(TextRange selection) {
+  Editor& editor = workbench_.editor();
+  std::size_t replaced = 0;
+  {
+    const auto work = workbench_.StartWork();
+    std::u16string text = selection.empty() ? editor.Text() : editor.SelectedText();
+    if (state_.isRegExp) {
+      text = ReplaceInText(workbench_.regExpEngine(), text, state_.findText, state_.replacement,
+                           {.ignoreCase = !state_.matchesCase}, work->progress(), &replaced);
+    } else {
+      const MultiReplace replace({{state_.findText, state_.replacement}}, !state_.matchesCase);
+      replaced = replace.Apply(text, work->progress());
+    }
+    if (replaced > 0) {
+      PutTextBack(editor, text, selection);
+    }
+  }
+  ReportReplaced(replaced, 0);
+}
+
+void FindDialog::ReplaceAllFormatted(TextRange selection) {
+  Editor& editor = workbench_.editor();
+  RtfText::Outcome outcome;
+  {
+    const auto work = workbench_.StartWork();
+    const std::string rtf = selection.empty() ? editor.Rtf() : editor.SelectedRtf();
+    const RtfText text(rtf);
+    outcome = text.Replace(FindReplacements(text.text(), state_, workbench_.regExpEngine(), work->progress()));
+    if (outcome.replaced > 0) {
+      const ScrollPosition scroll = editor.Scroll();
+      if (selection.empty()) {
+        editor.SetRtf(outcome.rtf);
+        editor.SetSelection({selection.start, 0});
+      } else {
+        editor.ReplaceSelectionByRtf(outcome.rtf);
+      }
+      editor.SetScroll(scroll);
+    }
+  }
+  ReportReplaced(outcome.replaced, outcome.split);
+}
+
+void FindDialog::ReportReplaced(std::size_t replaced, std::size_t split) {
+  if (replaced == 0 && split == 0) {
+    SayNotFound(workbench_.prompts());
+    return;
+  }
+  std::u16string status = u"已替换" + DecimalText(replaced) + u"处";
+  if (split > 0) {
+    status += u"，另有" + DecimalText(split) + u"处被格式代码分开，未替换";
+  }
+  workbench_.ShowStatus(status);
+}
+
+void FindDialog::Filter(FindView& view) {
+  Read(view);
+  if (state_.findText.empty()) {
+    return;
+  }
+  const auto work = workbench_.StartWork();
+  const CapturedInput input = CaptureInput(workbench_, kInputFileName, WholeTextEnd::kAsItStands);
+  const std::u16string patterns = state_.isRegExp ? state_.findText : WholeLinePattern(state_.findText);
+  const auto filter = [&](MarkerFilterMode mode) {
+    return MarkerFilterText(workbench_.regExpEngine(), input.text, patterns, mode, !state_.matchesCase,
+                            work->progress());
+  };
+  const std::u16string matches = filter(MarkerFilterMode::kExtract);
+  if (matches.empty()) {
+    SayNotFound(workbench_.prompts());
+    return;
+  }
+  ResultFile result(workbench_, kInputFileName);
+  result.Write(Encode(kWorkFileEncoding, matches + filter(MarkerFilterMode::kRemove)));
+  PutResultBack(workbench_, input, result);
+}
+
+std::vector<std::filesystem::path> FindDialog::DroppedFiles(const FindView& view) const {
+  return PathsOfLines(view.DropBox(), PathLines::kMarked);
+}
+
+void FindDialog::SearchInFiles(FindView& view) {
+  Read(view);
+  if (state_.findText.empty()) {
+    return;
+  }
+  std::vector<std::filesystem::path> places = DroppedFiles(view);
+  if (places.empty()) {
+    const std::filesystem::path folder = workbench_.prompts().AskForFolder(u"选择要查找的文件夹（包括其下的子文件夹）");
+    if (folder.empty()) {
+      return;
+    }
+    places = {folder};
+  }
+  const std::u16string filter = AskForFileFilter(workbench_);
+  if (filter.empty()) {
+    return;
+  }
+  SearchAndReport(workbench_, places, FileFilter(filter), state_);
+}
+
+std::vector<std::filesystem::path> FindDialog::FilesToReplaceIn(const FindView& view) const {
+  std::vector<std::filesystem::path> files = DroppedFiles(view);
+  if (files.empty()) {
+    const Editor& editor = workbench_.editor();
+    files = PathsOfLines(editor.Selection().empty() ? editor.Text() : editor.SelectedText(), PathLines::kMarked);
+  }
+  std::erase_if(files, [](const std::filesystem::path& file) { return !IsFile(file); });
+  return files;
+}
+
+void FindDialog::ReplaceInFiles(FindView& view) {
+  Read(view);
+  if (state_.findText.empty()) {
+    return;
+  }
+  const std::vector<std::filesystem::path> files = FilesToReplaceIn(view);
+  Prompts& prompts = workbench_.prompts();
+  if (files.empty()) {
+    prompts.Ask({.text = u"没有可以替换的文件：请先【在文件中查找】，或将文件拖动到此窗口。",
+                 .icon = Icon::kInformation,
+                 .systemModal = true});
+    return;
+  }
+  const Answer answer =
+      prompts.Ask({.text = u"将在" + DecimalText(files.size()) + u"个文件中替换，不可逆转！！\n是否继续？",
+                   .buttons = Buttons::kYesNo,
+                   .icon = Icon::kWarning,
+                   .defaultAnswer = Answer::kNo,
+                   .systemModal = true});
+  if (answer != Answer::kYes) {
+    return;
+  }
+  FileReplaceOutcome outcome;
+  {
+    const auto work = workbench_.StartWork();
+    outcome = scrivanta::ReplaceInFiles(files, state_, workbench_.regExpEngine(), work->progress());
+  }
+  workbench_.ShowStatus(u"已在" + DecimalText(outcome.changedFiles) + u"个文件中替换" + DecimalText(outcome.replaced) +
+                        u"处");
+  prompts.Ask({.text = u"已全部替换！" + DescribeFailures(outcome.failures), .systemModal = true});
+}
+
+void FindDialog::Drop(FindView& view, const std::vector<std::filesystem::path>& paths, bool clear) {
+  std::u16string text = clear || DroppedFiles(view).empty() ? std::u16string() : view.DropBox();
+  for (const std::filesystem::path& path : paths) {
+    if (!text.empty() && !text.ends_with(kLineBreak)) {
+      text += kLineBreak;
+    }
+    text.append(kPathMark).append(TextOfPath(path));
+  }
+  view.SetDropBox(text);
+}
+
+void FindDialog::FilterFindHistory(FindView& view) {
+  const std::u16string keyword = workbench_.prompts().Input({.prompt = kFilterQuestion});
+  if (!keyword.empty()) {
+    findHistory_.MoveToFront(keyword);
+    SaveHistories();
+    view.SetFindBox(view.FindBox(), findHistory_.items());
+  }
+}
+
+void FindDialog::FilterReplaceHistory(FindView& view) {
+  const std::u16string keyword = workbench_.prompts().Input({.prompt = kFilterQuestion});
+  if (!keyword.empty()) {
+    replaceHistory_.MoveToFront(keyword);
+    SaveHistories();
+    view.SetReplaceBox(view.ReplaceBox(), replaceHistory_.items());
+  }
+}
+
+void FindDialog::OpenRegistryEditor() {
+  workbench_.shell().Run(u"REGEDIT.EXE", u"");
+}
+
+}  // namespace scrivanta

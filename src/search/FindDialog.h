@@ -1,0 +1,83 @@
+// What FrmFind does, without its window.
+#pragma once
+
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "search/ComboHistory.h"
+#include "search/FindState.h"
+#include "shell/Workbench.h"
+
+namespace scrivanta {
+
+// The controls of the window as far as the logic reads and sets them. The texts of the boxes are as they are shown,
+// with tokens for line breaks and tabs.
+class FindView {
+ public:
+  FindView() = default;
+  FindView(const FindView&) = delete;
+  FindView& operator=(const FindView&) = delete;
+  virtual ~FindView() = default;
+
+  virtual std::u16string FindBox() const = 0;     // Combo1
+  virtual std::u16string ReplaceBox() const = 0;  // Combo2
+  virtual void SetFindBox(const std::u16string& text, const std::vector<std::u16string>& list) = 0;
+  virtual void SetReplaceBox(const std::u16string& text, const std::vector<std::u16string>& list) = 0;
+
+  virtual bool SearchesUp() const = 0;       // Option1, else Option2
+  virtual bool MatchesCase() const = 0;      // ChkCapitalCheck
+  virtual bool IsRegExp() const = 0;         // ChkRegExpSearch
+  virtual bool KeepsFormatting() const = 0;  // ChkIncludeFormat
+  virtual void SetOptions(bool searchesUp, bool matchesCase, bool isRegExp) = 0;
+
+  virtual std::u16string DropBox() const = 0;  // RichTextBox1
+  virtual void SetDropBox(const std::u16string& text) = 0;
+  virtual void SetReplaceTip(const std::u16string& tip) = 0;
+};
+
+class FindDialog {
+ public:
+  FindDialog(Workbench& workbench, FindState& state) : workbench_(workbench), state_(state) {}
+
+  // The window opens, or is opened again.
+  void Open(FindView& view);
+  // ChkRegExpSearch was clicked.
+  void TakeOptions(FindView& view);
+
+  // The buttons. What they throw is shown by the window; the document is then as it was.
+  void FindNext(FindView& view);        // CmdFindNext
+  void FindAll(FindView& view);         // CmdFindAll
+  void Replace(FindView& view);         // CmdReplace
+  void ReplaceAll(FindView& view);      // CmdReplaceAll
+  void Filter(FindView& view);          // CmdFilter
+  void SearchInFiles(FindView& view);   // CmdSearchInFile
+  void ReplaceInFiles(FindView& view);  // CmdReplaceInFile
+
+  // Files dropped on the window are listed in its box; with clear, in place of those that it lists.
+  void Drop(FindView& view, const std::vector<std::filesystem::path>& paths, bool clear);
+
+  // F2 in a box: asks for a keyword and moves the items that contain it to the front.
+  void FilterFindHistory(FindView& view);
+  void FilterReplaceHistory(FindView& view);
+  // F1 in a box, once the registry editor knows which key to show.
+  void OpenRegistryEditor();
+
+ private:
+  void Read(FindView& view);
+  void SaveHistories();
+  void ReplaceAllPlain(TextRange selection);
+  void ReplaceAllFormatted(TextRange selection);
+  void ReportReplaced(std::size_t replaced, std::size_t split);
+  std::optional<std::u16string> ReplacementOfSelection();
+  std::vector<std::filesystem::path> DroppedFiles(const FindView& view) const;
+  std::vector<std::filesystem::path> FilesToReplaceIn(const FindView& view) const;
+
+  Workbench& workbench_;
+  FindState& state_;
+  ComboHistory findHistory_;
+  ComboHistory replaceHistory_;
+};
+
+}  // namespace scrivanta

@@ -1,0 +1,162 @@
+#include "search/FindNext.h"
+
+#include <algorithm>
+
+#include "search/EditSelection.h"
+#include "text/LiteralFinder.h"
+
+namespace scrivanta {
+
+namespace {
+
+// Positions in here count characters from 1, as the rules of the search do; 0 stands for none.
+class PlainSearch {
+ public:
+  PlainSearch(std::u16string_view text, std::u16string_view find, FindState& state, Progress& progress)
+      : text_(text), finder_(find, !state.matchesCase), state_(state), progress_(progress) {}
+
+  FindNextResult Run(TextRange selection) {
+    std::size_t position = Next(selection);
+    std::size_t caret = selection.start.value;
+    if (position == 0 && Occurs()) {
+      caret = state_.searchesUp ? text_.size() : 0;
+      state_.lastFound = caret;
+      position = Next({{caret}, 0});
+    }
+    if (position > 0) {
+      state_.lastFound = position - 1;
+    }
+    state_.isNewSearch = false;
+    return {position, position > 0 || Occurs(), caret};
+  }
+
+ private:
+  std::size_t Next(TextRange selection) {
+    const std::size_t selectionStart = selection.start.value;
+    const std::size_t step = state_.lastFound == selectionStart && !state_.isNewSearch ? 1 : 0;
+    if (selectionStart == text_.size()) {
+      state_.lastFound = 0;
+    }
+    std::size_t start = state_.searchesUp ? text_.size() + 1 : 0;
+    if (state_.lastFound != 0) {
+      start = selectionStart + step;
+    }
+    return state_.searchesUp ? Upwards(start) : Downwards(start, !selection.empty());
+  }
+
+  std::size_t Upwards(std::size_t start) const {
+    return start < 2 ? 0 : Position(finder_.FindBackward(text_, start - 1, progress_));
+  }
+
+  std::size_t Downwards(std::size_t start, bool hasSelection) const {
+    if (start == 0 && hasSelection) {
+      start = 1;
+    }
+    return Position(finder_.Find(text_, start + SkipAt(start) - 1, progress_));
+  }
+
+  std::size_t SkipAt(std::size_t start) const {
+    if (start == 0 || start > text_.size()) {
+      return 1;
+    }
+    const char16_t c = text_[start - 1];
+    return c == u'\r' ? 3 : c == u'\n' ? 2 : 1;
+  }
+
+  bool Occurs() const { return finder_.Find(text_, 0, progress_) != LiteralFinder::kNotFound; }
+  static std::size_t Position(std::size_t offset) { return offset == LiteralFinder::kNotFound ? 0 : offset + 1; }
+
+  std::u16string_view text_;
+  LiteralFinder finder_;
+  FindState& state_;
+  Progress& progress_;
+};
+
+// Where the caret stands that is put to this place.
+std::size_t CaretPlace(std::u16string_view text, std::size_t place) {
+  const bool isInLineBreak = place > 0 && place < text.size() && text[place - 1] == u'\r' && text[place] == u'\n';
+  return isInLineBreak ? place - 1 : place;
+}
+
+}  // namespace
+
+FindNextResult FindNextInText(std::u16string_view text, TextRange selection, std::u16string_view find, FindState& state,
+                              Progress& progress) {
+  if (find.empty()) {
+    return {};
+  }
+  return PlainSearch(text, find, state, progress).Run(selection);
+}
+
+std::size_t FindNextInEditor(Workbench& workbench, std::u16string_view find, FindState& state) {
+  if (find.empty()) {
+    return 0;
+  }
+  Editor& editor = workbench.editor();
+  const auto work = workbench.StartWork();
+  const FindNextResult result = FindNextInText(editor.Text(), editor.Selection(), find, state, work->progress());
+  if (result.position > 0) {
+    EditSetSelection(editor, static_cast<std::ptrdiff_t>(result.position - 1),
+                     static_cast<std::ptrdiff_t>(find.size()));
+  } else if (result.occurs) {
+    EditSetSelection(editor, static_cast<std::ptrdiff_t>(result.caret), 0);
+  } else {
+    SayNotFound(workbench.prompts());
+  }
+  return result.position;
+}
+
+std::optional<TextRange> FindNextMatch(std::u16string_view text, std::size_t caret, RegExp& regExp, bool searchesUp,
+                                       Progress& progress) {
+  std::optional<TextRange> first;
+  std::optional<TextRange> last;
+  std::optional<TextRange> next;
+  regExp.Scan(
+      text, 0,
+      [&](const RegExpMatch& match) {
+        const std::size_t place = CaretPlace(text, match.start);
+        const TextRange range{{place}, match.value.empty() ? 0 : match.end() - place};
+        first = first ? first : range;
+        last = range;
+        if (searchesUp && place < caret) {
+          next = range;
+        } else if (!searchesUp && place > caret) {
+          next = range;
+          return false;
+        }
+        return true;
+      },
+      progress);
+  return next ? next : searchesUp ? last : first;
+}
+
+bool FindNext(Workbench& workbench, FindState& state) {
+  if (state.findText.empty()) {
+    return false;
+  }
+  if (!state.isRegExp) {
+    return FindNextInEditor(workbench, state.findText, state) > 0;
+  }
+  Editor& editor = workbench.editor();
+  std::optional<TextRange> match;
+  {
+    const auto work = workbench.StartWork();
+    const auto regExp =
+        workbench.regExpEngine().Compile(state.findText, {.ignoreCase = !state.matchesCase, .multiLine = true});
+    match = FindNextMatch(editor.Text(), editor.Selection().start.value, *regExp, state.searchesUp, work->progress());
+  }
+  state.isNewSearch = false;
+  if (!match) {
+    SayNotFound(workbench.prompts());
+    return false;
+  }
+  EditSetSelection(editor, static_cast<std::ptrdiff_t>(match->start.value), static_cast<std::ptrdiff_t>(match->length));
+  state.lastFound = match->start.value;
+  return true;
+}
+
+void SayNotFound(Prompts& prompts) {
+  prompts.Ask({.text = u"未找到结果", .icon = Icon::kInformation, .systemModal = true});
+}
+
+}  // namespace scrivanta

@@ -1,0 +1,19 @@
+// What the find dialog and the find commands of the menu share for the life of the program.
+#pragma once
+
+#include <cstddef>
+#include <string>
+
+namespace scrivanta {
+
+struct FindState {
+  std::u16string findText = {};
+  std::u16string replacement = {};
+  bool matchesCase = false;
+  bool searchesUp = false;
+  bool isRegExp = false;
+  std::size_t lastFound = 0;  // where the last match begins, in characters from 0; 0 also when there is none
+  bool isNewSearch = false;   // the text or an option has changed since the last search
+};
+
+}  // namespace scrivanta

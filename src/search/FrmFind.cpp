@@ -1,0 +1,216 @@
+#include "search/FrmFind.h"
+
+#include <windows.h>
+
+#include <shellapi.h>
+
+#include "search/FrmFindControls.h"
+#include "search/ScrivantaComboBox.h"
+#include "win/Registry.h"
+#include "win/WideText.h"
+
+namespace scrivanta {
+
+namespace {
+
+// Where the registry editor opens, and where the histories are.
+constexpr char16_t kRegistryEditorKey[] = u"Software\\Microsoft\\Windows\\CurrentVersion\\Applets\\Regedit";
+constexpr char16_t kHistoryKey[] = u"HKEY_CURRENT_USER\\Software\\Scrivanta\\FormSaveSetting";
+
+std::vector<std::filesystem::path> PathsOfDrop(HDROP drop) {
+  std::vector<std::filesystem::path> paths;
+  const UINT count = DragQueryFileW(drop, 0xFFFFFFFF, nullptr, 0);
+  for (UINT i = 0; i < count; ++i) {
+    std::wstring path(DragQueryFileW(drop, i, nullptr, 0) + 1, L'\0');
+    path.resize(DragQueryFileW(drop, i, path.data(), static_cast<UINT>(path.size())));
+    paths.emplace_back(path);
+  }
+  return paths;
+}
+
+}  // namespace
+
+FrmFind::FrmFind(WindowHost& host) : Dialog(host, IDD_FRM_FIND) {}
+
+FrmFind::~FrmFind() = default;
+
+void FrmFind::Show(FindDialog& dialog, HWND owner) {
+  const bool wasOpen = IsOpen();
+  dialog_ = &dialog;
+  ShowModeless(owner);
+  if (wasOpen) {
+    dialog.Open(*this);
+    FocusOn(Combo1);
+  }
+}
+
+void FrmFind::OnInit() {
+  SetTopMost(true);
+  DragByBody();
+  SetTips();
+  HookKeys(Combo1, [this](WPARAM key) { return OnComboKey(Combo1, key); });
+  HookKeys(Combo2, [this](WPARAM key) { return OnComboKey(Combo2, key); });
+  const HWND box = Control(RichTextBox1);
+  DragAcceptFiles(box, TRUE);
+  dropTarget_ =
+      std::make_unique<Subclass>(host(), box, [this](UINT message, WPARAM wParam, LPARAM) -> std::optional<LRESULT> {
+        if (message != WM_DROPFILES) {
+          return std::nullopt;
+        }
+        TakeDrop(reinterpret_cast<HDROP>(wParam));
+        return 0;
+      });
+  dialog_->Open(*this);
+  FocusOn(Combo1);
+}
+
+void FrmFind::SetTips() {
+  constexpr char16_t kHistoryTip[] = u"F1注册表或INI文件中的清单；F2将条目过滤到前面，方便选择";
+  SetToolTip(Combo1, kHistoryTip);
+  SetToolTip(ChkIncludeFormat, u"【全部替换】保留源格式查找，如果有而不能被替换就取消勾选");
+  SetToolTip(CmdFilter, u"将含关键字行移到文首，正则表达式方式要标记全，结尾如：.*$");
+  SetToolTip(CmdSearchInFile, u"分开列出【含有】和【不含有】查找内容的文件");
+  SetToolTip(CmdReplaceInFile, u"在列出的文件行中替换，不可逆转！！");
+}
+
+bool FrmFind::OnCommand(int controlId, int notification) {
+  if (controlId == IDOK) {
+    Press(CmdFindNext);
+    return true;
+  }
+  if (notification != BN_CLICKED) {
+    return false;
+  }
+  switch (controlId) {
+    case CmdClose:
+      Close();
+      return true;
+    case Option1:
+    case Option2:
+    case ChkCapitalCheck:
+    case ChkRegExpSearch:
+      dialog_->TakeOptions(*this);
+      return true;
+    case CmdFindNext:
+    case CmdFindAll:
+    case CmdReplace:
+    case CmdReplaceAll:
+    case CmdFilter:
+    case CmdSearchInFile:
+    case CmdReplaceInFile:
+      Press(controlId);
+      return true;
+    default:
+      return false;
+  }
+}
+
+void FrmFind::Press(int controlId) {
+  switch (controlId) {
+    case CmdFindNext:
+      dialog_->FindNext(*this);
+      break;
+    case CmdFindAll:
+      dialog_->FindAll(*this);
+      break;
+    case CmdReplace:
+      dialog_->Replace(*this);
+      break;
+    case CmdReplaceAll:
+      dialog_->ReplaceAll(*this);
+      break;
+    case CmdFilter:
+      dialog_->Filter(*this);
+      break;
+    case CmdSearchInFile:
+      dialog_->SearchInFiles(*this);
+      break;
+    default:
+      dialog_->ReplaceInFiles(*this);
+      break;
+  }
+}
+
+bool FrmFind::OnComboKey(int controlId, WPARAM key) {
+  if (key == VK_F1) {
+    ShowStoredHistory();
+    return true;
+  }
+  if (key == VK_F2) {
+    if (controlId == Combo1) {
+      dialog_->FilterFindHistory(*this);
+    } else {
+      dialog_->FilterReplaceHistory(*this);
+    }
+    return true;
+  }
+  return false;
+}
+
+void FrmFind::ShowStoredHistory() {
+  WriteRegistryText(kRegistryEditorKey, u"LastKey", kHistoryKey);
+  dialog_->OpenRegistryEditor();
+}
+
+void FrmFind::TakeDrop(HDROP drop) {
+  const std::vector<std::filesystem::path> paths = PathsOfDrop(drop);
+  DragFinish(drop);
+  dialog_->Drop(*this, paths, GetKeyState(VK_MENU) < 0);
+}
+
+void FrmFind::OnClose() {
+  dropTarget_.reset();
+}
+
+std::u16string FrmFind::FindBox() const {
+  return ComboBoxText(Control(Combo1));
+}
+
+std::u16string FrmFind::ReplaceBox() const {
+  return ComboBoxText(Control(Combo2));
+}
+
+void FrmFind::SetFindBox(const std::u16string& text, const std::vector<std::u16string>& list) {
+  FillComboBox(Control(Combo1), text, list);
+}
+
+void FrmFind::SetReplaceBox(const std::u16string& text, const std::vector<std::u16string>& list) {
+  FillComboBox(Control(Combo2), text, list);
+}
+
+bool FrmFind::SearchesUp() const {
+  return IsChecked(Option1);
+}
+
+bool FrmFind::MatchesCase() const {
+  return IsChecked(ChkCapitalCheck);
+}
+
+bool FrmFind::IsRegExp() const {
+  return IsChecked(ChkRegExpSearch);
+}
+
+bool FrmFind::KeepsFormatting() const {
+  return IsChecked(ChkIncludeFormat);
+}
+
+void FrmFind::SetOptions(bool searchesUp, bool matchesCase, bool isRegExp) {
+  SetChecked(Option1, searchesUp);
+  SetChecked(Option2, !searchesUp);
+  SetChecked(ChkCapitalCheck, matchesCase);
+  SetChecked(ChkRegExpSearch, isRegExp);
+}
+
+std::u16string FrmFind::DropBox() const {
+  return ControlText(RichTextBox1);
+}
+
+void FrmFind::SetDropBox(const std::u16string& text) {
+  SetControlText(RichTextBox1, text);
+}
+
+void FrmFind::SetReplaceTip(const std::u16string& tip) {
+  SetToolTip(Combo2, tip);
+}
+
+}  // namespace scrivanta

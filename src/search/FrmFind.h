@@ -1,0 +1,50 @@
+// The find and replace dialog.
+#pragma once
+
+#include <windows.h>
+
+#include <shellapi.h>
+
+#include <memory>
+
+#include "search/FindDialog.h"
+#include "win/Dialog.h"
+
+namespace scrivanta {
+
+class FrmFind final : public Dialog, private FindView {
+ public:
+  explicit FrmFind(WindowHost& host);
+  ~FrmFind() override;
+
+  // Opens the window, or brings it to the front with what is selected now.
+  void Show(FindDialog& dialog, HWND owner);
+
+ private:
+  void OnInit() override;
+  bool OnCommand(int controlId, int notification) override;
+  void OnClose() override;
+  void SetTips();
+  void Press(int controlId);
+  bool OnComboKey(int controlId, WPARAM key);
+  void ShowStoredHistory();
+  void TakeDrop(HDROP drop);
+
+  std::u16string FindBox() const override;
+  std::u16string ReplaceBox() const override;
+  void SetFindBox(const std::u16string& text, const std::vector<std::u16string>& list) override;
+  void SetReplaceBox(const std::u16string& text, const std::vector<std::u16string>& list) override;
+  bool SearchesUp() const override;
+  bool MatchesCase() const override;
+  bool IsRegExp() const override;
+  bool KeepsFormatting() const override;
+  void SetOptions(bool searchesUp, bool matchesCase, bool isRegExp) override;
+  std::u16string DropBox() const override;
+  void SetDropBox(const std::u16string& text) override;
+  void SetReplaceTip(const std::u16string& tip) override;
+
+  FindDialog* dialog_ = nullptr;
+  std::unique_ptr<Subclass> dropTarget_;
+};
+
+}  // namespace scrivanta

@@ -1,0 +1,133 @@
+#include "search/Highlight.h"
+
+#include <algorithm>
+
+#include "search/EditSelection.h"
+#include "search/RtfEscape.h"
+#include "search/RtfHeader.h"
+#include "search/TextRanges.h"
+#include "shell/ResultFiles.h"
+#include "text/ExplainedError.h"
+#include "text/LiteralFinder.h"
+
+namespace scrivanta {
+
+namespace {
+
+constexpr std::u16string_view kHighlightFile = u"HaveRtf.rtf";
+constexpr std::string_view kHighlightOn = "\\cf2\\b ";
+constexpr std::string_view kHighlightOff = "\\cf1\\b0 ";
+constexpr std::size_t kCharactersPerReport = 64 * 1024;
+
+// Writes characters and line ends into the body of a rich text.
+class BodyWriter {
+ public:
+  BodyWriter(std::string& rtf, std::size_t textLength, Progress& progress)
+      : rtf_(rtf), textLength_(textLength), progress_(progress) {}
+
+  // A piece of the text; highlighted over all lines that it touches.
+  void Write(std::u16string_view piece, bool highlighted) {
+    for (;;) {
+      const std::size_t end = piece.find(u"\r\n");
+      WriteInLine(piece.substr(0, end), highlighted);
+      if (end == std::u16string_view::npos) {
+        return;
+      }
+      EndLine();
+      piece.remove_prefix(end + 2);
+    }
+  }
+
+  void EndLine() { rtf_ += "\\par \r\n"; }
+
+ private:
+  void WriteInLine(std::u16string_view piece, bool highlighted) {
+    if (piece.empty()) {
+      return;
+    }
+    const std::string escaped = RtfHexEscape(RtfEscapeText(piece));
+    if (highlighted) {
+      rtf_.append(kHighlightOn).append(escaped).append(kHighlightOff);
+    } else {
+      rtf_ += escaped;
+    }
+    written_ += piece.size();
+    if (written_ - reported_ > kCharactersPerReport) {
+      reported_ = written_;
+      progress_.Report(written_, textLength_);
+    }
+  }
+
+  std::string& rtf_;
+  std::size_t textLength_;
+  Progress& progress_;
+  std::size_t written_ = 0;
+  std::size_t reported_ = 0;
+};
+
+}  // namespace
+
+std::string HighlightedRtf(std::u16string_view text, std::span<const TextRange> ranges, HighlightHeader header,
+                           Progress& progress) {
+  std::string rtf(header == HighlightHeader::kSongTi ? kHighlightHeader : kFindAllHeader);
+  rtf.reserve(rtf.size() + text.size() * 2 + ranges.size() * 16);
+  BodyWriter body(rtf, text.size(), progress);
+  std::size_t written = 0;  // of the text
+  for (const TextRange& range : ranges) {
+    // A range may begin or end within a line break, which then belongs to what is before it.
+    body.Write(text.substr(written, range.start.value - written), false);
+    body.Write(text.substr(range.start.value, range.length), true);
+    written = range.end().value;
+  }
+  body.Write(text.substr(written), false);
+  body.EndLine();
+  return rtf + "}";
+}
+
+std::vector<TextRange> FindWords(std::u16string_view text, std::u16string_view words, Progress& progress) {
+  std::vector<TextRange> places;
+  while (!words.empty()) {
+    const std::size_t end = std::min(words.find(u'|'), words.size());
+    if (end > 0) {
+      const LiteralFinder finder(words.substr(0, end), true);
+      for (std::size_t at = finder.Find(text, 0, progress); at != LiteralFinder::kNotFound;
+           at = finder.Find(text, at + end, progress)) {
+        places.push_back({{at}, end});
+      }
+    }
+    words.remove_prefix(std::min(end + 1, words.size()));
+  }
+  return MergeRanges(std::move(places));
+}
+
+void HighlightInEditor(Workbench& workbench, std::u16string_view words) {
+  std::u16string asked(words);
+  if (asked.empty()) {
+    asked = workbench.prompts().Input(
+        {.prompt = u"高亮显示字符：", .title = u"高亮显示字符：", .preset = workbench.editor().SelectedText()});
+    if (asked.empty()) {
+      return;
+    }
+  }
+  const auto work = workbench.StartWork();
+  const std::u16string text = workbench.editor().Text();
+  HighlightRanges(workbench, text, FindWords(text, asked, work->progress()), HighlightHeader::kSongTi,
+                  work->progress());
+}
+
+void HighlightRanges(Workbench& workbench, std::u16string_view text, std::span<const TextRange> ranges,
+                     HighlightHeader header, Progress& progress) {
+  Editor& editor = workbench.editor();
+  ResultFile file(workbench, kHighlightFile);
+  file.Write(HighlightedRtf(text, ranges, header, progress));
+  file.Save();
+  const TextRange selection = editor.Selection();
+  const ScrollPosition scroll = editor.Scroll();
+  if (!editor.SetRtf(file.bytes())) {
+    throw ExplainedError("the edit control does not take the highlighted text", u"编辑框不能显示高亮后的文本。");
+  }
+  editor.SetSelection(selection);
+  editor.SetScroll(scroll);
+}
+
+}  // namespace scrivanta

@@ -1,0 +1,152 @@
+#include "search/RegularTest.h"
+
+#include <algorithm>
+#include <array>
+#include <span>
+#include <utility>
+
+#include "regexp/RegExpExecute.h"
+#include "search/DecimalText.h"
+#include "search/EditSelection.h"
+#include "search/TextRanges.h"
+
+namespace scrivanta {
+
+namespace {
+
+constexpr std::u16string_view kSection = u"HistoryRegularPattern";
+// Keys of a history edited by hand may have gaps.
+constexpr std::size_t kLongestGap = 20;
+constexpr std::size_t kKeyDigits = 5;
+// Coloured between two looks at the events of the window.
+constexpr std::size_t kRangesAtOnce = 200;
+constexpr TextColours kMatchColours{.text = 0x0000FF, .background = 0x00FFFF};  // red on yellow
+
+constexpr std::array<std::u16string_view, 5> kExamples = {
+    u"'功能：[\\W\\w]+?(^Public Function |^Public Sub ).*?$",
+    u"'功能：.*?$|(^Public Function |^Public Sub )[\\W\\w]+?\\).*?$",
+    u"Win.*?.bas",
+    u"NumX._AB.bas",
+    u"^.*?$",
+};
+
+// "00000", "00001" ...
+std::u16string KeyOf(std::size_t number) {
+  const std::u16string digits = DecimalText(number);
+  return std::u16string(kKeyDigits - std::min(digits.size(), kKeyDigits), u'0') + digits;
+}
+
+}  // namespace
+
+void RegularTest::Load() {
+  stored_.clear();
+  std::vector<std::u16string> items;
+  std::size_t gap = 0;
+  for (std::size_t number = 0; gap < kLongestGap; ++number) {
+    const auto item = workbench_.settings().Find(KeyOf(number), Store::kIniFile, kSection);
+    gap = item ? 0 : gap + 1;
+    stored_.push_back(item.value_or(u""));
+    if (item && !item->empty()) {
+      items.push_back(*item);
+    }
+  }
+  stored_.resize(stored_.size() - gap);
+  history_ = ComboHistory(std::move(items));
+}
+
+void RegularTest::Save() {
+  std::vector<std::u16string> items = history_.items();
+  std::erase(items, u"");
+  // What stood behind the last item goes.
+  items.resize(std::max(items.size(), stored_.size()));
+  for (std::size_t number = 0; number < items.size(); ++number) {
+    if (number >= stored_.size() || stored_[number] != items[number]) {
+      workbench_.settings().Save(KeyOf(number), items[number], Store::kIniFile, kSection);
+    }
+  }
+  stored_ = std::move(items);
+}
+
+void RegularTest::Open(RegularTestView& view) {
+  Load();
+  for (const std::u16string_view example : kExamples) {
+    history_.AppendMissing(example);
+  }
+  view.SetPatternBox(history_.items().front(), history_.items());
+}
+
+void RegularTest::Reload(RegularTestView& view) {
+  Load();
+  view.SetPatternBox(u"", history_.items());
+}
+
+void RegularTest::OpenIniFile() {
+  workbench_.shell().OpenWithDefaultProgram(workbench_.folders().iniFile);
+}
+
+void RegularTest::FilterHistory(RegularTestView& view) {
+  const std::u16string keyword = workbench_.prompts().Input({.prompt = u"输入要置前的条目关键字"});
+  if (!keyword.empty()) {
+    history_.MoveToFront(keyword);
+    view.SetPatternBox(view.PatternBox(), history_.items());
+  }
+}
+
+void RegularTest::Test(RegularTestView& view) {
+  const std::u16string pattern = view.PatternBox();
+  if (!pattern.empty()) {
+    history_.AppendMissing(pattern);
+  }
+  Save();
+  view.SetPatternBox(pattern, history_.items());
+  if (pattern.empty()) {
+    return;
+  }
+  std::size_t found = 0;
+  {
+    const auto work = workbench_.StartWork();
+    std::u16string text = workbench_.editor().Text();
+    const MatchList matches = RegExpExecute(workbench_.regExpEngine(), text, pattern, kNoReplacement,
+                                            {.multiLine = true, .global = true, .ignoreCase = true}, work->progress());
+    TakeColoursAway(text, work->progress());
+    if (matches.found()) {
+      found = matches.upperBound();
+      std::vector<TextRange> ranges;
+      ranges.reserve(found);
+      for (std::size_t number = 1; number <= found; ++number) {
+        ranges.push_back(
+            {{static_cast<std::size_t>(matches[number].FirstIndex)}, static_cast<std::size_t>(matches[number].Length)});
+      }
+      const TextRange last = ranges.back();
+      colouredLength_ = text.size();
+      Colour(MergeRanges(std::move(ranges)), kMatchColours, work->progress());
+      setRtxtColor(workbench_.editor(), last, kMatchColours);
+    }
+  }
+  workbench_.prompts().Ask({.text = u"发现 " + DecimalText(found) + u" 次。", .systemModal = true});
+}
+
+// Takes away what the last test has coloured; where the text is another one now, all colours.
+void RegularTest::TakeColoursAway(std::u16string_view text, Progress& progress) {
+  if (coloured_.empty()) {
+    return;
+  }
+  std::vector<TextRange> ranges = std::exchange(coloured_, {});
+  if (text.size() != colouredLength_) {
+    ranges = {{{0}, text.size()}};
+  }
+  Colour(ranges, {}, progress);
+  coloured_.clear();
+}
+
+void RegularTest::Colour(const std::vector<TextRange>& ranges, const TextColours& colours, Progress& progress) {
+  const std::span<const TextRange> all(ranges);
+  for (std::size_t done = 0; done < all.size(); done += kRangesAtOnce) {
+    const auto some = all.subspan(done, std::min(kRangesAtOnce, all.size() - done));
+    workbench_.editor().SetColours(some, colours);
+    coloured_.insert(coloured_.end(), some.begin(), some.end());
+    progress.Report(done + some.size(), all.size());
+  }
+}
+
+}  // namespace scrivanta

@@ -1,0 +1,16 @@
+// A combo box with an edit box and a list, as the search windows fill and read it.
+#pragma once
+
+#include <windows.h>
+
+#include <string>
+#include <vector>
+
+namespace scrivanta {
+
+void FillComboBox(HWND combo, const std::u16string& text, const std::vector<std::u16string>& list);
+
+// What is entered; while the list is being picked from, the item picked.
+std::u16string ComboBoxText(HWND combo);
+
+}  // namespace scrivanta

@@ -1,0 +1,27 @@
+// The pattern workbench: tries a pattern on the document and explains the dialect.
+#pragma once
+
+#include "search/RegularTest.h"
+#include "win/Dialog.h"
+
+namespace scrivanta {
+
+class ScrivantaRegularTest final : public Dialog, private RegularTestView {
+ public:
+  explicit ScrivantaRegularTest(WindowHost& host);
+
+  // Opens the window; one that is open already, in this instance or another, is brought to the front instead.
+  void Show(RegularTest& dialog, HWND owner);
+
+ private:
+  void OnInit() override;
+  bool OnCommand(int controlId, int notification) override;
+  bool OnComboKey(WPARAM key);
+
+  std::u16string PatternBox() const override;
+  void SetPatternBox(const std::u16string& text, const std::vector<std::u16string>& list) override;
+
+  RegularTest* dialog_ = nullptr;
+};
+
+}  // namespace scrivanta

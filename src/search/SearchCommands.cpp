@@ -1,0 +1,182 @@
+#include "search/SearchCommands.h"
+
+#include <algorithm>
+#include <memory>
+#include <optional>
+
+#include "regexp/RegExpExtract.h"
+#include "regexp/RegExpReplace.h"
+#include "search/FileReport.h"
+#include "search/FindDialog.h"
+#include "search/FindNext.h"
+#include "search/FindPlaces.h"
+#include "search/Highlight.h"
+#include "search/RegularTest.h"
+#include "shell/ResultFiles.h"
+#include "text/PlatformFile.h"
+
+namespace scrivanta {
+
+namespace {
+
+constexpr std::u16string_view kPatternKey = u"DefaultRegPattern";
+constexpr std::u16string_view kReplacementKey = u"ToThisStr";
+constexpr std::u16string_view kFindInFileKey = u"FindInThisFile";
+
+// Asks with the last answer as preset and keeps the new one; empty when the user cancels.
+std::u16string AskAndKeep(Workbench& workbench, const std::u16string& prompt, std::u16string_view key) {
+  const std::u16string answer = workbench.prompts().Input({.prompt = prompt, .preset = workbench.settings().Get(key)});
+  if (!answer.empty()) {
+    workbench.settings().Save(key, answer);
+  }
+  return answer;
+}
+
+std::u16string AskForPattern(Workbench& workbench) {
+  return AskAndKeep(workbench, u"输入要寻找的字串（正则表达式）", kPatternKey);
+}
+
+void PutBack(Workbench& workbench, const CapturedInput& input, std::u16string_view text) {
+  ResultFile result(workbench, kInputFileName);
+  result.Write(Encode(kWorkFileEncoding, text));
+  // One line break is cut off when the result is put back.
+  result.Write("\r\n");
+  PutResultBack(workbench, input, result);
+}
+
+// The line of the caret, without its line break.
+TextRange CurrentLine(std::u16string_view text, TextPos caret) {
+  const std::size_t place = std::min(caret.value, text.size());
+  const std::size_t start = place == 0 ? 0 : text.find_last_of(u"\r\n", place - 1) + 1;
+  const std::size_t end = std::min(text.find_first_of(u"\r\n", start), text.size());
+  return {{start}, end - start};
+}
+
+// The dialogs live as long as the table that holds the handlers.
+struct SearchSession {
+  FindState state;
+  std::optional<FindDialog> findDialog;
+  std::optional<RegularTest> regularTest;
+};
+
+}  // namespace
+
+void mnuFindNext(Workbench& workbench, FindState& state) {
+  FindNext(workbench, state);
+}
+
+void mnufindall(Workbench& workbench, const FindState& state) {
+  if (state.findText.empty()) {
+    HighlightInEditor(workbench, {});
+    return;
+  }
+  const auto work = workbench.StartWork();
+  const std::u16string text = workbench.editor().Text();
+  const auto places = FindPlaces(text, state, workbench.regExpEngine(), work->progress());
+  if (places.empty()) {
+    SayNotFound(workbench.prompts());
+    return;
+  }
+  ResultFile have(workbench, u"Have.txt");
+  have.Write(Encode(kWorkFileEncoding, text));
+  have.Save();
+  HighlightRanges(workbench, text, places, HighlightHeader::kMsSansSerif, work->progress());
+}
+
+void mnuGoToThis(Workbench& workbench) {
+  Editor& editor = workbench.editor();
+  const TextRange line = CurrentLine(editor.Text(), editor.Selection().start);
+  editor.SetSelection(line);
+  const auto paths = PathsOfLines(editor.SelectedText(), PathLines::kAll);
+  if (paths.empty()) {
+    return;
+  }
+  const Answer answer = workbench.prompts().Ask({.text = u"[是]用文本查看器打开,[否]用关联程序打开,[取消]退出",
+                                                 .buttons = Buttons::kYesNoCancel,
+                                                 .icon = Icon::kQuestion});
+  if (answer == Answer::kYes) {
+    workbench.shell().Run(u"notepad.exe", TextOfPath(paths.front()));
+  } else if (answer == Answer::kNo) {
+    workbench.shell().OpenWithDefaultProgram(paths.front());
+  }
+}
+
+void mnuFindInFile(Workbench& workbench) {
+  FindState state;
+  state.findText = AskAndKeep(workbench, u"输入要在各行所列的文件、目录中寻找的字串：", kFindInFileKey);
+  if (state.findText.empty()) {
+    return;
+  }
+  const Editor& editor = workbench.editor();
+  auto places = PathsOfLines(editor.Selection().empty() ? editor.Text() : editor.SelectedText(), PathLines::kAll);
+  std::erase_if(places, [](const std::filesystem::path& place) {
+    std::error_code error;
+    return !std::filesystem::exists(place, error);
+  });
+  if (places.empty()) {
+    SayNotFound(workbench.prompts());
+    return;
+  }
+  SearchAndReport(workbench, places, FileFilter(u"*.*"), state);
+}
+
+void mnuRegGet(Workbench& workbench) {
+  const std::u16string pattern = AskForPattern(workbench);
+  if (pattern.empty()) {
+    return;
+  }
+  const auto work = workbench.StartWork();
+  const CapturedInput input = CaptureInput(workbench, kInputFileName, WholeTextEnd::kAsItStands);
+  const auto results = ExtractFromText(workbench.regExpEngine(), input.text, pattern, {}, work->progress());
+  if (results.empty()) {
+    SayNotFound(workbench.prompts());
+    return;
+  }
+  PutBack(workbench, input, JoinResults(results));
+}
+
+void mnuRegReplace(Workbench& workbench) {
+  const std::u16string pattern = AskForPattern(workbench);
+  if (pattern.empty()) {
+    return;
+  }
+  const std::u16string replacement =
+      AskAndKeep(workbench, u"替换为（取正则表达式中相应括号中的部分用：\\1\\2\\3...）：", kReplacementKey);
+  if (replacement.empty()) {
+    return;
+  }
+  const auto work = workbench.StartWork();
+  const CapturedInput input = CaptureInput(workbench, kInputFileName, WholeTextEnd::kAsItStands);
+  std::size_t count = 0;
+  const std::u16string result =
+      ReplaceInText(workbench.regExpEngine(), input.text, pattern, replacement, {}, work->progress(), &count);
+  if (count == 0) {
+    SayNotFound(workbench.prompts());
+    return;
+  }
+  PutBack(workbench, input, result);
+}
+
+void RegisterSearchCommands(CommandTable& table, SearchDialogs& dialogs) {
+  const auto session = std::make_shared<SearchSession>();
+  table.Add("mnuFind", {[session, &dialogs](Workbench& workbench) {
+              if (!session->findDialog) {
+                session->findDialog.emplace(workbench, session->state);
+              }
+              dialogs.ShowFind(*session->findDialog);
+            }});
+  table.Add("mnuFindNext", {[session](Workbench& workbench) { mnuFindNext(workbench, session->state); }});
+  table.Add("mnufindall", {[session](Workbench& workbench) { mnufindall(workbench, session->state); }});
+  table.Add("mnuGoToThis", {mnuGoToThis});
+  table.Add("mnuFindInFile", {mnuFindInFile});
+  table.Add("mnuRegGet", {mnuRegGet});
+  table.Add("mnuRegReplace", {mnuRegReplace});
+  table.Add("mnuRegTest", {[session, &dialogs](Workbench& workbench) {
+              if (!session->regularTest) {
+                session->regularTest.emplace(workbench);
+              }
+              dialogs.ShowRegularTest(*session->regularTest);
+            }});
+}
+
+}  // namespace scrivanta

@@ -1,0 +1,21 @@
+// The windows of the search commands, as the handlers see them: Frm... classes on the real desktop, scripts in tests.
+#pragma once
+
+namespace scrivanta {
+
+class FindDialog;
+class RegularTest;
+
+class SearchDialogs {
+ public:
+  SearchDialogs() = default;
+  SearchDialogs(const SearchDialogs&) = delete;
+  SearchDialogs& operator=(const SearchDialogs&) = delete;
+  virtual ~SearchDialogs() = default;
+
+  // Both are modeless: shown, or brought to the front. The dialogs outlive their windows.
+  virtual void ShowFind(FindDialog& dialog) = 0;
+  virtual void ShowRegularTest(RegularTest& dialog) = 0;
+};
+
+}  // namespace scrivanta

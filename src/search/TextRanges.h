@@ -1,0 +1,12 @@
+#pragma once
+
+#include <vector>
+
+#include "shell/Editor.h"
+
+namespace scrivanta {
+
+// In ascending order, those that overlap or touch as one, without empty ones.
+std::vector<TextRange> MergeRanges(std::vector<TextRange> ranges);
+
+}  // namespace scrivanta

@@ -1,0 +1,305 @@
+#include <gtest/gtest.h>
+
+#include "search/ComboHistory.h"
+#include "search/FindDialog.h"
+#include "search/FindNext.h"
+#include "search/FindTokens.h"
+#include "search/Highlight.h"
+#include "search/RtfText.h"
+#include "search/SearchCommands.h"
+#include "search/TextRanges.h"
+#include "shell/FormState.h"
+#include "support/ScriptedWorkbench.h"
+
+namespace scrivanta {
+namespace {
+
+using testing::ScriptedWorkbench;
+
+TEST(FindNextInText, GoesOnFromTheLastPlaceAndAroundTheEnd) {
+  NoProgress progress;
+  struct Step {
+    bool up;
+    std::size_t position;  // from 1
+  };
+  const std::u16string text = u"ab中ab\r\nAB";
+  FindState state;
+  TextRange selection;
+  const Step steps[] = {{false, 1}, {false, 4}, {false, 8}, {false, 1}, {true, 8}, {true, 4}, {true, 1}, {true, 8}};
+  for (const Step& step : steps) {
+    state.searchesUp = step.up;
+    const FindNextResult result = FindNextInText(text, selection, u"ab", state, progress);
+    EXPECT_EQ(result.position, step.position);
+    selection = {{result.position - 1}, 2};
+  }
+  state.matchesCase = true;
+  state.isNewSearch = true;
+  EXPECT_EQ(FindNextInText(text, selection, u"AB", state, progress).position, 8U);
+  EXPECT_FALSE(state.isNewSearch);
+  EXPECT_FALSE(FindNextInText(text, selection, u"aB", state, progress).occurs);
+  EXPECT_EQ(FindNextInText(text, selection, u"", state, progress).position, 0U);
+}
+
+TEST(FindNextInEditor, SaysWhenThereIsNoneAndLeavesTheSelection) {
+  ScriptedWorkbench workbench;
+  workbench.editor().Open(u"abc", {{1}, 1});
+  FindState state;
+  EXPECT_EQ(FindNextInEditor(workbench, u"x", state), 0U);
+  ASSERT_EQ(workbench.prompts().messages.size(), 1U);
+  EXPECT_EQ(workbench.prompts().messages[0].text, u"未找到结果");
+  EXPECT_EQ(workbench.prompts().messages[0].icon, Icon::kInformation);
+  EXPECT_TRUE(workbench.prompts().messages[0].systemModal);
+  EXPECT_EQ(workbench.editor().Selection(), (TextRange{{1}, 1}));
+}
+
+TEST(FindNext, ByPatternTakesTheNextMatchAfterTheCaret) {
+  ScriptedWorkbench workbench;
+  workbench.editor().Open(u"中a1\r\nb22\r\n", {});
+  FindState state{.findText = u"\\d+", .isRegExp = true};
+  const TextRange places[] = {{{2}, 1}, {{6}, 2}, {{2}, 1}};
+  for (const TextRange& place : places) {
+    EXPECT_TRUE(FindNext(workbench, state));
+    EXPECT_EQ(workbench.editor().Selection(), place);
+  }
+  state.searchesUp = true;
+  EXPECT_TRUE(FindNext(workbench, state));
+  EXPECT_EQ(workbench.editor().Selection(), (TextRange{{6}, 2}));
+  // Empty matches: one a line start, none twice.
+  state = {.findText = u"^", .isRegExp = true};
+  std::vector<std::size_t> starts;
+  workbench.editor().SetSelection({});
+  for (int i = 0; i < 5; ++i) {
+    FindNext(workbench, state);
+    starts.push_back(workbench.editor().Selection().start.value);
+  }
+  EXPECT_EQ(starts, (std::vector<std::size_t>{3, 5, 8, 10, 0}));
+}
+
+class ScriptedFindView final : public FindView {
+ public:
+  std::u16string FindBox() const override { return find; }
+  std::u16string ReplaceBox() const override { return replace; }
+  void SetFindBox(const std::u16string& text, const std::vector<std::u16string>& list) override {
+    find = text;
+    findList = list;
+  }
+  void SetReplaceBox(const std::u16string& text, const std::vector<std::u16string>& list) override {
+    replace = text;
+    replaceList = list;
+  }
+  bool SearchesUp() const override { return up; }
+  bool MatchesCase() const override { return matchesCase; }
+  bool IsRegExp() const override { return regExp; }
+  bool KeepsFormatting() const override { return keepsFormatting; }
+  void SetOptions(bool searchesUp, bool caseCounts, bool isRegExp) override {
+    up = searchesUp;
+    matchesCase = caseCounts;
+    regExp = isRegExp;
+  }
+  std::u16string DropBox() const override { return drop; }
+  void SetDropBox(const std::u16string& text) override { drop = text; }
+  void SetReplaceTip(const std::u16string& text) override { tip = text; }
+
+  std::u16string find;
+  std::u16string replace;
+  std::vector<std::u16string> findList;
+  std::vector<std::u16string> replaceList;
+  bool up = false;
+  bool matchesCase = false;
+  bool regExp = false;
+  bool keepsFormatting = false;
+  std::u16string drop;
+  std::u16string tip;
+};
+
+class FindDialogTest : public ::testing::Test {
+ protected:
+  void Fill(std::u16string find, std::u16string replace, bool regExp = false) {
+    view.find = std::move(find);
+    view.replace = std::move(replace);
+    view.regExp = regExp;
+  }
+
+  ScriptedWorkbench workbench;
+  FindState state;
+  FindDialog dialog{workbench, state};
+  ScriptedFindView view;
+};
+
+TEST_F(FindDialogTest, OpensWithTheSelectionAndBothTokensInTheHistories) {
+  workbench.settings().Save(FormListKey(u"FrmFind", u"Combo1"), u"old", Store::kRegistry, kFormSection);
+  workbench.editor().Open(u"a\r\n\tb", {{1}, 3});
+  dialog.Open(view);
+  EXPECT_EQ(view.find, u"<回车换行符><制表符>");
+  EXPECT_EQ(view.findList, (std::vector<std::u16string>{u"old", u"<回车换行符>", u"<制表符>"}));
+  EXPECT_EQ(workbench.settings().Get(FormListKey(u"FrmFind", u"Combo2")), u"<回车换行符>\r\n<制表符>");
+  EXPECT_EQ(view.drop, u"请将文件拖动到此窗口（同时按住Alt键拖曳时，清除原来的数据）或 右击文件-->");
+  EXPECT_EQ(view.tip, u"");
+  view.regExp = true;
+  dialog.TakeOptions(view);
+  EXPECT_EQ(view.tip, u"支持如：\\1\\2...正则表达式标签标记");
+  dialog.FindNext(view);
+  EXPECT_EQ(view.findList.front(), u"<回车换行符><制表符>");
+  EXPECT_EQ(workbench.editor().Selection(), (TextRange{{1}, 3}));
+}
+
+TEST_F(FindDialogTest, ReplacesOnlyASelectionThatIsAMatch) {
+  workbench.editor().Open(u"aab", {{0}, 2});
+  Fill(u"a", u"xax");
+  dialog.Replace(view);
+  EXPECT_EQ(workbench.editor().Text(), u"aab");
+  EXPECT_EQ(workbench.editor().SelectedText(), u"a");
+  workbench.editor().SetSelection({{0}, 1});
+  dialog.Replace(view);
+  EXPECT_EQ(workbench.editor().Text(), u"xaxab");
+  EXPECT_EQ(workbench.editor().Selection(), (TextRange{{3}, 1}));
+  // A pattern sees the text around the selection.
+  workbench.editor().Open(u"k1=v", {{0}, 2});
+  Fill(u"(k)(\\d)(?==)", u"\\2\\1", true);
+  dialog.Replace(view);
+  EXPECT_EQ(workbench.editor().Text(), u"1k=v");
+}
+
+TEST_F(FindDialogTest, ReplacesAll) {
+  struct Case {
+    std::u16string text;
+    TextRange selection;
+    std::u16string find;
+    std::u16string replace;
+    bool regExp;
+    std::u16string result;
+    std::u16string status;
+  };
+  const Case cases[] = {
+      {u"a|b|a", {}, u"|", u"$&", false, u"a$&b$&a", u"已替换2处"},
+      {u"aAa", {{1}, 2}, u"a", u"x", false, u"axx", u"已替换2处"},
+      {u"a\r\nb", {}, u"<回车换行符>", u"<制表符>", false, u"a\tb", u"已替换1处"},
+      {u"ab", {}, u"x*", u"-", true, u"-a-b-", u"已替换3处"},
+      {u"k1 k2", {}, u"k(\\d)", u"\\1k", true, u"1k 2k", u"已替换2处"},
+  };
+  for (const Case& c : cases) {
+    workbench.editor().Open(c.text, c.selection);
+    Fill(c.find, c.replace, c.regExp);
+    dialog.ReplaceAll(view);
+    EXPECT_EQ(workbench.editor().Text(), c.result);
+    EXPECT_EQ(workbench.status, c.status);
+    EXPECT_EQ(workbench.editor().changes, 1);
+  }
+  workbench.editor().Open(u"abc");
+  Fill(u"x", u"y");
+  dialog.ReplaceAll(view);
+  EXPECT_EQ(workbench.editor().changes, 0);
+  EXPECT_EQ(workbench.prompts().messages.back().text, u"未找到结果");
+}
+
+TEST_F(FindDialogTest, ReplacesAllWithinTheFormatting) {
+  workbench.editor().Open(u"par red par");
+  workbench.editor().rtf = "{\\rtf1\\ansicpg936 par \\b r\\b0 ed par\\par}";
+  workbench.editor().textOfRtf = [](std::string_view rtf) { return RtfText(rtf).text(); };
+  view.keepsFormatting = true;
+  Fill(u"par", u"b");
+  dialog.ReplaceAll(view);
+  EXPECT_EQ(workbench.editor().rtf, "{\\rtf1\\ansicpg936 b \\b r\\b0 ed b\\par}");
+  EXPECT_EQ(workbench.status, u"已替换2处");
+  Fill(u"red", u"x");
+  dialog.ReplaceAll(view);
+  EXPECT_EQ(workbench.editor().changes, 1);
+  EXPECT_EQ(workbench.status, u"已替换0处，另有1处被格式代码分开，未替换");
+}
+
+TEST_F(FindDialogTest, FiltersMatchingLinesToTheTop) {
+  workbench.editor().Open(u"b\r\na.x\r\nc\r\na.y");
+  Fill(u"a.", u"");
+  dialog.Filter(view);
+  EXPECT_EQ(workbench.editor().Text(), u"a.x\r\na.y\r\nb\r\nc");
+  Fill(u"^.*[bc].*$", u"", true);
+  dialog.Filter(view);
+  EXPECT_EQ(workbench.editor().Text(), u"b\r\nc\r\na.x\r\na.y");
+}
+
+TEST_F(FindDialogTest, FindsAllInRedBold) {
+  workbench.editor().Open(u"a|b\r\nA|", {{1}, 1});
+  std::u16string shown;
+  workbench.editor().textOfRtf = [](std::string_view rtf) { return RtfText(rtf).text(); };
+  Fill(u"a|", u"");
+  dialog.FindAll(view);
+  EXPECT_EQ(workbench.editor().Text(), u"a|b\r\nA|");
+  EXPECT_TRUE(
+      workbench.editor().rtf.ends_with("\\fs21 \r\n\\cf2\\b a|\\cf1\\b0 b\\par \r\n\\cf2\\b A|\\cf1\\b0 \\par \r\n}"));
+  EXPECT_EQ(workbench.editor().Selection(), (TextRange{{1}, 1}));
+  EXPECT_EQ(workbench.WorkFile("HaveRtf.rtf"), workbench.editor().rtf);
+}
+
+TEST_F(FindDialogTest, SearchesAndReplacesInFiles) {
+  testing::TemporaryFolder folder;
+  std::filesystem::create_directory(folder.path() / "sub");
+  std::filesystem::create_directory_symlink(folder.path(), folder.path() / "sub" / "loop");
+  const auto has = folder.Put("b.txt", "x\nfind find `` me\n");
+  const auto gbk = folder.Put("sub/a.TXT", "\xD6\xD0\r\nFind");
+  const auto hasNot = folder.Put("c.txt", "nothing");
+  folder.Put("d.bin", std::string("find\0\0\0\0", 8));
+  folder.Put("e.log", "find");
+  workbench.editor().Open(u"text");
+  Fill(u"find", u"gone");
+  workbench.prompts().Will(folder.path());
+  workbench.prompts().Will(std::u16string(u"*.txt;*.bin"));
+  dialog.SearchInFiles(view);
+  const std::u16string expected = u"text\r\n以下文件 含有 查找内容：find（2个文件）\r\n``" + has.u16string() +
+                                  u"\r\n    2处，第2行：find find ` ` me\r\n``" + gbk.u16string() +
+                                  u"\r\n    1处，第2行：Find\r\n\r\n以下文件 不含有 查找内容：find（1个文件）\r\n``" +
+                                  hasNot.u16string() + u"\r\n\r\n跳过二进制文件：1个\r\n";
+  EXPECT_EQ(workbench.editor().Text(), expected);
+  EXPECT_EQ(workbench.prompts().messages.back().text, u"全部完成！");
+  EXPECT_EQ(workbench.editor().Selection().start.value, 6U);
+
+  workbench.prompts().Will(Answer::kYes);
+  dialog.ReplaceInFiles(view);
+  EXPECT_EQ(workbench.prompts().messages.back().text, u"已全部替换！");
+  EXPECT_EQ(ReadWholeFile(has), "x\ngone gone `` me\n");
+  EXPECT_EQ(ReadWholeFile(gbk), "\xD6\xD0\r\ngone");
+  EXPECT_EQ(ReadWholeFile(folder.path() / "e.log"), "find");
+}
+
+TEST(ComboHistory, KeepsTheLastFirst) {
+  ComboHistory history({u"a", u"b", u"ab"});
+  history.PutFirst(u"b");
+  history.PutFirst(u"");
+  EXPECT_EQ(history.items(), (std::vector<std::u16string>{u"b", u"a", u"ab"}));
+  history.MoveToFront(u"a");
+  EXPECT_EQ(history.items(), (std::vector<std::u16string>{u"a", u"ab", u"b"}));
+}
+
+TEST(Highlight, FindsWordsWhateverTheirCaseAndMergesThem) {
+  NoProgress progress;
+  EXPECT_EQ(FindWords(u"xABab b", u"ab||B", progress), (std::vector<TextRange>{{{1}, 4}, {{6}, 1}}));
+  EXPECT_TRUE(FindWords(u"x", u"|", progress).empty());
+}
+
+TEST(SearchCommands, ExtractsAndReplacesByPattern) {
+  ScriptedWorkbench workbench;
+  workbench.editor().Open(u"a1\r\nb22");
+  workbench.prompts().Will(std::u16string(u"\\d+"));
+  mnuRegGet(workbench);
+  EXPECT_EQ(workbench.editor().Text(), u"1\r\n22");
+  EXPECT_EQ(workbench.prompts().inputs[0].prompt, u"输入要寻找的字串（正则表达式）");
+  EXPECT_EQ(workbench.WorkFile("FileAutoSave.txt"), "1\r\n22\r\n");
+  workbench.prompts().Will(std::u16string(u"^(\\d)"));
+  workbench.prompts().Will(std::u16string(u"<\\1>"));
+  mnuRegReplace(workbench);
+  EXPECT_EQ(workbench.prompts().inputs[1].preset, u"\\d+");
+  EXPECT_EQ(workbench.prompts().inputs[2].prompt, u"替换为（取正则表达式中相应括号中的部分用：\\1\\2\\3...）：");
+  EXPECT_EQ(workbench.editor().Text(), u"<1>\r\n<2>2");
+}
+
+TEST(SearchCommands, OpensTheFileOfTheLine) {
+  ScriptedWorkbench workbench;
+  workbench.editor().Open(u"x\r\n``C:\\a b.txt\r\n", {{5}, 0});
+  workbench.prompts().Will(Answer::kYes);
+  mnuGoToThis(workbench);
+  EXPECT_EQ(workbench.editor().SelectedText(), u"``C:\\a b.txt");
+  ASSERT_EQ(workbench.shell().runs.size(), 1U);
+  EXPECT_EQ(workbench.shell().runs[0].second, u"C:\\a b.txt");
+}
+
+}  // namespace
+}  // namespace scrivanta
