@@ -6,6 +6,7 @@ cd "$(dirname "$0")/.."
 suite=${1:?usage: scripts/bench.sh lines|crypto}
 # A comparison with a program of its own in scripts/bench/.
 [ -x "scripts/bench/$suite.py" ] && exec "scripts/bench/$suite.py"
+[ -x "scripts/bench/$suite.sh" ] && exec "scripts/bench/$suite.sh"
 batch=$PWD/build/native/bin/scrivanta-batch
 data=$PWD/build/bench/$suite
 [ "$suite" = lines ] || { echo "no such suite: $suite" >&2; exit 2; }
