@@ -1,5 +1,6 @@
 #include "shell/ResultFiles.h"
 
+#include "text/AtomicFile.h"
 #include "text/LineReader.h"
 #include "text/LineWriter.h"
 
@@ -9,10 +10,11 @@ namespace {
 
 constexpr std::u16string_view kLineBreak = u"\r\n";
 
+// The file is put in place whole, so that two instances that write it at the same moment do not stop each other.
 void WriteFile(const std::filesystem::path& path, std::string_view bytes) {
-  FileSink sink(path);
-  sink.Write(bytes);
-  sink.Close();
+  AtomicFile file(path, Durability::kAgainstKill);
+  file.Write(bytes);
+  file.Commit();
 }
 
 }  // namespace
