@@ -41,6 +41,21 @@ TEST_F(ProcessTest, CommandLineNamesTheDocument) {
   }
 }
 
+TEST_F(ProcessTest, InstancesNeverSeeEachOthersText) {
+  const ProgramProcess one;
+  const ProgramProcess two;
+  one.Write(u"甲\r\n\r\n 一");
+  two.Write(u"乙\r\n\r\n 二");
+  one.Menu("mnuDelEmptyLine");
+  two.Menu("mnuDelEmptyLine");
+  two.ExpectText(u"乙\r\n 二");
+  one.ExpectText(u"甲\r\n 一");
+  one.Menu("mnuTrimLine");
+  two.Menu("mnuTrimLine");
+  one.ExpectText(u"甲\r\n一");
+  two.ExpectText(u"乙\r\n二");
+}
+
 TEST_F(ProcessTest, PlacementIsKeptBetweenRuns) {
   RECT placed{};
   {
