@@ -21,7 +21,7 @@ class Replacement {
     if (state.isRegExp) {
       engine.Compile(state.findText, {});
     } else {
-      plain_.emplace(state.findText, state.replacement, !state.matchesCase);
+      plain_ = std::make_unique<MultiReplace>(state.findText, state.replacement, !state.matchesCase);
     }
   }
 
@@ -61,7 +61,7 @@ class Replacement {
 
   const FindState& state_;
   const RegExpEngine& engine_;
-  std::optional<MultiReplace> plain_;
+  std::unique_ptr<MultiReplace> plain_;  // null when the find text is a pattern
 };
 
 }  // namespace
