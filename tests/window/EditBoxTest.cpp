@@ -95,13 +95,5 @@ TEST_F(EditBoxTest, CapitalsAndMarks) {
   EXPECT_EQ(app.Editor().SelectedText(), u"DEF 汉字");
 }
 
-TEST_F(EditBoxTest, FontLineShowsAndSetsTheFont) {
-  app.Start();
-  app.Type(u"正文");
-  app.Menu("mnuFont");
-  DialogDriver box = app.ExpectDialog(u"Scrivanta");
-  box.Close();
-}
-
 }  // namespace
 }  // namespace scrivanta
