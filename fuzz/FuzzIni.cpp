@@ -5,24 +5,11 @@
 
 #include "fuzz/RunFuzz.h"
 #include "shell/IniText.h"
+#include "support/DifferentPart.h"
 #include "text/DocumentFormat.h"
 
 namespace scrivanta {
 namespace {
-
-// What is left of a text without its beginning and end that another one begins and ends with.
-template <typename Text>
-Text Rest(Text text, Text other) {
-  while (!text.empty() && !other.empty() && text.front() == other.front()) {
-    text.remove_prefix(1);
-    other.remove_prefix(1);
-  }
-  while (!text.empty() && !other.empty() && text.back() == other.back()) {
-    text.remove_suffix(1);
-    other.remove_suffix(1);
-  }
-  return text;
-}
 
 // Two entries, made of the bytes themselves, are set in the bytes taken as an ini file.
 void FuzzIni(std::string_view bytes) {
@@ -37,12 +24,12 @@ void FuzzIni(std::string_view bytes) {
   const bool isNew = !ini.Find(section, key);
   ini.Set(section, key, value);
   EXPECT_EQ(ini.Find(section, key), value);
-  const std::u16string_view removed = Rest(before, std::u16string_view(ini.text()));
+  const std::u16string_view removed = testing::DifferentPart(before, std::u16string_view(ini.text()));
   EXPECT_EQ(removed.find_first_of(u"\r\n"), std::u16string_view::npos);
   EXPECT_TRUE(removed.empty() || !isNew);
   const std::string after = EncodeDocument(ini.text(), file.format);
   if (file.format.encoding == DocumentEncoding::kGbk) {
-    EXPECT_EQ(Rest(bytes, std::string_view(after)).find_first_of("\r\n"), std::string_view::npos);
+    EXPECT_EQ(testing::DifferentPart(bytes, std::string_view(after)).find_first_of("\r\n"), std::string_view::npos);
   }
 
   const std::optional<std::u16string> other = ini.Find(section, u"key");

@@ -8,6 +8,7 @@
 
 #include "text/AsciiRun.h"
 #include "text/CodePageTable.h"
+#include "text/EncodeInBlocks.h"
 #include "text/Surrogates.h"
 
 namespace scrivanta {
@@ -203,51 +204,30 @@ class Decoder {
   LoneUnits loneUnits_;
 };
 
-class Encoder {
+class GbkForm {
  public:
-  Encoder(std::u16string_view text, std::string& bytes) : at_(text.data()), end_(at_ + text.size()), bytes_(bytes) {}
+  static constexpr std::size_t kMostBytesOfUnit = 4;
 
-  void Run() {
-    while (at_ < end_) {
-      EncodeBlock();
+  void Put(const char16_t*& at, const char16_t* end, char*& output) const {
+    if (const std::uint16_t twoBytes = tables_.TwoBytesOf(*at)) {
+      output[0] = static_cast<char>(twoBytes >> 8U);
+      output[1] = static_cast<char>(twoBytes & 0xFFU);
+      output += 2;
+      ++at;
+    } else {
+      PutRareForm(at, end, output);
     }
   }
 
  private:
-  static constexpr std::size_t kBlockUnits = 2048;
-
-  void EncodeBlock() {
-    std::array<char, kBlockUnits * 4> block;  // not initialised: what is appended has been written
-    const char16_t* const limit = at_ + std::min<std::size_t>(kBlockUnits, static_cast<std::size_t>(end_ - at_));
-    char* output = block.data();
-    while (at_ < limit) {
-      if (*at_ < 0x80) {
-        NarrowAsciiRun(at_, limit, output);
-        while (at_ < limit && *at_ < 0x80) {
-          *output++ = static_cast<char>(*at_++);
-        }
-        continue;
-      }
-      if (const std::uint16_t twoBytes = tables_.TwoBytesOf(*at_)) {
-        output[0] = static_cast<char>(twoBytes >> 8U);
-        output[1] = static_cast<char>(twoBytes & 0xFFU);
-        output += 2;
-        ++at_;
-      } else {
-        EncodeRareForm(output);
-      }
-    }
-    bytes_.append(block.data(), output);
-  }
-
-  void EncodeRareForm(char*& output) {
-    const char16_t unit = *at_++;
+  void PutRareForm(const char16_t*& at, const char16_t* end, char*& output) const {
+    const char16_t unit = *at++;
     if (unit == kEuro) {
       *output++ = kEuroByte;
     } else if (!IsSurrogate(unit)) {
       AppendFourBytes(tables_.FourByteNumberOf(unit), output);
-    } else if (IsHighSurrogate(unit) && at_ < end_ && IsLowSurrogate(*at_)) {
-      AppendFourBytes(kOtherPlanesBegin + (CodePointOfPair(unit, *at_++) - 0x10000U), output);
+    } else if (IsHighSurrogate(unit) && at < end && IsLowSurrogate(*at)) {
+      AppendFourBytes(kOtherPlanesBegin + (CodePointOfPair(unit, *at++) - 0x10000U), output);
     } else if (unit > 0xDC80 && unit <= 0xDCFF) {
       *output++ = static_cast<char>(unit & 0xFFU);
     } else {
@@ -256,9 +236,6 @@ class Encoder {
   }
 
   const Tables& tables_ = TheTables();
-  const char16_t* at_;
-  const char16_t* end_;
-  std::string& bytes_;
 };
 
 // The codes of two bytes to which GB18030 gives a character of its own and the code page a private one.
@@ -278,7 +255,7 @@ void DecodeGbkAppend(std::string_view bytes, std::u16string& text) {
 
 void EncodeGbkAppend(std::u16string_view text, std::string& bytes) {
   bytes.reserve(bytes.size() + text.size() + CountNonAscii(text));
-  Encoder(text, bytes).Run();
+  EncodeInBlocks(text, GbkForm(), bytes);
 }
 
 bool ExceedsCodePage936(std::u16string_view text) {

@@ -5,6 +5,7 @@
 #include <cstddef>
 
 #include "text/AsciiRun.h"
+#include "text/EncodeInBlocks.h"
 #include "text/Surrogates.h"
 
 namespace scrivanta {
@@ -144,54 +145,23 @@ class Decoder {
   LoneUnits loneUnits_;
 };
 
-class Encoder {
- public:
-  Encoder(std::u16string_view text, std::string& bytes) : at_(text.data()), end_(at_ + text.size()), bytes_(bytes) {}
+struct Utf8Form {
+  static constexpr std::size_t kMostBytesOfUnit = 3;
 
-  void Run() {
-    while (at_ < end_) {
-      EncodeBlock();
-    }
-  }
-
- private:
-  static constexpr std::size_t kBlockUnits = 2048;
-
-  void EncodeBlock() {
-    std::array<char, kBlockUnits * 3 + 1> block;  // not initialised: what is appended has been written
-    const char16_t* const limit = at_ + std::min<std::size_t>(kBlockUnits, static_cast<std::size_t>(end_ - at_));
-    char* output = block.data();
-    while (at_ < limit) {
-      if (*at_ < 0x80) {
-        NarrowAsciiRun(at_, limit, output);
-        while (at_ < limit && *at_ < 0x80) {
-          *output++ = static_cast<char>(*at_++);
-        }
-      } else {
-        EncodeUnit(output);
-      }
-    }
-    bytes_.append(block.data(), output);
-  }
-
-  void EncodeUnit(char*& output) {
-    const char16_t unit = *at_++;
+  static void Put(const char16_t*& at, const char16_t* end, char*& output) {
+    const char16_t unit = *at++;
     if (unit < 0x800) {
       output[0] = static_cast<char>(0xC0U | (unit >> 6U));
       output[1] = static_cast<char>(0x80U | (unit & 0x3FU));
       output += 2;
-    } else if (IsHighSurrogate(unit) && at_ < end_ && IsLowSurrogate(*at_)) {
-      PutFourBytes(CodePointOfPair(unit, *at_++), output);
+    } else if (IsHighSurrogate(unit) && at < end && IsLowSurrogate(*at)) {
+      PutFourBytes(CodePointOfPair(unit, *at++), output);
     } else if (IsUndecodedByte(unit)) {
       *output++ = static_cast<char>(unit & 0xFFU);
     } else {
       PutThreeBytes(unit, output);
     }
   }
-
-  const char16_t* at_;
-  const char16_t* end_;
-  std::string& bytes_;
 };
 
 }  // namespace
@@ -236,7 +206,7 @@ void DecodeUtf8Append(std::string_view bytes, std::u16string& text) {
 
 void EncodeUtf8Append(std::u16string_view text, std::string& bytes) {
   bytes.reserve(bytes.size() + text.size() + 2 * CountNonAscii(text));
-  Encoder(text, bytes).Run();
+  EncodeInBlocks(text, Utf8Form{}, bytes);
 }
 
 }  // namespace scrivanta

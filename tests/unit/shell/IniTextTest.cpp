@@ -7,6 +7,7 @@
 #include <gtest/gtest.h>
 
 #include "shell/IniText.h"
+#include "support/DifferentPart.h"
 
 namespace scrivanta {
 namespace {
@@ -83,19 +84,6 @@ TEST(IniText, ChangesNothingButTheEntry) {
   }
 }
 
-// What one version of a text has that the other has not, between their common beginning and end.
-std::u16string_view DifferentPart(std::u16string_view text, std::u16string_view other) {
-  while (!text.empty() && !other.empty() && text.front() == other.front()) {
-    text.remove_prefix(1);
-    other.remove_prefix(1);
-  }
-  while (!text.empty() && !other.empty() && text.back() == other.back()) {
-    text.remove_suffix(1);
-    other.remove_suffix(1);
-  }
-  return text;
-}
-
 // Entries of any section, key and value are read back as they were written, whatever else there is, and the rest of the
 // text stays.
 TEST(IniText, KeepsRandomEntriesApart) {
@@ -121,7 +109,7 @@ TEST(IniText, KeepsRandomEntriesApart) {
       const std::u16string before = ini.text();
       const bool isNew = !ini.Find(section, key);
       ini.Set(section, key, value);
-      const std::u16string_view removed = DifferentPart(before, ini.text());
+      const std::u16string_view removed = testing::DifferentPart<std::u16string_view>(before, ini.text());
       ASSERT_EQ(removed.find_first_of(u"\r\n"), std::u16string_view::npos);
       ASSERT_TRUE(removed.empty() || !isNew);
       model[{section, key}] = value;
