@@ -4,11 +4,14 @@
 #include <filesystem>
 #include <string_view>
 
+#include "text/InterprocessLock.h"
+
 namespace scrivanta {
 
 class WorkingCopy {
  public:
-  explicit WorkingCopy(std::filesystem::path path) : path_(std::move(path)) {}
+  // Waits while another instance of the program has such a copy: all of them have it under the same name.
+  explicit WorkingCopy(std::filesystem::path path) : lock_("PlaintextCopy"), path_(std::move(path)) {}
   WorkingCopy(const WorkingCopy&) = delete;
   WorkingCopy& operator=(const WorkingCopy&) = delete;
   // Overwrites the file with zeros on the disk and deletes it, as far as the system lets it.
@@ -20,6 +23,7 @@ class WorkingCopy {
  private:
   void OverwriteWithZeros() const;
 
+  InterprocessLock lock_;
   std::filesystem::path path_;
 };
 
