@@ -105,19 +105,24 @@ std::optional<std::string> DecodeBase64(std::string_view text) {
 
 namespace {
 
-constexpr std::size_t kBlockSize = 768 * 1024;  // bytes, whole groups of three as well as of four
+// Whole groups of three bytes as well as of four characters; what is read and what is written stays in the cache.
+constexpr std::size_t kMostInBlock = 96 * 1024;
+
+std::size_t BlockSizeFor(const ByteSource& source) {
+  return ChunkSizeFor(source, 12, kMostInBlock);
+}
 
 // Hands the source on in blocks of whole groups; the rest comes last, and may be empty.
 template <typename Work>
-void InBlocks(ByteSource& source, Progress& progress, Work work) {
-  const Chunk memory(kBlockSize);
+void InBlocks(ByteSource& source, std::size_t blockSize, Progress& progress, Work work) {
+  const Chunk memory(blockSize);
   std::uint64_t done = 0;
   for (;;) {
     const std::span<char> block = memory.bytes().first(FillFrom(source, memory.bytes()));
     done += block.size();
     progress.Report(done, source.Size().value_or(0));
     work(std::span<const std::uint8_t>(AsOctets(block)));
-    if (block.size() < kBlockSize) {
+    if (block.size() < blockSize) {
       return;
     }
   }
@@ -126,20 +131,22 @@ void InBlocks(ByteSource& source, Progress& progress, Work work) {
 }  // namespace
 
 void EncodeBase64Stream(ByteSource& source, ByteSink& sink, Progress& progress) {
-  const Chunk memory(EncodedSize(kBlockSize));
+  const std::size_t blockSize = BlockSizeFor(source);
+  const Chunk memory(EncodedSize(blockSize));
   char* const text = memory.bytes().data();
-  InBlocks(source, progress, [&](std::span<const std::uint8_t> bytes) {
+  InBlocks(source, blockSize, progress, [&](std::span<const std::uint8_t> bytes) {
     EncodeInto(bytes, text);
     sink.Write({text, EncodedSize(bytes.size())});
   });
 }
 
 bool DecodeBase64Stream(ByteSource& source, ByteSink& sink, Progress& progress) {
-  const Chunk memory(kBlockSize / 4 * 3);
+  const std::size_t blockSize = BlockSizeFor(source);
+  const Chunk memory(blockSize / 4 * 3);
   char* const bytes = memory.bytes().data();
   bool atNul = false;
   std::uint64_t size = 0;
-  InBlocks(source, progress, [&](std::span<const std::uint8_t> text) {
+  InBlocks(source, blockSize, progress, [&](std::span<const std::uint8_t> text) {
     size += text.size();
     if (atNul) {
       return;

@@ -10,8 +10,12 @@ namespace scrivanta {
 
 namespace {
 
-constexpr std::size_t kChunkSize = 4'000'000;  // bytes, whole blocks
-static_assert(kChunkSize % kRijndaelBlockSize == 0);
+constexpr std::size_t kMostInChunk = 4'000'000;  // bytes, whole blocks
+static_assert(kMostInChunk % kRijndaelBlockSize == 0);
+
+Chunk MakeChunk(const ByteSource& source) {
+  return Chunk(ChunkSizeFor(source, kRijndaelBlockSize, kMostInChunk));
+}
 
 void Write(ByteSink& sink, std::span<const char> bytes) {
   if (!bytes.empty()) {
@@ -27,7 +31,7 @@ bool IsCiphertextSize(std::uint64_t size) noexcept {
 
 void EncipherStream(const RijndaelKey& key, const RijndaelForm& form, ByteSource& source, ByteSink& sink,
                     Progress& progress) {
-  const Chunk memory(kChunkSize);
+  const Chunk memory = MakeChunk(source);
   const std::span<char> chunk = memory.bytes();
   const auto encipherAndWrite = [&](std::size_t size) {
     const std::span<char> bytes = chunk.first(size);
@@ -39,7 +43,7 @@ void EncipherStream(const RijndaelKey& key, const RijndaelForm& form, ByteSource
     const std::size_t count = FillFrom(source, chunk);
     done += count;
     progress.Report(done, source.Size().value_or(0));
-    if (count < kChunkSize) {
+    if (count < chunk.size()) {
       const std::size_t lengthField = count % kRijndaelBlockSize;
       const std::size_t padded = count - lengthField + kRijndaelBlockSize;
       std::ranges::fill(chunk.subspan(count, padded - count), '\0');
@@ -47,7 +51,7 @@ void EncipherStream(const RijndaelKey& key, const RijndaelForm& form, ByteSource
       encipherAndWrite(padded);
       return;
     }
-    encipherAndWrite(kChunkSize);
+    encipherAndWrite(count);
   }
 }
 
@@ -57,8 +61,8 @@ DecipherOutcome DecipherStream(const RijndaelKey& key, const RijndaelForm& form,
     return DecipherOutcome::kWrongSize;
   }
   // One chunk is read ahead: only the last one has a length field.
-  const Chunk memory(kChunkSize);
-  const Chunk nextMemory(kChunkSize);
+  const Chunk memory = MakeChunk(source);
+  const Chunk nextMemory = MakeChunk(source);
   std::span<char> chunk = memory.bytes();
   std::span<char> nextChunk = nextMemory.bytes();
   std::size_t size = FillFrom(source, chunk);
