@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Runs clang-tidy over the sources of src/, as many at a time as there are processors.
+"""Runs clang-tidy over the sources of src/, as many at a time as there are processors, and checks the dialogs' numbers.
 
 A file that was clean is not read again until it, a header of ours that it includes, its compile command or the
 configuration has changed: the stamps lie in build/lint. The native build's commands are used; what only the Windows build
@@ -84,13 +84,26 @@ def lint(file, preset, command, mingw):
     return file, result.returncode == 0, result.stdout + result.stderr
 
 
+def dialogs_with_one_number():
+    """Two dialogs of one number would be built into one program, and one of them never be seen."""
+    names = {}
+    for header in sorted(ROOT.glob("src/**/*Controls.h")):
+        for name, number in re.findall(r"^#define (IDD_\w+) (\d+)", header.read_text(encoding="utf-8"), re.MULTILINE):
+            names.setdefault(number, []).append(name)
+    return [" and ".join(same) + f" are both {number}" for number, same in names.items() if len(same) > 1]
+
+
 def main():
     STAMPS.mkdir(parents=True, exist_ok=True)
     commands = compile_commands("windows")
     commands.update(compile_commands("native"))
+    if not commands:
+        sys.exit("lint: no build has been configured")
     wanted = [pathlib.Path(name).resolve() for name in sys.argv[1:]]
     jobs = [(file, *rest) for file, rest in sorted(commands.items()) if not wanted or file in wanted]
     mingw = mingw_arguments() if any(preset == "windows" for _, preset, _ in jobs) else []
+    clashes = dialogs_with_one_number()
+    print("\n".join(clashes), end="", file=sys.stderr)
     failed = 0
     with concurrent.futures.ThreadPoolExecutor(max_workers=os.cpu_count()) as pool:
         for file, clean, output in pool.map(lambda job: lint(*job, mingw), jobs):
@@ -98,7 +111,7 @@ def main():
                 failed += 1
                 print(f"{file.relative_to(ROOT)}:\n{output}", file=sys.stderr)
     print(f"lint: {len(jobs)} files, {failed} with findings")
-    return 1 if failed else 0
+    return 1 if failed or clashes else 0
 
 
 sys.exit(main())

@@ -1,7 +1,6 @@
 #!/usr/bin/env bash
 # Sets up, builds natively and for Windows, and runs every test and check. Ends with one line that counts passed and failed.
-# What has not changed since the last run is not built again. Lint (scripts/lint.py) takes longer than all of this and is run
-# by itself.
+# What has not changed since the last run is not built and not linted again.
 set -uo pipefail
 cd "$(dirname "$0")/.."
 export CTEST_OUTPUT_ON_FAILURE=1
@@ -69,6 +68,7 @@ tests sanitize
 check 'build: windows' build windows
 tests windows scripts/wine-env.sh
 check 'format' formatted
+check 'lint' scripts/lint.py
 
 echo "$passed passed, $failed failed"
 [ "$failed" = 0 ]

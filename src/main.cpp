@@ -3,6 +3,6 @@
 #include "ScrivantaApp.h"
 #include "win/WideText.h"
 
-int WINAPI wWinMain(HINSTANCE instance, HINSTANCE, PWSTR commandLine, int) {
-  return scrivanta::RunApp(instance, scrivanta::FromWide(commandLine));
+int WINAPI wWinMain(HINSTANCE hInstance, HINSTANCE, PWSTR lpCmdLine, int) {
+  return scrivanta::RunApp(hInstance, scrivanta::FromWide(lpCmdLine));
 }

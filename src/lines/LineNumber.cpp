@@ -106,14 +106,13 @@ std::weak_ordering operator<=>(const LineNumber& left, const LineNumber& right) 
   if (left.negative_ != right.negative_) {
     return left.negative_ ? std::weak_ordering::less : std::weak_ordering::greater;
   }
-  const auto magnitude = [&] {
-    if (left.whole_.size() != right.whole_.size()) {
-      return std::weak_ordering(left.whole_.size() <=> right.whole_.size());
-    }
-    const auto whole = std::weak_ordering(left.whole_ <=> right.whole_);
-    return whole != 0 ? whole : std::weak_ordering(left.fraction_ <=> right.fraction_);
-  }();
-  return left.negative_ ? 0 <=> magnitude : magnitude;
+  const LineNumber& smaller = left.negative_ ? right : left;  // when its magnitude is the smaller one
+  const LineNumber& larger = left.negative_ ? left : right;
+  if (smaller.whole_.size() != larger.whole_.size()) {
+    return smaller.whole_.size() <=> larger.whole_.size();
+  }
+  const std::strong_ordering whole = smaller.whole_ <=> larger.whole_;
+  return std::is_neq(whole) ? whole : smaller.fraction_ <=> larger.fraction_;
 }
 
 }  // namespace scrivanta

@@ -56,7 +56,7 @@ void UndoHistory::Clear(ControlRange selection) {
 void UndoHistory::Record(ControlEdit edit, ControlRange selectionBefore, ControlRange selectionAfter, Time now) {
   const Gathering kind = commandDepth_ > 0 ? Gathering::kNone : KindOf(edit, selectionBefore);
   if (Gathers(kind, edit, now)) {
-    Gather(kind, std::move(edit));
+    Gather(kind, edit);
     done_.back().selectionAfter = selectionAfter;
   } else {
     UndoPart part;
@@ -100,7 +100,7 @@ bool UndoHistory::Gathers(Gathering kind, const ControlEdit& edit, Time now) con
   return adjoins && edit.removed.front() != u'\r' && last.removed.front() != u'\r';
 }
 
-void UndoHistory::Gather(Gathering kind, ControlEdit edit) {
+void UndoHistory::Gather(Gathering kind, const ControlEdit& edit) {
   ControlEdit& last = done_.back().parts.back().edits.back();
   bytes_ += (edit.removed.size() + edit.inserted.size()) * sizeof(char16_t);
   if (kind == Gathering::kErasing && edit.start < last.start) {

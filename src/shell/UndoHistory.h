@@ -78,7 +78,7 @@ class UndoHistory {
 
   static Gathering KindOf(const ControlEdit& edit, ControlRange selectionBefore);
   bool Gathers(Gathering kind, const ControlEdit& edit, Time now) const;
-  void Gather(Gathering kind, ControlEdit edit);
+  void Gather(Gathering kind, const ControlEdit& edit);
   void Append(UndoPart part, ControlRange selectionBefore, ControlRange selectionAfter);
   void Keep(RichText& kept, RichText richText);
   void ForgetOldest();
