@@ -6,6 +6,7 @@
 
 #include "text/PlatformFile.h"
 #include "text/TemporaryName.h"
+#include "text/WriteAll.h"
 
 namespace scrivanta {
 
@@ -51,9 +52,7 @@ void Spool::Write(std::string_view bytes) {
 }
 
 void Spool::WriteToFile(std::string_view bytes) {
-  if (std::fwrite(bytes.data(), 1, bytes.size(), file_->get()) != bytes.size()) {
-    throw FileError(file_->path(), LastFileError());
-  }
+  WriteAll(file_->get(), bytes, file_->path());
 }
 
 std::size_t Spool::Read(std::span<char> buffer) {

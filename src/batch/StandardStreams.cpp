@@ -1,6 +1,7 @@
 #include "batch/StandardStreams.h"
 
 #include "text/PlatformFile.h"
+#include "text/WriteAll.h"
 
 namespace scrivanta {
 
@@ -17,9 +18,7 @@ std::optional<std::uint64_t> StandardInput::Size() const {
 }
 
 void StandardOutput::Write(std::string_view bytes) {
-  if (std::fwrite(bytes.data(), 1, bytes.size(), stdout) != bytes.size()) {
-    throw FileError("standard output", LastFileError());
-  }
+  WriteAll(stdout, bytes, "standard output");
 }
 
 void StandardOutput::Flush() {

@@ -3,6 +3,7 @@
 #include <cerrno>
 
 #include "text/PlatformFile.h"
+#include "text/WriteAll.h"
 
 namespace scrivanta {
 
@@ -17,9 +18,7 @@ OverwritingSink::OverwritingSink(const std::filesystem::path& path)
 }
 
 void OverwritingSink::Write(std::string_view bytes) {
-  if (std::fwrite(bytes.data(), 1, bytes.size(), file_.get()) != bytes.size()) {
-    throw FileError(path_, LastFileError());
-  }
+  WriteAll(file_.get(), bytes, path_);
 }
 
 void OverwritingSink::Close() {

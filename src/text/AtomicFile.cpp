@@ -4,6 +4,7 @@
 
 #include "text/PlatformFile.h"
 #include "text/TemporaryName.h"
+#include "text/WriteAll.h"
 
 namespace scrivanta {
 
@@ -34,9 +35,7 @@ AtomicFile::~AtomicFile() {
 }
 
 void AtomicFile::Write(std::string_view bytes) {
-  if (std::fwrite(bytes.data(), 1, bytes.size(), file_.get()) != bytes.size()) {
-    throw FileError(name_, LastFileError());
-  }
+  WriteAll(file_.get(), bytes, name_);
 }
 
 void AtomicFile::Prepare() {

@@ -6,6 +6,7 @@
 
 #include "text/Encoding.h"
 #include "text/PlatformFile.h"
+#include "text/WriteAll.h"
 
 namespace scrivanta {
 
@@ -58,9 +59,7 @@ std::size_t FileSource::Read(std::span<char> buffer) {
 FileSink::FileSink(const std::filesystem::path& path) : path_(path), file_(Open(path, OpenMode::kReplace)) {}
 
 void FileSink::Write(std::string_view bytes) {
-  if (std::fwrite(bytes.data(), 1, bytes.size(), file_.get()) != bytes.size()) {
-    throw FileError(path_, LastFileError());
-  }
+  WriteAll(file_.get(), bytes, path_);
 }
 
 void FileSink::Close() {
