@@ -1,6 +1,7 @@
 #include "ScrivantaApp.h"
 
 #include <commctrl.h>
+#include <shobjidl.h>
 
 #include <memory>
 
@@ -8,6 +9,7 @@
 #include "crypto/FrmSecret.h"
 #include "lines/FrmLineDialogs.h"
 #include "lines/LineCommands.h"
+#include "printing/FrmPrintDialogs.h"
 #include "search/FrmSearchDialogs.h"
 #include "search/SearchCommands.h"
 #include "shell/CommandTable.h"
@@ -26,6 +28,9 @@ namespace scrivanta {
 
 namespace {
 
+// The installer gives the same to the program's entry in the start menu.
+constexpr wchar_t kApplicationId[] = L"Scrivanta.Workbench";
+
 std::unique_ptr<RegistryStore> OpenRegistryStore(const IniFile& iniFile) {
   if (IsPortable(iniFile)) {
     return std::make_unique<PortableStore>(iniFile);
@@ -36,6 +41,8 @@ std::unique_ptr<RegistryStore> OpenRegistryStore(const IniFile& iniFile) {
 }  // namespace
 
 int RunApp(HINSTANCE instance, const std::u16string& commandLine, std::atomic<HWND>* window) {
+  // All instances stand together in the list of windows, wherever the program lies.
+  SetCurrentProcessExplicitAppUserModelID(kApplicationId);
   // What was copied from the edit box lies on the clipboard as an object of this library, so the library goes last.
   const OwnedLibrary richEdit = LoadRichEditLibrary();
   const ComApartment apartment;
@@ -54,6 +61,8 @@ int RunApp(HINSTANCE instance, const std::u16string& commandLine, std::atomic<HW
   FrmSecret secret(host, [&mainWindow] { return mainWindow.handle(); });
   RegisterShellCommands(commands, mainWindow);
   RegisterOptionsCommand(commands, mainWindow, options);
+  FrmPrintDialogs printDialogs([&mainWindow] { return mainWindow.handle(); }, mainWindow.richBox());
+  RegisterPrintCommands(commands, printDialogs);
   RegisterLineCommands(commands, lineDialogs);
   RegisterCryptoCommands(commands, secret);
   FrmSearchDialogs searchDialogs(host, [&mainWindow] { return mainWindow.handle(); });

@@ -86,6 +86,9 @@ void DocumentFile::TakeOver(const std::filesystem::path& path, const DocumentFor
   isChanged_ = false;
   view_.SetReadOnly(isReadOnly_);
   view_.ShowPath(path_);
+  if (!path_.empty()) {
+    view_.NoteUse(path_);
+  }
 }
 
 bool DocumentFile::SaveTo(const std::filesystem::path& path) {
@@ -108,6 +111,7 @@ bool DocumentFile::SaveTo(const std::filesystem::path& path) {
   if (std::exchange(isReadOnly_, false)) {
     view_.SetReadOnly(false);
   }
+  view_.NoteUse(path_);
   return true;
 }
 

@@ -34,6 +34,8 @@ class DocumentView {
 
   // In the first status panel and in the caption; an empty path is an untitled document.
   virtual void ShowPath(const std::filesystem::path& path) = 0;
+  // The file has been opened or saved. Not called for an enciphered document, which leaves no trace of its name.
+  virtual void NoteUse(const std::filesystem::path& path) = 0;
   // In percent; nothing hides the progress bar.
   virtual void ShowProgressBar(std::optional<int> percent) = 0;
 };

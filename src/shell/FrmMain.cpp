@@ -1,6 +1,7 @@
 #include "shell/FrmMain.h"
 
 #include <commctrl.h>
+#include <imm.h>
 #include <shellapi.h>
 
 #include <algorithm>
@@ -148,10 +149,18 @@ std::optional<LRESULT> FrmMain::OnStateMessage(UINT message, WPARAM wParam, LPAR
       return 0;
     case WM_DPICHANGED: {
       const auto& bounds = *reinterpret_cast<const RECT*>(lParam);
+      RefreshLook(LOWORD(wParam));
       SetWindowPos(handle(), nullptr, bounds.left, bounds.top, bounds.right - bounds.left, bounds.bottom - bounds.top,
                    SWP_NOZORDER | SWP_NOACTIVATE);
       return 0;
     }
+    case WM_SETTINGCHANGE:
+      RefreshLook(GetDpiForWindow(handle()));
+      [[fallthrough]];
+    case WM_SYSCOLORCHANGE:
+      // Only top windows are told.
+      TellControls(message, wParam, lParam);
+      return std::nullopt;
     case WM_SETFOCUS:
       SetFocus(editor_.box());
       return 0;
@@ -181,6 +190,7 @@ void FrmMain::MakeControls() {
   // Takes the focus while text is taken back, so that the box does not scroll with the caret.
   CreateWindowExW(0, L"BUTTON", L"", WS_CHILD, 0, 0, 0, 0, handle(),
                   reinterpret_cast<HMENU>(static_cast<INT_PTR>(cmdDummy)), nullptr, nullptr);
+  RefreshLook(GetDpiForWindow(handle()));
   busy_.SetWindows(handle(), editor_.box());
   editBoxKeys_.emplace(host(), editor_.box(), [this](UINT message, WPARAM wParam, LPARAM lParam) {
     return OnEditBoxMessage(message, wParam, lParam);
@@ -191,13 +201,27 @@ void FrmMain::MakeControls() {
   DragAcceptFiles(handle(), TRUE);
 }
 
+void FrmMain::RefreshLook(UINT dotsPerInch) {
+  look_.Apply(host().instance, handle(), bars_.statusBar(), dotsPerInch);
+  LayOut();
+}
+
+void FrmMain::TellControls(UINT message, WPARAM wParam, LPARAM lParam) const {
+  for (const HWND control : {editor_.box(), editor_.workingBox(), bars_.statusBar(), bars_.progressBar()}) {
+    SendMessageW(control, message, wParam, lParam);
+  }
+}
+
 void FrmMain::OnCommand(int id, int notification) {
   if (id == RichTextBox1) {
     if (notification == EN_CHANGE) {
       editor_.HandleChange();
     }
   } else if (!work_.IsBusy()) {
-    RunCommand(id);
+    FinishComposition();
+    if (!isComposing_) {
+      RunCommand(id);
+    }
   }
 }
 
@@ -216,6 +240,20 @@ void FrmMain::RunCommand(int commandId) {
   }
 }
 
+void FrmMain::SetComposing(bool composing) {
+  isComposing_ = composing;
+  host().loop.EnableAccelerators(!composing);
+}
+
+// Before a command is run from the menu: what has been typed so far goes into the text.
+void FrmMain::FinishComposition() const {
+  if (isComposing_) {
+    const HIMC context = ImmGetContext(editor_.box());
+    ImmNotifyIME(context, NI_COMPOSITIONSTR, CPS_COMPLETE, 0);
+    ImmReleaseContext(editor_.box(), context);
+  }
+}
+
 bool FrmMain::RunGuarded(const std::function<void()>& action) {
   try {
     action();
@@ -230,6 +268,10 @@ bool FrmMain::RunGuarded(const std::function<void()>& action) {
 
 std::optional<LRESULT> FrmMain::OnEditBoxMessage(UINT message, WPARAM wParam, LPARAM) {
   switch (message) {
+    case WM_IME_STARTCOMPOSITION:
+    case WM_IME_ENDCOMPOSITION:
+      SetComposing(message == WM_IME_STARTCOMPOSITION);
+      return std::nullopt;
     case WM_KEYDOWN:
       return OnEditBoxKey(wParam) ? std::optional<LRESULT>(0) : std::nullopt;
     case WM_DROPFILES:
@@ -246,7 +288,7 @@ std::optional<LRESULT> FrmMain::OnEditBoxMessage(UINT message, WPARAM wParam, LP
 // True when the key is no longer the control's.
 bool FrmMain::OnEditBoxKey(WPARAM key) {
   const bool shift = IsDown(VK_SHIFT);
-  if (!IsDown(VK_CONTROL) || IsDown(VK_MENU)) {
+  if (isComposing_ || !IsDown(VK_CONTROL) || IsDown(VK_MENU)) {
     return false;
   }
   switch (key) {
@@ -273,7 +315,9 @@ bool FrmMain::OnEditBoxKey(WPARAM key) {
     case VK_OEM_PLUS:
       return true;  // the control would change paragraphs, and scripts, with these
     case 'A':
-      return shift;  // and capitals with this
+    case VK_OEM_COMMA:
+    case VK_OEM_PERIOD:
+      return shift;  // and capitals and the size of characters with these
     default:
       return false;
   }

@@ -14,6 +14,7 @@
 #include "shell/FrmMainBars.h"
 #include "shell/FrmMainBusy.h"
 #include "shell/FrmMainEditor.h"
+#include "shell/FrmMainLook.h"
 #include "shell/FrmMainPrompts.h"
 #include "shell/MainWindow.h"
 #include "shell/ScrivantaDesktop.h"
@@ -72,10 +73,17 @@ class FrmMain final : public Window, public Workbench, public MainWindow, privat
   std::optional<std::u16string> TextOfRtf(std::string_view rtf) override { return editor_.TextOfRtf(rtf); }
   void SetReadOnly(bool readOnly) override { editor_.SetReadOnly(readOnly); }
   void ShowPath(const std::filesystem::path& path) override;
+  void NoteUse(const std::filesystem::path& path) override { desktop_.NoteRecentDocument(path); }
   void ShowProgressBar(std::optional<int> percent) override { bars_.ShowProgress(percent); }
 
   void MakeControls();
+  // Colours, fonts or the resolution of the screen are others now.
+  void RefreshLook(UINT dotsPerInch);
+  void TellControls(UINT message, WPARAM wParam, LPARAM lParam) const;
   void RestoreSettings();
+  // While an input method composes text, keys are its own.
+  void SetComposing(bool composing);
+  void FinishComposition() const;
   void RunCommand(int commandId);
   // Runs what is no command of the menu; whatever it throws becomes one message box. False when it has thrown.
   bool RunGuarded(const std::function<void()>& action);
@@ -97,6 +105,7 @@ class FrmMain final : public Window, public Workbench, public MainWindow, privat
   ScrivantaDesktop desktop_;
   FrmMainPrompts prompts_;
   FrmMainBars bars_;
+  FrmMainLook look_;
   FrmMainEditor editor_;
   FrmMainBusy busy_;
   WindowWork work_{busy_, clock_};
@@ -106,6 +115,7 @@ class FrmMain final : public Window, public Workbench, public MainWindow, privat
   std::u16string untitledCaption_;
   WorkbenchState shownState_;
   bool closeWhenIdle_ = false;
+  bool isComposing_ = false;
 };
 
 }  // namespace scrivanta

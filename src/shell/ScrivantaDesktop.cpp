@@ -68,6 +68,15 @@ void ScrivantaDesktop::Run(const std::u16string& program, const std::u16string& 
   Execute(nullptr, program, ToWide(arguments));
 }
 
+void ScrivantaDesktop::NoteRecentDocument(const std::filesystem::path& document) {
+  // The list takes whole paths only.
+  std::error_code error;
+  const std::filesystem::path whole = std::filesystem::absolute(document, error);
+  if (!error) {
+    SHAddToRecentDocs(SHARD_PATHW, whole.c_str());
+  }
+}
+
 std::chrono::local_time<std::chrono::milliseconds> ScrivantaClock::Now() const {
   SYSTEMTIME now{};
   GetLocalTime(&now);

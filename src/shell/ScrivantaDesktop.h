@@ -10,6 +10,8 @@ class ScrivantaDesktop final : public Shell {
  public:
   void OpenWithDefaultProgram(const std::filesystem::path& document) override;
   void Run(const std::u16string& program, const std::u16string& arguments) override;
+  // Puts a document into the system's list of those used lately.
+  void NoteRecentDocument(const std::filesystem::path& document);
 };
 
 class ScrivantaClock final : public Clock {

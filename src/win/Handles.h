@@ -58,6 +58,7 @@ using OwnedWindow = Owner<NullableTraits<HWND, DestroyWindow>>;
 using OwnedMenu = Owner<NullableTraits<HMENU, DestroyMenu>>;
 using OwnedAccelerators = Owner<NullableTraits<HACCEL, DestroyAcceleratorTable>>;
 using OwnedFont = Owner<NullableTraits<HGDIOBJ, DeleteObject>>;
+using OwnedDeviceContext = Owner<NullableTraits<HDC, DeleteDC>>;
 using OwnedIcon = Owner<NullableTraits<HICON, DestroyIcon>>;
 using OwnedLibrary = Owner<NullableTraits<HMODULE, FreeLibrary>>;
 using OwnedRegistryKey = Owner<NullableTraits<HKEY, RegCloseKey>>;

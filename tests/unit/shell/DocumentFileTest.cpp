@@ -42,9 +42,11 @@ class StringView final : public DocumentView {
   }
   void SetReadOnly(bool readOnly) override { isReadOnly = readOnly; }
   void ShowPath(const std::filesystem::path& path) override { shownPaths.push_back(path); }
+  void NoteUse(const std::filesystem::path& path) override { used.push_back(path); }
   void ShowProgressBar(std::optional<int> percent) override { progress.push_back(percent); }
 
   std::vector<std::filesystem::path> shownPaths;
+  std::vector<std::filesystem::path> used;
   std::vector<std::optional<int>> progress;
   bool isReadOnly = false;
 
@@ -352,6 +354,18 @@ TEST_F(DocumentFileTest, ASaverTakesThePlaceOfSaving) {
   EXPECT_EQ(saves, 3);
   document.Save();
   EXPECT_EQ(saves, 3);
+}
+
+TEST_F(DocumentFileTest, FilesThatWereOpenedAndSavedAreRemembered) {
+  const auto path = folder.Put("a.txt", kGbkText);
+  document.Load(path);
+  EXPECT_ANY_THROW(document.Load(File("missing.txt")));
+  document.SaveTo(File("b.txt"));
+  EXPECT_ANY_THROW(document.SaveTo(File("no folder") / "c.txt"));
+  document.TextOfFile(path);
+  document.ShowNew(u"secret", [](Workbench&) { return SaveOutcome::kSaved; });
+  document.Save();
+  EXPECT_EQ(view.used, (std::vector<std::filesystem::path>{path, File("b.txt")}));
 }
 
 TEST_F(DocumentFileTest, TheTextOfAFileIsReadWithoutShowingIt) {

@@ -57,7 +57,8 @@ BOOL CALLBACK DescribeControl(HWND control, LPARAM parameter) {
 
 LRESULT Send(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
   DWORD_PTR answer = 0;
-  if (SendMessageTimeoutW(window, message, wParam, lParam, SMTO_NORMAL, kAnswerLimitMilliseconds, &answer) == 0) {
+  if (SendMessageTimeoutW(window, message, wParam, lParam, SMTO_NORMAL, kAnswerLimitMilliseconds, &answer) == 0 &&
+      IsWindow(window) != FALSE) {
     FailWithPicture("no answer to message " + std::to_string(message) + " from " + DescribeWindow(window));
   }
   return static_cast<LRESULT>(answer);

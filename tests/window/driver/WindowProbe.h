@@ -10,8 +10,9 @@
 
 namespace scrivanta {
 
-// Sends a message and waits for the answer. Throws DriverFailure when the window does not answer within the limit. For
-// a window of another process only messages below WM_USER may carry pointers.
+// Sends a message and waits for the answer. Throws DriverFailure when the window does not answer within the limit; one
+// that goes meanwhile answers 0, since what looks for windows meets such. For a window of another process only messages
+// below WM_USER may carry pointers.
 LRESULT Send(HWND window, UINT message, WPARAM wParam = 0, LPARAM lParam = 0);
 
 // The whole text, asked of the window itself: the caption, or what stands in a control.

@@ -1,0 +1,32 @@
+// The platform's dialogs for printing and page setup.
+#pragma once
+
+#include <windows.h>
+
+#include <functional>
+
+#include "printing/PrintCommands.h"
+#include "shell/RichBox.h"
+#include "win/Handles.h"
+
+namespace scrivanta {
+
+class FrmPrintDialogs final : public PrintDialogs {
+ public:
+  // The owner, asked for when a dialog opens, is the parent of the edit box; the box is asked for its font.
+  FrmPrintDialogs(std::function<HWND()> owner, RichBox& box) : owner_(std::move(owner)), box_(box) {}
+
+  std::optional<PrintOrder> AskForOrder(const PageSetup& setup, bool hasSelection) override;
+  std::optional<PageSetup> AskForSetup(const PageSetup& setup) override;
+
+ private:
+  // The printer that was chosen last, the system's when none was, with the paper of the setup.
+  void PrepareDevice(const PageSetup& setup);
+
+  std::function<HWND()> owner_;
+  RichBox& box_;
+  OwnedGlobalMemory deviceMode_;
+  OwnedGlobalMemory deviceNames_;
+};
+
+}  // namespace scrivanta
