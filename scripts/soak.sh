@@ -1,0 +1,15 @@
+#!/usr/bin/env bash
+# Works with the program at random, comparing the document with a plain model after each step:
+#
+#   scripts/soak.sh [STEPS [SEED]]
+#
+# Without a seed it takes one and says which, so that what goes wrong can be had again.
+set -euo pipefail
+cd "$(dirname "$0")/.."
+scripts/setup.sh
+mkdir -p build
+(cmake --preset windows && cmake --build --preset windows --target soak) >build/soak.log 2>&1 || {
+  tail -n 50 build/soak.log >&2
+  exit 1
+}
+scripts/wine-env.sh wine build/windows/bin/soak.exe "${1:-2000}" ${2:+"$2"}

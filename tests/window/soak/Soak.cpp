@@ -1,0 +1,455 @@
+#include "window/soak/Soak.h"
+
+#include <windows.h>
+
+#include <algorithm>
+#include <array>
+#include <cstdio>
+#include <numeric>
+
+#include <psapi.h>
+
+#include "crypto/FrmSecretControls.h"
+#include "lines/DelLinesDialog.h"
+#include "lines/FrmDelLineFromXtoYControls.h"
+#include "lines/FrmSortParametersControls.h"
+#include "lines/LineCommands.h"
+#include "lines/SortDialog.h"
+#include "search/SearchCommands.h"
+#include "shell/Capitals.h"
+#include "shell/FontLine.h"
+#include "shell/FrmOptionsControls.h"
+#include "text/Surrogates.h"
+#include "window/driver/Wait.h"
+#include "window/driver/WindowProbe.h"
+
+namespace scrivanta {
+
+namespace {
+
+// Grown beyond this the document is begun again, so that the steps stay short.
+constexpr std::size_t kLongestText = 6000;
+
+std::u16string Number(std::size_t number) {
+  const std::string digits = std::to_string(number);
+  return {digits.begin(), digits.end()};
+}
+
+std::size_t CountWindows() {
+  std::size_t count = 0;
+  const auto countOne = [](HWND, LPARAM parameter) -> BOOL {
+    ++*reinterpret_cast<std::size_t*>(parameter);
+    return TRUE;
+  };
+  for (const HWND window : TopWindows(GetCurrentProcessId())) {
+    ++count;
+    EnumChildWindows(window, countOne, reinterpret_cast<LPARAM>(&count));
+  }
+  return count;
+}
+
+}  // namespace
+
+std::string SoakFigures::Text() const {
+  return std::to_string(handles) + " handles, " + std::to_string(windows) + " windows, " + std::to_string(gdiObjects) +
+         " GDI objects, " + std::to_string(megabytes) + " MB";
+}
+
+SoakFigures MeasureProcess() {
+  SoakFigures figures;
+  GetProcessHandleCount(GetCurrentProcess(), &figures.handles);
+  figures.windows = CountWindows();
+  figures.gdiObjects = GetGuiResources(GetCurrentProcess(), GR_GDIOBJECTS);
+  PROCESS_MEMORY_COUNTERS_EX memory{};
+  memory.cb = sizeof(memory);
+  GetProcessMemoryInfo(GetCurrentProcess(), reinterpret_cast<PROCESS_MEMORY_COUNTERS*>(&memory), sizeof(memory));
+  figures.megabytes = memory.PrivateUsage >> 20U;
+  return figures;
+}
+
+// The dialogs of the commands, on the model: what is typed into them stands here.
+class Soak::Dialogs final : public LineDialogs, public SearchDialogs, private DelLinesView, private SortView {
+ public:
+  void ShowDelLines(DelLinesDialog& dialog) override { dialog.Delete(*this); }
+  void ShowSort(Workbench& workbench) override {
+    SortDialog dialog(workbench);
+    dialog.Capture(*this);
+    dialog.Sort(*this);
+  }
+  void ShowFind(FindDialog&) override {}
+  void ShowRegularTest(RegularTest&) override {}
+
+  std::u16string first;
+  std::u16string last;
+  bool byNumber = false;
+  bool descending = false;
+
+ private:
+  std::u16string Start() const override { return first; }
+  std::u16string End() const override { return last; }
+  std::u16string From() const override { return first; }
+  std::u16string To() const override { return last; }
+  bool IsByNumber() const override { return byNumber; }
+  bool IsDescending() const override { return descending; }
+  void SetRange(const std::u16string& from, const std::u16string& to) override {
+    first = from;
+    last = to;
+  }
+  void SetTotal(const std::u16string&) override {}
+  void CloseView() override {}
+};
+
+Soak::Soak(App& app, const TestFolder& folder, std::uint64_t seed)
+    : app_(app),
+      document_(folder.Write(u"日记.txt", Utf8(u"第一行\r\n"))),
+      random_(seed),
+      seed_(seed),
+      dialogs_(std::make_unique<Dialogs>()) {
+  RegisterLineCommands(commands_, *dialogs_);
+  RegisterSearchCommands(commands_, *dialogs_);
+  app_.Open(document_);
+  text_ = u"第一行\r\n";
+  states_.Reset(text_);
+  app_.ExpectText(text_);
+}
+
+Soak::~Soak() = default;
+
+const std::vector<Soak::Kind>& Soak::Kinds() {
+  static const std::vector<Kind> kKinds = {{"insert", 22, &Soak::InsertText},
+                                           {"type", 3, &Soak::TypeText},
+                                           {"delete", 5, &Soak::Delete},
+                                           {"clipboard", 8, &Soak::CutCopyPaste},
+                                           {"capitals", 3, &Soak::Capitals},
+                                           {"format", 4, &Soak::Format},
+                                           {"line command", 22, &Soak::RunLineCommand},
+                                           {"search command", 5, &Soak::RunSearchCommand},
+                                           {"delete lines", 4, &Soak::DeleteLines},
+                                           {"sort", 4, &Soak::Sort},
+                                           {"shuffle", 2, &Soak::Shuffle},
+                                           {"encipher", 2, &Soak::Encipher},
+                                           {"undo", 16, &Soak::Undo},
+                                           {"redo", 8, &Soak::Redo},
+                                           {"save and open", 2, &Soak::SaveAndOpen},
+                                           {"cancel dialogs", 3, &Soak::CancelDialogs},
+                                           {"minimise", 1, &Soak::Minimise}};
+  return kKinds;
+}
+
+void Soak::Run(std::size_t steps) {
+  const auto& kinds = Kinds();
+  const auto total = static_cast<std::size_t>(
+      std::accumulate(kinds.begin(), kinds.end(), 0, [](int sum, const Kind& kind) { return sum + kind.weight; }));
+  for (std::size_t step = 1; step <= steps; ++step) {
+    auto drawn = static_cast<int>(Random(total));
+    const auto kind =
+        std::ranges::find_if(kinds, [&drawn](const Kind& candidate) { return (drawn -= candidate.weight) < 0; });
+    try {
+      if (text_.size() > kLongestText) {
+        StartAgain();
+      }
+      SelectRandomly();
+      (this->*kind->run)();
+    } catch (const DriverFailure& failure) {
+      throw DriverFailure("seed " + std::to_string(seed_) + ", step " + std::to_string(step) + " (" + kind->name +
+                          "), text before: " + Shown(text_) + "\n" + failure.what());
+    }
+  }
+}
+
+void Soak::InsertText() {
+  const std::u16string inserted = RandomText(60);
+  app_.Editor().Insert(inserted);
+  ExpectReplaced(inserted, true);
+}
+
+void Soak::TypeText() {
+  const std::u16string typed = OneOf(std::array<std::u16string, 4>{u"字", u"a", u" 一", u"x1"});
+  app_.Type(typed);
+  ExpectReplaced(typed, true);
+}
+
+void Soak::Delete() {
+  if (!selection_.empty()) {
+    app_.Menu("mnudelete");
+    ExpectReplaced({});
+  }
+}
+
+void Soak::CutCopyPaste() {
+  if (Random(2) == 0 && clipboard_) {
+    app_.Menu("mnuPaste");
+    ExpectReplaced(*clipboard_);
+  } else if (!selection_.empty()) {
+    clipboard_ = Selected();
+    const bool cut = Random(2) == 0;
+    app_.Menu(cut ? "mnuCut" : "mnuCopy");
+    if (cut) {
+      ExpectReplaced({});
+    }
+  }
+}
+
+void Soak::Capitals() {
+  const std::u16string capitals = ToCapitals(Selected());
+  if (!selection_.empty()) {
+    app_.Menu("mnuAllcaps");
+    if (capitals != Selected()) {
+      ExpectReplaced(capitals);
+    }
+  }
+}
+
+void Soak::Format() {
+  app_.Menu(OneOf(std::array{"mnuBold", "mnuItalic", "mnuUnderline"}));
+  app_.ExpectText(text_);
+}
+
+void Soak::RunLineCommand() {
+  struct Case {
+    const char* command;
+    Answers answers;
+  };
+  using enum Answer;
+  static const std::vector<Case> kCases = {
+      {"mnuDelEmptyLine", {}},
+      {"mnuTrimLine", {}},
+      {"mnuAddTAB", {}},
+      {"mnuCopyAboveChar", {}},
+      {"mnuStatistics", {}},
+      {"mnuGotoLine", {u"2"}},
+      {"mnuGotoLine", {u"100000"}},
+      {"mnuGotoLine", {u""}},
+      {"mnuFilterNeedLine", {u""}},
+      {"mnuFilterNeedLine", {u"一", kNo}},
+      {"mnuFilterNeedLine", {u"[a-f]", kYes}},
+      {"mnuFilterRepeatLine", {kCancel}},
+      {"mnuFilterRepeatLine", {kNo, kYes, kNo}},
+      {"mnuFilterRepeatLine", {kNo, kNo, kYes}},
+      {"mnuFilterRepeatLine", {kNo, kCancel}},
+      {"mnuFilterRepeatLine", {kYes, u"[0-9]+", kYes}},
+      {"mnuFilterContinueRepeatLine", {kYes}},
+      {"mnuFilterContinueRepeatLine", {kNo}},
+  };
+  const Case& chosen = OneOf(kCases);
+  if (chosen.command == std::string_view("mnuStatistics")) {
+    Select({selection_.start, 0});  // it counts lines from the end of a selection that has a direction
+  }
+  RunOnBoth(chosen.command, chosen.answers);
+}
+
+void Soak::RunSearchCommand() {
+  static const std::vector<std::pair<const char*, Answers>> kCases = {
+      {"mnuRegGet", {u"[a-z]+"}},
+      {"mnuRegGet", {u"没有这些字"}},
+      {"mnuRegGet", {u""}},
+      {"mnuRegReplace", {u"([0-9])([a-z])", u"\\2\\1"}},
+      {"mnuRegReplace", {u"一", u""}},
+  };
+  const auto& [command, answers] = OneOf(kCases);
+  RunOnBoth(command, answers);
+}
+
+void Soak::DeleteLines() {
+  const std::size_t first = 1 + Random(4);
+  dialogs_->first = Number(first);
+  dialogs_->last = Number(first + Random(4));
+  app_.Menu("mnuDelLineFromXtoY");
+  DialogDriver dialog = app_.ExpectDialog(u"删除开始行至结束行");
+  if (Random(4) == 0) {
+    dialog.Close();
+    app_.ExpectText(text_);
+    return;
+  }
+  dialog.Type(TxtDelLineStart, dialogs_->first).Type(TxtDelLineEnd, dialogs_->last);
+  model_.editor().Open(text_, selection_);
+  commands_.Run("mnuDelLineFromXtoY", model_);
+  dialog.Press(CmdFrmDelLineFromXtoY);
+  dialog.WaitUntilGone();
+  app_.Settle();
+  Expect(model_.editor().Text());
+}
+
+void Soak::Sort() {
+  app_.Menu("mnuSort");
+  DialogDriver dialog = app_.ExpectDialog(u"文件排序");
+  dialogs_->byNumber = Random(2) == 0;
+  dialogs_->descending = Random(2) == 0;
+  model_.editor().Open(text_, selection_);
+  commands_.Run("mnuSort", model_);
+  dialog.Press(dialogs_->byNumber ? OptNumber : OptString).Press(dialogs_->descending ? OptJiangXi : OptShenXi);
+  dialog.Press(CmdSort);
+  dialog.Close();
+  Expect(model_.editor().Text());
+}
+
+void Soak::Shuffle() {
+  const auto sorted = [](std::u16string text) {
+    std::ranges::sort(text);
+    return text;
+  };
+  app_.Menu("mnuRandOrder");
+  const std::u16string shuffled = app_.Text();
+  if (sorted(shuffled) != sorted(text_)) {
+    throw DriverFailure("shuffling has changed more than the order: " + Shown(shuffled));
+  }
+  Expect(shuffled);
+}
+
+void Soak::Encipher() {
+  if (selection_.empty()) {
+    return;
+  }
+  const bool rijndael = Random(2) == 0;
+  const std::u16string before = text_;
+  const std::size_t behind = text_.size() - selection_.end().value;
+  for (const char* command : {"mnuEncryptSelectedText", "mnuDeEncryptSelectedText"}) {
+    app_.Menu(command);
+    DialogDriver dialog = app_.ExpectDialog(u"密钥");
+    if (dialog.IsChecked(Check1) != rijndael) {
+      dialog.Press(Check1);
+    }
+    dialog.Type(Text1, u"20240312").Press(Command1);
+    dialog.WaitUntilGone();
+    app_.Settle();
+    Expect(app_.Text());
+    Select({selection_.start, text_.size() - behind - selection_.start.value});
+  }
+  app_.ExpectText(before);
+}
+
+void Soak::Undo() {
+  if (app_.MenuEntry("mnuUndo").enabled != states_.canUndo()) {
+    throw DriverFailure("undoing is offered where there is nothing to undo, or the other way round");
+  }
+  if (states_.canUndo()) {
+    app_.Menu("mnuUndo");
+    text_ = app_.Text();
+    if (!states_.Undo(text_)) {
+      throw DriverFailure("undoing has led to a text that never was: " + Shown(text_));
+    }
+  }
+}
+
+void Soak::Redo() {
+  if (states_.canRedo()) {
+    app_.Menu("mnuRedo");
+    text_ = app_.Text();
+    if (!states_.Redo(text_)) {
+      throw DriverFailure("redoing has led to a text that never was: " + Shown(text_));
+    }
+  }
+}
+
+void Soak::SaveAndOpen() {
+  app_.Menu("mnuSave");
+  app_.ExpectText(text_);
+  if (ReadBytes(document_) != Utf8(text_)) {
+    throw DriverFailure("the saved file does not hold the document");
+  }
+  // A file without Chinese would be taken for GBK the next time, and one with nothing but Chinese would not.
+  if (std::ranges::any_of(text_, [](char16_t unit) { return unit >= 0x800; })) {
+    app_.Open(document_);
+    app_.ExpectText(text_);
+    states_.Reset(text_);
+  }
+}
+
+void Soak::CancelDialogs() {
+  app_.Menu("mnuSaveAs");
+  app_.CancelFileDialog();
+  app_.Menu("mnuOptions");
+  app_.ExpectDialog(u"选项").Press(CmdQuit).WaitUntilGone();
+  app_.Settle();
+  app_.Menu("mnuFont");
+  app_.AnswerInput({.prompt = u"字体设置：", .preset = FontToLine({.name = u"宋体", .size = 10.5})}, u"");
+  app_.Menu("mnuFind");
+  app_.ExpectDialog(u"查找").Close();
+  app_.ExpectText(text_);
+}
+
+void Soak::Minimise() {
+  app_.Minimise();
+  app_.ClickTrayIcon();
+  app_.ExpectText(text_);
+}
+
+void Soak::StartAgain() {
+  Select({{0}, text_.size()});
+  app_.Menu("mnudelete");
+  ExpectReplaced({});
+}
+
+std::u16string Soak::RandomText(std::size_t longest) {
+  static const std::vector<std::u16string> kPieces = {
+      u"一", u"二", u"编辑",      u"标点，", u"。", u"Ａ", u"a",    u"b1",   u"word ",    u"XYZ",
+      u"7",  u"42", u"-3.5",      u" ",      u"  ", u"\t", u"\r\n", u"\r\n", u"\r\n\r\n", u"C:\\a\\b.txt",
+      u"😀",  u"é",  u"{\\rtf1 }", u"\"",     u"&x"};
+  std::u16string text;
+  for (std::size_t count = 1 + Random(longest); count > 0; --count) {
+    text += OneOf(kPieces);
+  }
+  return text;
+}
+
+// Never within a line break or a pair of surrogates.
+std::size_t Soak::RandomPosition() {
+  std::size_t position = Random(text_.size() + 1);
+  if (position > 0 && position < text_.size() && (text_[position] == u'\n' || IsLowSurrogate(text_[position]))) {
+    --position;
+  }
+  return position;
+}
+
+void Soak::Select(TextRange range) {
+  selection_ = range;
+  app_.Editor().Select(range);
+}
+
+void Soak::SelectRandomly() {
+  const std::size_t one = RandomPosition();
+  const std::size_t other = Random(3) == 0 ? RandomPosition() : one;
+  Select({{std::min(one, other)}, std::max(one, other) - std::min(one, other)});
+}
+
+void Soak::RunOnBoth(std::string_view command, const Answers& answers) {
+  testing::ScriptedPrompts& prompts = model_.prompts();
+  prompts.messages.clear();
+  prompts.inputs.clear();
+  for (const auto& answer : answers) {
+    std::visit([&prompts](const auto& scripted) { prompts.Will(scripted); }, answer);
+  }
+  model_.editor().Open(text_, selection_);
+  commands_.Run(command, model_);
+
+  app_.Menu(command);
+  auto message = prompts.messages.begin();
+  auto input = prompts.inputs.begin();
+  for (const auto& answer : answers) {
+    if (const auto* button = std::get_if<Answer>(&answer)) {
+      app_.ExpectBox(*message++).Answer(*button);
+    } else {
+      app_.AnswerInput(*input++, std::get<std::u16string>(answer));
+    }
+  }
+  for (; message != prompts.messages.end(); ++message) {
+    app_.ExpectBox(*message).Answer(Answer::kOk);
+  }
+  Expect(model_.editor().Text());
+}
+
+void Soak::Expect(const std::u16string& text, bool typed) {
+  app_.ExpectText(text);
+  if (text != text_) {
+    text_ = text;
+    states_.Note(text_, typed);
+  }
+}
+
+void Soak::ExpectReplaced(const std::u16string& replacement, bool typed) {
+  std::u16string text = text_;
+  text.replace(selection_.start.value, selection_.length, replacement);
+  Expect(text, typed);
+}
+
+}  // namespace scrivanta

@@ -1,0 +1,104 @@
+// Works with the program at random, as somebody would in a long day: edits, commands, undoing, dialogs answered and
+// cancelled. After each step the document is compared with a plain model, a string on which the same commands run
+// without a window. A message box that nobody expects ends it.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <random>
+#include <string>
+#include <string_view>
+#include <variant>
+#include <vector>
+
+#include "shell/CommandTable.h"
+#include "support/ScriptedWorkbench.h"
+#include "window/driver/App.h"
+#include "window/driver/TestFiles.h"
+#include "window/soak/TextStates.h"
+
+namespace scrivanta {
+
+// What the process holds.
+struct SoakFigures {
+  unsigned long handles = 0;
+  std::size_t windows = 0;
+  std::size_t gdiObjects = 0;  // 0 where the system does not tell
+  std::size_t megabytes = 0;   // of private memory
+
+  std::string Text() const;
+};
+SoakFigures MeasureProcess();
+
+class Soak {
+ public:
+  // The program is running; the folder takes the document.
+  Soak(App& app, const TestFolder& folder, std::uint64_t seed);
+  Soak(const Soak&) = delete;
+  Soak& operator=(const Soak&) = delete;
+  ~Soak();
+
+  // Throws DriverFailure, with seed and step, at the first difference.
+  void Run(std::size_t steps);
+
+ private:
+  using Answers = std::vector<std::variant<Answer, std::u16string>>;
+  class Dialogs;
+  struct Kind {
+    const char* name;
+    int weight;
+    void (Soak::*run)();
+  };
+  static const std::vector<Kind>& Kinds();
+
+  void InsertText();
+  void TypeText();
+  void Delete();
+  void CutCopyPaste();
+  void Capitals();
+  void Format();
+  void RunLineCommand();
+  void RunSearchCommand();
+  void DeleteLines();
+  void Sort();
+  void Shuffle();
+  void Encipher();
+  void Undo();
+  void Redo();
+  void SaveAndOpen();
+  void CancelDialogs();
+  void Minimise();
+  void StartAgain();
+
+  std::size_t Random(std::size_t below) { return static_cast<std::size_t>(random_() % below); }
+  template <typename Items>
+  const auto& OneOf(const Items& items) {
+    return items[Random(items.size())];
+  }
+  std::u16string RandomText(std::size_t longest);
+  std::size_t RandomPosition();
+  void Select(TextRange range);
+  void SelectRandomly();
+  std::u16string Selected() const { return text_.substr(selection_.start.value, selection_.length); }
+
+  // The command on the model; then the same in the window, its questions answered alike.
+  void RunOnBoth(std::string_view command, const Answers& answers);
+  // What stands there now is this.
+  void Expect(const std::u16string& text, bool typed = false);
+  void ExpectReplaced(const std::u16string& replacement, bool typed = false);
+
+  App& app_;
+  std::filesystem::path document_;
+  std::mt19937_64 random_;
+  std::uint64_t seed_;
+  testing::ScriptedWorkbench model_;
+  CommandTable commands_;
+  std::unique_ptr<Dialogs> dialogs_;
+  TextStates states_;
+  std::u16string text_;
+  TextRange selection_;
+  std::optional<std::u16string> clipboard_;
+};
+
+}  // namespace scrivanta

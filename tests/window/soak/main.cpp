@@ -1,0 +1,53 @@
+// Works with the program at random for as many steps as it is told, and says what the process held before and after.
+//
+//   soak STEPS [SEED]
+#include <windows.h>
+
+#include <cstdio>
+#include <cstdlib>
+#include <exception>
+#include <random>
+
+#include "window/driver/StoredSettings.h"
+#include "window/soak/Soak.h"
+
+namespace scrivanta {
+namespace {
+
+// What is made once and kept is there after these.
+constexpr std::size_t kFirstSteps = 100;
+
+void RunSoak(std::size_t steps, std::uint64_t seed) {
+  std::printf("seed %llu\n", static_cast<unsigned long long>(seed));
+  std::fflush(stdout);
+  ForgetSettings();
+  const TestFolder folder;
+  App app;
+  app.Start();
+  Soak soak(app, folder, seed);
+  const std::size_t first = std::min(kFirstSteps, steps);
+  soak.Run(first);
+  std::printf("after %zu steps: %s\n", first, MeasureProcess().Text().c_str());
+  std::fflush(stdout);
+  soak.Run(steps - first);
+  std::printf("after %zu steps: %s\n", steps, MeasureProcess().Text().c_str());
+}
+
+}  // namespace
+}  // namespace scrivanta
+
+int wmain(int argc, wchar_t** argv) {
+  if (argc != 2 && argc != 3) {
+    std::fputs("usage: soak STEPS [SEED]\n", stderr);
+    return 2;
+  }
+  SetConsoleOutputCP(CP_UTF8);
+  try {
+    const std::uint64_t seed = argc == 3 ? std::wcstoull(argv[2], nullptr, 10) : std::random_device()();
+    scrivanta::RunSoak(std::wcstoul(argv[1], nullptr, 10), seed);
+  } catch (const std::exception& error) {
+    std::fprintf(stderr, "%s\n", error.what());
+    return 1;
+  }
+  return 0;
+}
