@@ -1,12 +1,23 @@
 #include "shell/ErrorText.h"
 
 #include <new>
+#include <string_view>
 #include <utility>
 
-#include "text/Encoding.h"
+#include "text/DocumentFormat.h"
 #include "text/ExplainedError.h"
+#include "text/PlatformFile.h"
 
 namespace scrivanta {
+
+namespace {
+
+// The system speaks the language of the user, in UTF-8 or in the code page.
+std::u16string SystemText(std::string_view message) {
+  return DecodeDocument(message).text;
+}
+
+}  // namespace
 
 std::u16string FileErrorReason(const std::error_code& code) {
   static constexpr std::pair<std::errc, std::u16string_view> kReasons[] = {
@@ -27,19 +38,19 @@ std::u16string FileErrorReason(const std::error_code& code) {
       return std::u16string(reason);
     }
   }
-  return Decode(Encoding::kUtf8, code.message());
+  return SystemText(code.message());
 }
 
 Message FailureMessage(const std::exception& error) {
   Message message{.icon = Icon::kCritical, .systemModal = true};
   if (const auto* fileError = dynamic_cast<const FileError*>(&error)) {
-    message.text = u"文件读写失败：\n" + fileError->path().u16string() + u"\n" + FileErrorReason(fileError->code());
+    message.text = u"文件读写失败：\n" + TextOfPath(fileError->path()) + u"\n" + FileErrorReason(fileError->code());
   } else if (const auto* explained = dynamic_cast<const ExplainedError*>(&error)) {
     message.text = explained->chinese();
   } else if (dynamic_cast<const std::bad_alloc*>(&error) != nullptr) {
     message.text = u"内存不足！";
   } else {
-    message.text = u"出错了！\n" + Decode(Encoding::kUtf8, error.what());
+    message.text = u"出错了！\n" + SystemText(error.what());
   }
   return message;
 }
