@@ -156,7 +156,7 @@ void WriteWithoutDuplicates(BatchContext& context, bool keepFirst, const Duplica
     LineReader keptReader(keptLater, LineEnds::kCrLf, context.progress);
     LineReader reportReader(reportLater, LineEnds::kCrLf, context.progress);
     LineWriter output(context.output);
-    DropReportedLines(keptReader, reportReader, output);
+    DropReportedLines(keptReader, reportReader, output, context.progress);
     output.Flush();
     reportLater.Rewind();
   }

@@ -50,8 +50,8 @@ void FilterConsecutiveDuplicates(LineReader& in, LineWriter& kept, LineWriter& r
   }
 }
 
-void DropReportedLines(LineReader& kept, LineReader& report, LineWriter& out) {
-  const ReportedLines reported(report);
+void DropReportedLines(LineReader& kept, LineReader& report, LineWriter& out, Progress& progress) {
+  const ReportedLines reported(report, progress);
   while (kept.Next()) {
     if (kept.line().empty() || !reported.HasAtLineBegin(kept.line())) {
       out.WriteLine(kept.line());

@@ -27,6 +27,7 @@ void FilterConsecutiveDuplicates(LineReader& in, LineWriter& kept, LineWriter& r
 // Copies the kept lines without those of which the report holds repeats: a line that is not empty is left out when it
 // stands anywhere behind a line break of the report. So it goes too when a repeat, or the header, begins with it, and
 // when it is a repeat followed by a carriage return, which is the one of the line break there.
-void DropReportedLines(LineReader& kept, LineReader& report, LineWriter& out);
+// Throws FileError, Interrupted.
+void DropReportedLines(LineReader& kept, LineReader& report, LineWriter& out, Progress& progress);
 
 }  // namespace scrivanta

@@ -62,7 +62,7 @@ void RunDuplicateFilter(Workbench& workbench, bool keepFirst, WholeTextEnd whole
     LineReader keptReader(keptBytes, LineEnds::kCrLf, work->progress());
     LineReader reportReader(reportBytes, LineEnds::kCrLf, work->progress());
     LineWriter writer(dropped);
-    DropReportedLines(keptReader, reportReader, writer);
+    DropReportedLines(keptReader, reportReader, writer, work->progress());
     writer.Flush();
     dropped.Save();
     MergeFiles({&dropped, &report}, collected, work->progress());

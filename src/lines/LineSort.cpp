@@ -20,11 +20,13 @@ void SortByNumber(const LineStore& lines, std::span<KeyedLine> range, Encoding e
     line.key = LineNumber(lines[line.index], encoding).Key();
   }
   KeySorter(progress).Sort(range);
+  PacedProgress comparing(progress, 0);
   for (auto begin = range.begin(); begin != range.end();) {
     const std::uint64_t key = begin->key;
     const auto end = std::find_if(begin, range.end(), [key](const KeyedLine& line) { return line.key != key; });
     if (!LineNumber::IsExactKey(key)) {
       std::ranges::stable_sort(std::span(begin, end), [&](const KeyedLine& left, const KeyedLine& right) {
+        comparing.Step();
         return LineNumber(lines[left.index], encoding) < LineNumber(lines[right.index], encoding);
       });
     }

@@ -1,5 +1,6 @@
 #include "lines/RegExpLineFilters.h"
 
+#include <algorithm>
 #include <string>
 #include <unordered_set>
 #include <vector>
@@ -30,6 +31,20 @@ void WriteUnmarkedLines(std::u16string_view text, LineWriter& out, Encoding enco
   }
 }
 
+// Makes of reports on a place in one line reports on the place of that line among all of them.
+class LineByLineProgress final : public Progress {
+ public:
+  LineByLineProgress(Progress& progress, std::uint64_t total) : progress_(progress), total_(total) {}
+
+  void Report(std::uint64_t, std::uint64_t) override { progress_.Report(done_, total_); }
+  void Pass(std::string_view line) { done_ = std::min(total_, done_ + line.size() + kLineBreak.size()); }
+
+ private:
+  Progress& progress_;
+  std::uint64_t total_;  // bytes
+  std::uint64_t done_ = 0;
+};
+
 }  // namespace
 
 void RegExpWordFilter(std::u16string_view text, LineWriter& have, LineWriter& haveNot, const WordFilterOptions& options,
@@ -46,7 +61,8 @@ void RegExpWordFilter(std::u16string_view text, LineWriter& have, LineWriter& ha
 
 void RegExpFilterDuplicates(LineReader& in, LineWriter& kept, LineWriter& report, std::u16string_view pattern,
                             Encoding encoding, const RegExpEngine& engine, Progress& progress) {
-  RegExpExtractor extractor(engine, pattern, {}, progress);
+  LineByLineProgress lineByLine(progress, in.sourceSize().value_or(0));
+  RegExpExtractor extractor(engine, pattern, {}, lineByLine);
   DuplicateReport repeats = DuplicateReport::WithGaps(report, encoding);
   std::unordered_set<std::u16string> seen;
   std::u16string text;
@@ -59,6 +75,7 @@ void RegExpFilterDuplicates(LineReader& in, LineWriter& kept, LineWriter& report
     } else {
       repeats.Add(in.line());
     }
+    lineByLine.Pass(in.line());
   }
 }
 

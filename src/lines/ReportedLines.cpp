@@ -2,44 +2,66 @@
 
 #include <algorithm>
 
+#include "lines/PacedProgress.h"
+
 namespace scrivanta {
 
-ReportedLines::ReportedLines(LineReader& report) : lines_(report) {
+namespace {
+
+// The first eight bytes, 0 for those that are missing. Lines with different beginnings are in the order of these.
+std::uint64_t BeginningOf(std::string_view line) {
+  std::uint64_t beginning = 0;
+  for (std::size_t i = 0; i < sizeof(beginning); ++i) {
+    beginning = (beginning << 8U) | (i < line.size() ? static_cast<unsigned char>(line[i]) : 0U);
+  }
+  return beginning;
+}
+
+}  // namespace
+
+ReportedLines::ReportedLines(LineReader& report, Progress& progress) : lines_(report) {
+  PacedProgress gathering(progress, lines_.size());
   for (std::size_t i = 1; i < lines_.size(); ++i) {
+    gathering.Step();
     if (i == 1 || lines_[i] != lines_[i - 1]) {
-      sorted_.push_back(EntryOf(lines_[i]));
+      sorted_.push_back({BeginningOf(lines_[i]), i});
     }
   }
-  std::ranges::sort(sorted_, Less);
+  Sort(progress);
 }
 
 bool ReportedLines::HasAtLineBegin(std::string_view line) const {
-  const Entry* entry = FirstNotLess(line);
-  if (entry != nullptr && entry->line.starts_with(line)) {
+  const KeyedLine* found = FirstNotLess(line);
+  if (found != nullptr && lines_[found->index].starts_with(line)) {
     return true;
   }
   if (!line.ends_with('\r')) {
     return false;
   }
   line.remove_suffix(1);
-  entry = FirstNotLess(line);
-  return entry != nullptr && entry->line == line;
+  found = FirstNotLess(line);
+  return found != nullptr && lines_[found->index] == line;
 }
 
-ReportedLines::Entry ReportedLines::EntryOf(std::string_view line) {
-  Entry entry{0, line};
-  for (std::size_t i = 0; i < sizeof(entry.beginning); ++i) {
-    entry.beginning = (entry.beginning << 8U) | (i < line.size() ? static_cast<unsigned char>(line[i]) : 0U);
+void ReportedLines::Sort(Progress& progress) {
+  KeySorter(progress).Sort(sorted_);
+  PacedProgress comparing(progress, 0);
+  for (auto begin = sorted_.begin(); begin != sorted_.end();) {
+    const std::uint64_t key = begin->key;
+    const auto end = std::find_if(begin, sorted_.end(), [key](const KeyedLine& line) { return line.key != key; });
+    std::sort(begin, end, [&](const KeyedLine& left, const KeyedLine& right) {
+      comparing.Step();
+      return lines_[left.index] < lines_[right.index];
+    });
+    begin = end;
   }
-  return entry;
 }
 
-bool ReportedLines::Less(const Entry& left, const Entry& right) {
-  return left.beginning != right.beginning ? left.beginning < right.beginning : left.line < right.line;
-}
-
-const ReportedLines::Entry* ReportedLines::FirstNotLess(std::string_view line) const {
-  const auto found = std::ranges::lower_bound(sorted_, EntryOf(line), Less);
+const KeyedLine* ReportedLines::FirstNotLess(std::string_view line) const {
+  const std::uint64_t beginning = BeginningOf(line);
+  const auto found = std::partition_point(sorted_.begin(), sorted_.end(), [&](const KeyedLine& sorted) {
+    return sorted.key != beginning ? sorted.key < beginning : lines_[sorted.index] < line;
+  });
   return found == sorted_.end() ? nullptr : &*found;
 }
 

@@ -2,33 +2,31 @@
 #pragma once
 
 #include <cstdint>
+#include <span>
 #include <string_view>
 #include <vector>
 
+#include "lines/KeyedLine.h"
 #include "lines/LineStore.h"
+#include "text/Progress.h"
 
 namespace scrivanta {
 
 class ReportedLines {
  public:
   // All lines of the report but its first, which stands behind no line break. Throws FileError, Interrupted.
-  explicit ReportedLines(LineReader& report);
+  ReportedLines(LineReader& report, Progress& progress);
 
   // Whether a line break followed by the line occurs in the report.
   bool HasAtLineBegin(std::string_view line) const;
 
  private:
-  struct Entry {
-    std::uint64_t beginning = 0;  // the first eight bytes, for quick comparison
-    std::string_view line;
-  };
-
-  static Entry EntryOf(std::string_view line);
-  static bool Less(const Entry& left, const Entry& right);
-  const Entry* FirstNotLess(std::string_view line) const;
+  void Sort(Progress& progress);
+  // The first of the sorted lines that does not stand before this one; none when all do.
+  const KeyedLine* FirstNotLess(std::string_view line) const;
 
   LineStore lines_;
-  std::vector<Entry> sorted_;
+  std::vector<KeyedLine> sorted_;  // by their bytes; the key is the first eight of them, for quick comparison
 };
 
 }  // namespace scrivanta

@@ -73,6 +73,7 @@ bool StringOrder::EndAlike(const Group& group) {
 
 void StringOrder::SortByComparing(const Group& group) {
   std::ranges::sort(group.lines, [&](const KeyedLine& left, const KeyedLine& right) {
+    progress_.Step();
     return Less(left.index, right.index, group.depth);
   });
 }

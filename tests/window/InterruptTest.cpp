@@ -84,5 +84,45 @@ TEST_F(InterruptTest, LongWorkCanBeStoppedAndLeavesTheDocumentAsItWas) {
   expectUntouched();
 }
 
+// The pattern tries every way to cut such a line up, which takes some milliseconds.
+std::string SlowLines() {
+  std::string lines;
+  for (int i = 0; i < 5'000; ++i) {
+    lines += std::string(30, 'a') + "b\r\n";
+  }
+  return lines;
+}
+
+TEST_F(InterruptTest, ALineCommandShowsHowFarItHasComeAndCanBeStopped) {
+  const auto ask = [](std::u16string text, Answer defaultAnswer) {
+    return Message{.text = std::move(text),
+                   .buttons = Buttons::kYesNoCancel,
+                   .icon = Icon::kQuestion,
+                   .defaultAnswer = defaultAnswer};
+  };
+  const std::string lines = SlowLines();
+  const auto document = folder.Write("slow.txt", lines);
+  app.Start(document.u16string());
+  app.Menu("mnuFilterRepeatLine");
+  app.ExpectBox(ask(u"是否用正则方式过滤，选【是】，则每行用正则表达式提取，提取串相同即认为是重复行", Answer::kNo))
+      .Answer(Answer::kYes);
+  app.AnswerInput({.prompt = u"输入过滤正则式，如提取每行标准号的正则式：[a-su-zA-SU-Z]+|[\\d]+：",
+                   .preset = u"[a-su-zA-SU-Z]+|[\\d]+"},
+                  u"(a|aa)+$");
+  MessageBoxDriver(GetCurrentProcessId(), ask(u"[是]保留一条重复记录，[否]删除所有重复记录，[取消]退出", Answer::kYes),
+                   [] {})
+      .Answer(Answer::kYes);
+  DialogDriver interrupt = app.ExpectInterruptWindow();
+  WaitUntil("the first status panel to show a percentage", [this] {
+    const std::u16string status = app.Status();
+    return status.starts_with(u"已完成:") && status.ends_with(u"%");
+  });
+  app.Press("Esc");
+  interrupt.WaitUntilGone();
+  app.ExpectStatus(document.u16string());
+  app.ExpectCaption(u"Scrivanta " + document.u16string());
+  EXPECT_TRUE(app.Text() == std::u16string(lines.begin(), lines.end()));
+}
+
 }  // namespace
 }  // namespace scrivanta

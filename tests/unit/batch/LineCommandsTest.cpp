@@ -1,7 +1,10 @@
+#include <algorithm>
+
 #include <gtest/gtest.h>
 
 #include "support/BatchRun.h"
 #include "support/TemporaryFolder.h"
+#include "text/Encoding.h"
 
 namespace scrivanta::testing {
 namespace {
@@ -72,6 +75,61 @@ TEST(LineCommands, RefuseArgumentsThatDoNotGoTogether) {
   EXPECT_EQ(RunBatchOn("", {"dedupe", "--key", "regexp"}).status, 2);
   EXPECT_EQ(RunBatchOn("", {"dedupe", "--keep", "last"}).status, 2);
   EXPECT_EQ(RunBatchOn("a", {"filter", "--regexp", "--keyword", "("}).status, 2);
+}
+
+std::vector<std::string> LinesOf(std::string_view text) {
+  std::vector<std::string> lines;
+  while (!text.empty()) {
+    const std::size_t end = std::min(text.find('\n'), text.size());
+    lines.emplace_back(text.substr(0, end));
+    if (end < text.size() && lines.back().ends_with('\r')) {
+      lines.back().pop_back();
+    }
+    text.remove_prefix(std::min(end + 1, text.size()));
+  }
+  return lines;
+}
+
+TEST(LineCommands, NeverLoseALine) {
+  const std::string inputs[] = {
+      "one line, no end",
+      "a\n" + std::string(10'000'000, 'x') + "\na",
+      std::string(1'000'000, '\n'),
+      std::string("a\0b\n\0\n\0\0\n\0\n", 11),
+      "a\rb\n\r\r\n\r\na\rb\n \r",
+      "\xFF\n\x81\x30\x81\x30\n\x94\x39\xDA\x33 5\n\xFF\n\x81\x30\n\x81",  // four bytes a character, none at all
+  };
+  const std::string repeats = Encode(Encoding::kGbk, u"以下为重复de文字行：");
+  struct Case {
+    std::vector<std::string> arguments;
+    std::vector<std::string> headers;
+  };
+  const Case cases[] = {
+      {{"sort"}, {}},
+      {{"sort", "--by", "number", "--order", "down"}, {}},
+      {{"shuffle"}, {}},
+      {{"filter", "--keyword", "q"},
+       {Encode(Encoding::kGbk, u"以下行 含有 关键字：q"), "", std::string(23, '='),
+        Encode(Encoding::kGbk, u"以下行 不含有 关键字：q")}},
+      {{"dedupe"}, {"", "", "", "", "", "", repeats}},
+      {{"dedupe", "--key", "regexp", "--pattern", "[xa]*"}, {"", "", "", "", "", "", repeats}},
+      {{"dedupe-consecutive"}, {repeats}},
+  };
+  for (const std::string& input : inputs) {
+    for (const Case& c : cases) {
+      const BatchResult result = RunBatchOn(input, c.arguments);
+      EXPECT_EQ(result.status, 0) << result.errors;
+      std::vector<std::string> lines = LinesOf(result.output);
+      std::vector<std::string> expected = LinesOf(input);
+      expected.insert(expected.end(), c.headers.begin(), c.headers.end());
+      if (c.arguments[0] == "dedupe" && lines.back() != repeats) {
+        expected.emplace_back();  // between the header and the first repeat
+      }
+      std::ranges::sort(lines);
+      std::ranges::sort(expected);
+      EXPECT_TRUE(lines == expected) << c.arguments[0] << " of " << input.substr(0, 20);
+    }
+  }
 }
 
 TEST(LineCommands, TakeAVeryLongLine) {

@@ -45,7 +45,7 @@ std::u16string Dropped(const Filtered& filtered) {
   LineReader report(reportSource, LineEnds::kCrLf, progress);
   StringSink sink;
   LineWriter writer(sink);
-  DropReportedLines(kept, report, writer);
+  DropReportedLines(kept, report, writer, progress);
   writer.Flush();
   return Decode(Encoding::kGbk, sink.bytes());
 }

@@ -215,6 +215,49 @@ TEST(SortDialog, BringsTheRangeInsideAndSaysSo) {
   EXPECT_EQ(workbench.editor().Text(), u"a\r\nb\r\nc");
 }
 
+// Whatever they are doing when the user stops them.
+TEST(LineHandlers, LeaveTheDocumentWhereverTheyAreInterrupted) {
+  using Script = std::vector<ScriptedPrompts::ScriptedAnswer>;
+  const auto sort = [](Workbench& workbench) {
+    SortDialog dialog(workbench);
+    ScriptedSortView view;
+    dialog.Capture(view);
+    dialog.Sort(view);
+  };
+  const std::pair<std::function<void(Workbench&)>, Script> cases[] = {
+      {mnuFilterNeedLine, {u"a"s, Answer::kNo}},
+      {mnuFilterNeedLine, {u"a"s, Answer::kYes}},
+      {mnuFilterRepeatLine, {Answer::kNo, Answer::kYes, Answer::kNo}},
+      {mnuFilterRepeatLine, {Answer::kNo, Answer::kNo, Answer::kNo}},
+      {mnuFilterRepeatLine, {Answer::kYes, u"a"s, Answer::kNo}},
+      {mnuFilterContinueRepeatLine, {Answer::kNo}},
+      {mnuRandOrder, {}},
+      {mnuStatistics, {}},
+      {sort, {}},
+  };
+  constexpr char16_t kText[] = u"b\r\na\r\na\r\nc\r\n\r\na";
+  for (const auto& [handler, script] : cases) {
+    bool wasInterrupted = true;
+    for (std::uint64_t report = 1; wasInterrupted; ++report) {
+      ScriptedWorkbench workbench;
+      workbench.editor().Open(kText);
+      for (const auto& answer : script) {
+        workbench.prompts().Will(answer);
+      }
+      workbench.interruptAfter = report;
+      try {
+        handler(workbench);
+        wasInterrupted = false;
+        EXPECT_GT(report, 2U);
+      } catch (const Interrupted&) {
+        EXPECT_EQ(workbench.editor().Text(), kText);
+        EXPECT_EQ(workbench.editor().changes, 0);
+      }
+      EXPECT_EQ(workbench.worksAlive, 0);
+    }
+  }
+}
+
 TEST(SortDialog, NeverPutsAnOldTextOverANewOne) {
   ScriptedWorkbench workbench;
   workbench.editor().Open(u"b\r\na");

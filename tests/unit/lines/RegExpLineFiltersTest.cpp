@@ -84,5 +84,28 @@ TEST(RegExpLineFilters, FindDuplicatesByWhatIsExtracted) {
   }
 }
 
+TEST(RegExpLineFilters, TellHowFarAllLinesHaveCome) {
+  class Recorder final : public Progress {
+   public:
+    void Report(std::uint64_t done, std::uint64_t total) override {
+      EXPECT_EQ(total, expectedTotal);
+      EXPECT_LE(done, total);
+      ++reports;
+    }
+
+    std::uint64_t expectedTotal = 0;
+    int reports = 0;
+  };
+  const std::string bytes = std::string(10, 'b') + "\r\n" + std::string(200'000, 'a') + "\r\nb";
+  Recorder progress;
+  progress.expectedTotal = bytes.size();
+  MemorySource source(bytes);
+  LineReader reader(source, LineEnds::kCrLf, progress);
+  StringSink sink;
+  LineWriter writer(sink);
+  RegExpFilterDuplicates(reader, writer, writer, u"a", Encoding::kGbk, BuiltInRegExpEngine(), progress);
+  EXPECT_GT(progress.reports, 6);  // more than the blocks that were read
+}
+
 }  // namespace
 }  // namespace scrivanta::testing

@@ -1,0 +1,128 @@
+#!/usr/bin/env python3
+"""The line commands beside their peers on a GBK file of 1,000,000 lines and 40 MB.
+
+Each pair runs in turns, three times (once where it is slow); of each the run with the fewest CPU seconds counts. Prints
+Markdown tables: CPU seconds (user and system) and wall seconds, their ratio, the limit, and the largest peak of memory.
+Names of commands as arguments measure only those: scripts/bench.sh lines sort shuffle
+"""
+
+import os
+import pathlib
+import subprocess
+import sys
+import time
+
+ROOT = pathlib.Path(__file__).resolve().parent.parent.parent
+BATCH = ROOT / "build" / "native" / "bin" / "scrivanta-batch"
+DATA = ROOT / "build" / "bench" / "lines"
+ONCE = "mawk '!seen[$0]++'"
+PAD = ("mawk -F'\\t' 'NR == FNR { if (NF > m) m = NF; next } { while (NF < m) $0 = $0 \"\\t\"; print }'"
+       " tabs.txt tabs.txt > peer.out")
+
+
+class Usage:
+    """What a shell command has cost, the processes that it has started included."""
+
+    def __init__(self, command):
+        start = time.monotonic()
+        process = subprocess.Popen(["bash", "-c", command], env={**os.environ, "LC_ALL": "C"})
+        _, status, usage = os.wait4(process.pid, 0)
+        if status != 0:
+            sys.exit(f"failed: {command}")
+        self.wall = time.monotonic() - start
+        self.cpu = usage.ru_utime + usage.ru_stime
+        self.peak = usage.ru_maxrss / 1024
+
+    def __str__(self):
+        return f"{self.cpu:.2f} s | {self.wall:.2f} s"
+
+
+def ours(command):
+    return f"{BATCH} {command} -o ours.out"
+
+
+def compare(name, our_command, peer_command, most, rounds=3):
+    pairs = [(Usage(our_command), Usage(peer_command)) for _ in range(rounds)]
+    own, peer = (min((pair[i] for pair in pairs), key=lambda usage: usage.cpu) for i in (0, 1))
+    peak = max(pair[0].peak for pair in pairs)
+    print(f"| {name} | {own} | {peer} | {own.cpu / peer.cpu:.2f} | {most} | {peak:.0f} MiB |", flush=True)
+
+
+def clean_ups():
+    compare("`del-empty-lines`, `sed`", ours("del-empty-lines random.txt"), "sed '/^$/d' random.txt > peer.out", 3)
+    compare("`trim-lines`, `sed`", ours("trim-lines random.txt"), "sed 's/^ *//;s/ *$//' random.txt > peer.out", 3)
+    compare("`del-lines`, `sed`", ours("del-lines --from 5 --to 9 random.txt"), "sed 5,9d random.txt > peer.out", 3)
+    compare("`add-tabs`, `mawk`", ours("add-tabs tabs.txt"), PAD, 3)
+
+
+def filters():
+    compare("`filter`, `grep -F` twice", ours("filter --keyword abc random.txt"),
+            "grep -aF abc random.txt > peer.out; grep -avF abc random.txt > peer2.out", 2)
+
+
+def sorts():
+    compare("`sort`, `sort`", ours("sort random.txt"), "sort random.txt > peer.out", "1.0")
+    compare("`sort --by number`, `sort -n`", ours("sort --by number random.txt"), "sort -n random.txt > peer.out", "1.0")
+    for kind in ("sorted", "equal"):
+        compare(f"`sort` of {kind} lines, of random ones", ours(f"sort {kind}.txt"), ours("sort random.txt"), "1.0")
+
+
+def shuffles():
+    compare("`shuffle`, `shuf`", ours("shuffle random.txt"), "shuf random.txt > peer.out", 2)
+
+
+def duplicates():
+    compare("`dedupe`, `mawk`", ours("dedupe random.txt"), f"{ONCE} random.txt > peer.out", "1.0")
+    compare("`dedupe --keep none`, `mawk` twice", ours("dedupe --keep none random.txt"),
+            f"{ONCE} random.txt > peer.out; {ONCE} random.txt > peer.out", 1.5)
+    for count in (2, 5, 10, 20):
+        compare(f"`dedupe` of {count} words, `mawk`", ours(f"dedupe few{count}.txt"), f"{ONCE} few{count}.txt > peer.out",
+                15, rounds=1)
+
+
+def growth():
+    """Ten times the lines: streaming commands keep their memory, the others at most twelve times the time."""
+    print("\n| ten times the lines | CPU | ten times | times | memory | ten times |\n|---|---|---|---|---|---|")
+    for command, small, large in (
+            ("del-empty-lines", "random.txt", "tenfold.txt"),
+            ("trim-lines", "random.txt", "tenfold.txt"),
+            ("del-lines --from 5 --to 9", "random.txt", "tenfold.txt"),
+            ("add-tabs", "random.txt", "tenfold.txt"),
+            ("filter --keyword abc", "random.txt", "tenfold.txt"),
+            ("dedupe-consecutive", "random.txt", "tenfold.txt"),
+            ("dedupe", "tenth.txt", "random.txt"),
+            ("dedupe --keep none", "tenth.txt", "random.txt"),
+            ("sort", "tenth.txt", "random.txt"),
+            ("sort --by number", "tenth.txt", "random.txt"),
+            ("shuffle", "tenth.txt", "random.txt"),
+    ):
+        before, after = Usage(ours(f"{command} {small}")), Usage(ours(f"{command} {large}"))
+        print(f"| `{command}` {small} | {before.cpu:.2f} s | {after.cpu:.2f} s | {after.cpu / before.cpu:.1f} | "
+              f"{before.peak:.0f} MiB | {after.peak:.0f} MiB |", flush=True)
+
+
+def make_files():
+    if (DATA / "tenfold.txt").exists():
+        return
+    subprocess.run([sys.executable, ROOT / "bench" / "make_lines.py", DATA], check=True)
+    subprocess.run("tr ' ' '\\t' < random.txt > tabs.txt; head -n 100000 random.txt > tenth.txt;"
+                   "for i in 0 1 2 3 4 5 6 7 8 9; do cat random.txt; done > making.txt; mv making.txt tenfold.txt",
+                   shell=True, check=True, cwd=DATA)
+
+
+def main():
+    suites = {"clean-up": clean_ups, "filter": filters, "sort": sorts, "shuffle": shuffles, "dedupe": duplicates,
+              "growth": growth}
+    wanted = sys.argv[1:] or list(suites)
+    if unknown := set(wanted) - set(suites):
+        sys.exit(f"{' '.join(sorted(unknown))}: choose from {' '.join(suites)}")
+    make_files()
+    os.chdir(DATA)
+    print("| command, peer | CPU | wall | peer's CPU | wall | times | at most | memory |\n|---|---|---|---|---|---|---|---|")
+    for name in wanted:
+        suites[name]()
+    for output in ("ours.out", "peer.out", "peer2.out"):
+        (DATA / output).unlink(missing_ok=True)
+
+
+main()
