@@ -10,6 +10,7 @@ FrmSortParameters::FrmSortParameters(WindowHost& host, Workbench& workbench)
 void FrmSortParameters::Show(HWND owner) {
   ShowModeless(owner);
   logic_.Capture(*this);
+  FocusOn(TxtSortFrom);  // selects what has just been put there
 }
 
 void FrmSortParameters::OnInit() {

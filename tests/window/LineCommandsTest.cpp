@@ -350,7 +350,7 @@ TEST_F(SortWindowTest, CapturesAgainWhenTheDocumentOrTheSelectionHasChanged) {
   window.Press(CmdSort);
   app.ExpectText(u"b\r\na\r\n9");
   ExpectRange(window, u"1", u"3", u"3");
-  app.ExpectStatus(u"文本或选择已改变，行数已更新，请再按“排序”");
+  app.ExpectStatus(u"状态    文本或选择已改变，行数已更新，请再按“排序”");
   window.Press(CmdSort);
   app.ExpectText(u"9\r\na\r\nb");
 
@@ -366,12 +366,14 @@ TEST_F(SortWindowTest, IsUsedWithTheKeyboard) {
   app.Start();
   app.Open(folder.Write(u"排序.txt", "c2\r\nb3\r\na1"));
   DialogDriver window = OpenSortWindow();
+  app.Type(u"1");  // over the 1 that is there
+  ExpectRange(window, u"1", u"3", u"3");
   for (const int control : {TxtSortFrom, TxtSortTo, OptString, OptShenXi, CmdSort}) {
     EXPECT_EQ(window.Focus(), control);
     app.Press("Tab");
   }
   EXPECT_EQ(window.Focus(), TxtSortFrom);
-  app.Type(u"2");  // over the 1, which was selected
+  app.Type(u"2");
   app.Press("Enter");
   app.ExpectText(u"c2\r\na1\r\nb3");
   app.Press("Esc");
