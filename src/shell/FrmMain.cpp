@@ -162,7 +162,10 @@ std::optional<LRESULT> FrmMain::OnStateMessage(UINT message, WPARAM wParam, LPAR
       TellControls(message, wParam, lParam);
       return std::nullopt;
     case WM_SETFOCUS:
-      SetFocus(editor_.box());
+      // Disabled, while a command works, the edit box would leave nobody with the focus.
+      if (IsWindowEnabled(editor_.box()) != FALSE) {
+        SetFocus(editor_.box());
+      }
       return 0;
     case WM_SETCURSOR:
       if (busy_.hasHourglass()) {

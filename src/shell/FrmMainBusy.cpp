@@ -29,8 +29,6 @@ void FrmMainBusy::ShowHourglass(bool show) {
 
 void FrmMainBusy::Lock() {
   focus_ = GetFocus();
-  // Without a focus the keys would be lost, and Esc among them.
-  SetFocus(mainWindow_);
   host_.loop.EnableAccelerators(false);
   EnableMenuBar(false);
   std::vector<HWND> windows = host_.loop.dialogs();
@@ -41,6 +39,8 @@ void FrmMainBusy::Lock() {
       disabled_.push_back(window);
     }
   }
+  // Without a focus the keys would be lost, and Esc among them. The edit box, disabled by now, does not take it away.
+  SetFocus(mainWindow_);
 }
 
 void FrmMainBusy::Unlock() {

@@ -93,16 +93,13 @@ std::string SlowLines() {
   return lines;
 }
 
-TEST_F(InterruptTest, ALineCommandShowsHowFarItHasComeAndCanBeStopped) {
+void StartToFilterRepeats(App& app) {
   const auto ask = [](std::u16string text, Answer defaultAnswer) {
     return Message{.text = std::move(text),
                    .buttons = Buttons::kYesNoCancel,
                    .icon = Icon::kQuestion,
                    .defaultAnswer = defaultAnswer};
   };
-  const std::string lines = SlowLines();
-  const auto document = folder.Write("slow.txt", lines);
-  app.Start(document.u16string());
   app.Menu("mnuFilterRepeatLine");
   app.ExpectBox(ask(u"是否用正则方式过滤，选【是】，则每行用正则表达式提取，提取串相同即认为是重复行", Answer::kNo))
       .Answer(Answer::kYes);
@@ -112,6 +109,24 @@ TEST_F(InterruptTest, ALineCommandShowsHowFarItHasComeAndCanBeStopped) {
   MessageBoxDriver(GetCurrentProcessId(), ask(u"[是]保留一条重复记录，[否]删除所有重复记录，[取消]退出", Answer::kYes),
                    [] {})
       .Answer(Answer::kYes);
+}
+
+TEST_F(InterruptTest, ALineCommandShowsHowFarItHasComeAndCanBeStopped) {
+  const std::string lines = SlowLines();
+  const auto document = folder.Write("slow.txt", lines);
+  app.Start(document.u16string());
+  const auto expectUntouched = [&] {
+    app.ExpectStatus(document.u16string());
+    app.ExpectCaption(u"Scrivanta " + document.u16string());
+    EXPECT_TRUE(app.Text() == std::u16string(lines.begin(), lines.end()));
+  };
+
+  StartToFilterRepeats(app);
+  WaitUntil("the command to work", [this] { return IsWindowEnabled(app.Editor().window()) == FALSE; });
+  app.Press("Esc");  // before there is an interrupt window
+  expectUntouched();
+
+  StartToFilterRepeats(app);
   DialogDriver interrupt = app.ExpectInterruptWindow();
   WaitUntil("the first status panel to show a percentage", [this] {
     const std::u16string status = app.Status();
@@ -119,9 +134,7 @@ TEST_F(InterruptTest, ALineCommandShowsHowFarItHasComeAndCanBeStopped) {
   });
   app.Press("Esc");
   interrupt.WaitUntilGone();
-  app.ExpectStatus(document.u16string());
-  app.ExpectCaption(u"Scrivanta " + document.u16string());
-  EXPECT_TRUE(app.Text() == std::u16string(lines.begin(), lines.end()));
+  expectUntouched();
 }
 
 }  // namespace
