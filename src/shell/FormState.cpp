@@ -56,8 +56,8 @@ std::optional<std::u16string> ValueOf(const FormControl& control) {
 }
 
 // Takes the kept value over; false when there is none.
-bool TakeValue(FormControl& control, const std::optional<std::u16string>& value) {
-  if (!value) {
+bool TakeValue(FormControl& control, const std::u16string* value) {
+  if (value == nullptr) {
     return false;
   }
   if (control.typeName == u"OptionButton" || control.typeName == u"CheckBox") {
@@ -82,28 +82,35 @@ std::u16string FormListKey(std::u16string_view form, std::u16string_view control
 
 void SaveForm(const Form& form, Settings& settings, Store store) {
   const std::u16string name = form.Name();
+  SettingEntries entries;
   for (const FormControl& control : form.Controls()) {
     if (const auto value = ValueOf(control)) {
-      settings.Save(FormKey(name, control.name, control.index), *value, store);
+      entries[FormKey(name, control.name, control.index)] = *value;
     }
     if (control.typeName == u"ComboBox") {
-      settings.Save(FormListKey(name, control.name, control.index), Joined(control.items), store);
+      entries[FormListKey(name, control.name, control.index)] = Joined(control.items);
     }
   }
   const FormPlacement placement = form.Placement();
-  settings.Save(FormKey(name, u"Left"), NumberText(placement.left), store);
-  settings.Save(FormKey(name, u"Top"), NumberText(placement.top), store);
-  settings.Save(FormKey(name, u"Width"), NumberText(placement.width), store);
-  settings.Save(FormKey(name, u"Height"), NumberText(placement.height), store);
-  settings.Save(FormKey(name, u"State"), placement.maximized ? kMaximized : kWindow, store);
+  entries[FormKey(name, u"Left")] = NumberText(placement.left);
+  entries[FormKey(name, u"Top")] = NumberText(placement.top);
+  entries[FormKey(name, u"Width")] = NumberText(placement.width);
+  entries[FormKey(name, u"Height")] = NumberText(placement.height);
+  entries[FormKey(name, u"State")] = placement.maximized ? kMaximized : kWindow;
+  settings.SaveAll(entries, store);
 }
 
 void RestoreForm(Form& form, const Settings& settings, Store store) {
   const std::u16string name = form.Name();
+  const SettingEntries entries = settings.Entries(store);
+  const auto find = [&entries](const std::u16string& key) {
+    const auto entry = entries.find(key);
+    return entry == entries.end() ? nullptr : &entry->second;
+  };
   for (FormControl& control : form.Controls()) {
-    bool kept = TakeValue(control, settings.Find(FormKey(name, control.name, control.index), store));
+    bool kept = TakeValue(control, find(FormKey(name, control.name, control.index)));
     if (control.typeName == u"ComboBox") {
-      if (const auto list = settings.Find(FormListKey(name, control.name, control.index), store)) {
+      if (const auto* list = find(FormListKey(name, control.name, control.index))) {
         control.items = Split(*list);
         kept = true;
       }
@@ -114,7 +121,7 @@ void RestoreForm(Form& form, const Settings& settings, Store store) {
   }
   FormPlacement placement = form.Placement();
   const auto take = [&](std::u16string_view key, int& number) {
-    if (const auto value = settings.Find(FormKey(name, key), store)) {
+    if (const auto* value = find(FormKey(name, key))) {
       number = static_cast<int>(std::clamp<long long>(LeadingWholeNumber(*value), -1'000'000, 1'000'000));
     }
   };
@@ -122,7 +129,7 @@ void RestoreForm(Form& form, const Settings& settings, Store store) {
   take(u"Top", placement.top);
   take(u"Width", placement.width);
   take(u"Height", placement.height);
-  if (const auto state = settings.Find(FormKey(name, u"State"), store)) {
+  if (const auto* state = find(FormKey(name, u"State"))) {
     placement.maximized = *state == kMaximized;
   }
   form.SetPlacement(placement);

@@ -73,14 +73,29 @@ std::optional<std::u16string> IniFile::Read(std::u16string_view section, std::u1
   return IniText(DecodeAsItStands(ReadBytes()).text).Find(section, key);
 }
 
+SettingEntries IniFile::ReadAll(std::u16string_view section) const {
+  const InterprocessLock lock(kLockName);
+  return IniText(DecodeAsItStands(ReadBytes()).text).Entries(section);
+}
+
 void IniFile::Write(std::u16string_view section, std::u16string_view key, std::u16string_view value) {
+  WriteAll(section, {{std::u16string(key), std::u16string(value)}});
+}
+
+void IniFile::WriteAll(std::u16string_view section, const SettingEntries& entries) {
   const InterprocessLock lock(kLockName);
   DecodedDocument file = DecodeAsItStands(ReadBytes());
   IniText text(std::move(file.text));
-  if (text.Find(section, key) == value) {
+  bool changed = false;
+  for (const auto& [key, value] : entries) {
+    if (text.Find(section, key) != value) {
+      text.Set(section, key, value);
+      changed = true;
+    }
+  }
+  if (!changed) {
     return;
   }
-  text.Set(section, key, value);
   std::error_code cannotBeMade;  // which writing reports
   std::filesystem::create_directories(path_.parent_path(), cannotBeMade);
   ReplaceFileContent(path_, Encoded(text.text(), file.format));

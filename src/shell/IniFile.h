@@ -6,6 +6,8 @@
 #include <string>
 #include <string_view>
 
+#include "shell/Settings.h"
+
 namespace scrivanta {
 
 class IniFile {
@@ -23,9 +25,13 @@ class IniFile {
 
   // Nothing when the entry is absent. Throws FileError.
   std::optional<std::u16string> Read(std::u16string_view section, std::u16string_view key) const;
+  // All entries of the section. Throws FileError.
+  SettingEntries ReadAll(std::u16string_view section) const;
   // Replaces the file in one step, unless it holds the value already; it keeps its encoding, and a new one is in GBK.
   // Instances that write at the same time wait for each other. Throws FileError.
   void Write(std::u16string_view section, std::u16string_view key, std::u16string_view value);
+  // As Write, for many entries at once.
+  void WriteAll(std::u16string_view section, const SettingEntries& entries);
 
  private:
   std::string ReadBytes() const;

@@ -115,6 +115,24 @@ std::optional<std::u16string_view> ValueOfEntry(std::u16string_view line, std::u
   return WithoutBlanksBefore(rest.substr(1));
 }
 
+std::u16string_view WithoutBlanksAround(std::u16string_view text) {
+  text = WithoutBlanksBefore(text);
+  return text.substr(0, text.find_last_not_of(u' ') + 1);
+}
+
+// Where a line of the text stands, and where the next one begins.
+struct LinePlace {
+  std::size_t begin;
+  std::size_t end;  // without the line end
+  std::size_t next;
+};
+
+LinePlace LineAt(std::u16string_view text, std::size_t begin) {
+  const std::size_t end = std::min(text.find_first_of(u"\r\n", begin), text.size());
+  const std::size_t lineEnd = text.substr(end).starts_with(u"\r\n") ? 2 : end < text.size() ? 1 : 0;
+  return {begin, end, end + lineEnd};
+}
+
 bool IsBlankOrComment(std::u16string_view line) {
   const std::size_t first = line.find_first_not_of(u" \t");
   return first == std::u16string_view::npos || line[first] == u';' || line[first] == u'#';
@@ -150,9 +168,9 @@ IniText::Place IniText::Locate(std::u16string_view section, std::u16string_view 
   Place place;
   bool inside = false;
   bool insertHere = false;
-  for (std::size_t begin = 0; begin < text.size();) {
-    const std::size_t end = std::min(text.find_first_of(u"\r\n", begin), text.size());
-    const std::size_t next = end + (text.substr(end).starts_with(u"\r\n") ? 2 : end < text.size() ? 1 : 0);
+  for (std::size_t nextLine = 0; nextLine < text.size();) {
+    const auto [begin, end, next] = LineAt(text, nextLine);
+    nextLine = next;
     const std::u16string_view line = text.substr(begin, end - begin);
     if (const auto header = SectionOfHeader(line)) {
       inside = *header == escapedSection;
@@ -176,7 +194,6 @@ IniText::Place IniText::Locate(std::u16string_view section, std::u16string_view 
         place.insertAt = next;
       }
     }
-    begin = next;
   }
   return place;
 }
@@ -187,6 +204,28 @@ std::optional<std::u16string> IniText::Find(std::u16string_view section, std::u1
     return std::nullopt;
   }
   return Unescape(std::u16string_view(text_).substr(place.valueBegin, place.valueEnd - place.valueBegin));
+}
+
+SettingEntries IniText::Entries(std::u16string_view section) const {
+  const std::u16string escapedSection = EscapeSection(section);
+  const std::u16string_view text = text_;
+  SettingEntries entries;
+  bool inside = false;
+  for (std::size_t nextLine = 0; nextLine < text.size();) {
+    const auto [begin, end, next] = LineAt(text, nextLine);
+    nextLine = next;
+    const std::u16string_view line = text.substr(begin, end - begin);
+    if (const auto header = SectionOfHeader(line)) {
+      inside = *header == escapedSection;
+      continue;
+    }
+    const std::size_t equals = line.find(u'=');
+    if (inside && equals != std::u16string_view::npos) {
+      entries.emplace(Unescape(WithoutBlanksAround(line.substr(0, equals))),
+                      Unescape(WithoutBlanksBefore(line.substr(equals + 1))));
+    }
+  }
+  return entries;
 }
 
 void IniText::Set(std::u16string_view section, std::u16string_view key, std::u16string_view value) {

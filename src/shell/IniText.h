@@ -14,6 +14,8 @@
 #include <string>
 #include <string_view>
 
+#include "shell/Settings.h"
+
 namespace scrivanta {
 
 class IniText {
@@ -22,6 +24,8 @@ class IniText {
 
   // Of entries with the same key the first counts.
   std::optional<std::u16string> Find(std::u16string_view section, std::u16string_view key) const;
+  // All entries of the section, read in one pass.
+  SettingEntries Entries(std::u16string_view section) const;
   // A new entry goes behind the last one of its section, a new section to the end.
   void Set(std::u16string_view section, std::u16string_view key, std::u16string_view value);
 

@@ -29,4 +29,12 @@ void PortableStore::Write(std::u16string_view section, std::u16string_view key, 
   iniFile_.Write(SectionOf(section), key, value);
 }
 
+SettingEntries PortableStore::ReadAll(std::u16string_view section) const {
+  return iniFile_.ReadAll(SectionOf(section));
+}
+
+void PortableStore::WriteAll(std::u16string_view section, const SettingEntries& entries) {
+  iniFile_.WriteAll(SectionOf(section), entries);
+}
+
 }  // namespace scrivanta

@@ -18,6 +18,8 @@ class PortableStore final : public RegistryStore {
   // Throw FileError.
   std::optional<std::u16string> Read(std::u16string_view section, std::u16string_view key) const override;
   void Write(std::u16string_view section, std::u16string_view key, std::u16string_view value) override;
+  SettingEntries ReadAll(std::u16string_view section) const override;
+  void WriteAll(std::u16string_view section, const SettingEntries& entries) override;
 
  private:
   IniFile iniFile_;

@@ -6,6 +6,8 @@
 #include <string>
 #include <string_view>
 
+#include "shell/Settings.h"
+
 namespace scrivanta {
 
 class RegistryStore {
@@ -19,6 +21,14 @@ class RegistryStore {
   virtual std::optional<std::u16string> Read(std::u16string_view section, std::u16string_view key) const = 0;
   // Throws std::system_error when it cannot be stored.
   virtual void Write(std::u16string_view section, std::u16string_view key, std::u16string_view value) = 0;
+  // All values of the section.
+  virtual SettingEntries ReadAll(std::u16string_view section) const = 0;
+  // As Write for each of them.
+  virtual void WriteAll(std::u16string_view section, const SettingEntries& entries) {
+    for (const auto& [key, value] : entries) {
+      Write(section, key, value);
+    }
+  }
 };
 
 }  // namespace scrivanta

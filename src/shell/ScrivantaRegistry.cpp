@@ -15,4 +15,15 @@ void ScrivantaRegistry::Write(std::u16string_view section, std::u16string_view k
   WriteRegistryText(root_ + std::u16string(section), std::u16string(key), std::u16string(value));
 }
 
+SettingEntries ScrivantaRegistry::ReadAll(std::u16string_view section) const {
+  const std::u16string key = root_ + std::u16string(section);
+  SettingEntries entries;
+  for (const std::u16string& name : RegistryValueNames(key)) {
+    if (const std::optional<std::u16string> value = ReadRegistryText(key, name)) {
+      entries.emplace(name, *value);
+    }
+  }
+  return entries;
+}
+
 }  // namespace scrivanta

@@ -1,6 +1,7 @@
 // What is kept between runs: the registry-backed store and the ini file behind one interface.
 #pragma once
 
+#include <map>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -11,6 +12,9 @@ inline constexpr std::u16string_view kFormSection = u"FormSaveSetting";
 inline constexpr std::u16string_view kWindowSection = u"Settings";
 
 enum class Store { kRegistry, kIniFile };
+
+// The values of one section by their keys.
+using SettingEntries = std::map<std::u16string, std::u16string>;
 
 class Settings {
  public:
@@ -23,9 +27,14 @@ class Settings {
   // cannot be written.
   virtual void Save(std::u16string_view key, std::u16string_view value, Store store = Store::kRegistry,
                     std::u16string_view section = kFormSection) = 0;
+  // The same for many entries of one section; a store that is a file is read and replaced only once.
+  virtual void SaveAll(const SettingEntries& entries, Store store = Store::kRegistry,
+                       std::u16string_view section = kFormSection) = 0;
   // Nothing when the key is absent.
   virtual std::optional<std::u16string> Find(std::u16string_view key, Store store = Store::kRegistry,
                                              std::u16string_view section = kFormSection) const = 0;
+  // All entries of a section, read in one pass: for lists of many entries, and for forms.
+  virtual SettingEntries Entries(Store store = Store::kRegistry, std::u16string_view section = kFormSection) const = 0;
   // The empty text when the key is absent.
   std::u16string Get(std::u16string_view key, Store store = Store::kRegistry,
                      std::u16string_view section = kFormSection) const {

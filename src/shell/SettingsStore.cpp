@@ -22,19 +22,35 @@ std::u16string_view OrDefault(std::u16string_view section) {
 }  // namespace
 
 void SettingsStore::Save(std::u16string_view key, std::u16string_view value, Store store, std::u16string_view section) {
-  const std::u16string stored = Replaced(value, kLineBreak, kLineBreakMark);
+  SaveAll({{std::u16string(key), std::u16string(value)}}, store, section);
+}
+
+void SettingsStore::SaveAll(const SettingEntries& entries, Store store, std::u16string_view section) {
+  SettingEntries stored;
+  for (const auto& [key, value] : entries) {
+    stored.emplace(key, Replaced(value, kLineBreak, kLineBreakMark));
+  }
   if (store == Store::kIniFile) {
-    iniFile_.Write(OrDefault(section), key, stored);
+    iniFile_.WriteAll(OrDefault(section), stored);
   } else {
-    registry_.Write(OrDefault(section), key, stored);
+    registry_.WriteAll(OrDefault(section), stored);
   }
 }
 
 std::optional<std::u16string> SettingsStore::Find(std::u16string_view key, Store store,
                                                   std::u16string_view section) const {
-  std::optional<std::u16string> stored =
+  const std::optional<std::u16string> stored =
       store == Store::kIniFile ? iniFile_.Read(OrDefault(section), key) : registry_.Read(OrDefault(section), key);
   return stored ? std::optional(Replaced(*stored, kLineBreakMark, kLineBreak)) : std::nullopt;
+}
+
+SettingEntries SettingsStore::Entries(Store store, std::u16string_view section) const {
+  SettingEntries entries =
+      store == Store::kIniFile ? iniFile_.ReadAll(OrDefault(section)) : registry_.ReadAll(OrDefault(section));
+  for (auto& [key, value] : entries) {
+    value = Replaced(value, kLineBreakMark, kLineBreak);
+  }
+  return entries;
 }
 
 }  // namespace scrivanta

@@ -15,8 +15,11 @@ class SettingsStore final : public Settings {
   // Throws FileError or std::system_error.
   void Save(std::u16string_view key, std::u16string_view value, Store store = Store::kRegistry,
             std::u16string_view section = kFormSection) override;
+  void SaveAll(const SettingEntries& entries, Store store = Store::kRegistry,
+               std::u16string_view section = kFormSection) override;
   std::optional<std::u16string> Find(std::u16string_view key, Store store = Store::kRegistry,
                                      std::u16string_view section = kFormSection) const override;
+  SettingEntries Entries(Store store = Store::kRegistry, std::u16string_view section = kFormSection) const override;
 
   const IniFile& iniFile() const noexcept { return iniFile_; }
 

@@ -158,6 +158,22 @@ void MapSettings::Save(std::u16string_view key, std::u16string_view value, Store
   values[{store, std::u16string(section), std::u16string(key)}] = value;
 }
 
+void MapSettings::SaveAll(const SettingEntries& entries, Store store, std::u16string_view section) {
+  for (const auto& [key, value] : entries) {
+    Save(key, value, store, section);
+  }
+}
+
+SettingEntries MapSettings::Entries(Store store, std::u16string_view section) const {
+  SettingEntries entries;
+  for (const auto& [place, value] : values) {
+    if (std::get<0>(place) == store && std::get<1>(place) == section) {
+      entries.emplace(std::get<2>(place), value);
+    }
+  }
+  return entries;
+}
+
 std::optional<std::u16string> MapSettings::Find(std::u16string_view key, Store store,
                                                 std::u16string_view section) const {
   const auto found = values.find({store, std::u16string(section), std::u16string(key)});

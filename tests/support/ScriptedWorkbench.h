@@ -86,7 +86,9 @@ class MapSettings final : public Settings {
   using Key = std::tuple<Store, std::u16string, std::u16string>;  // store, section, key
 
   void Save(std::u16string_view key, std::u16string_view value, Store store, std::u16string_view section) override;
+  void SaveAll(const SettingEntries& entries, Store store, std::u16string_view section) override;
   std::optional<std::u16string> Find(std::u16string_view key, Store store, std::u16string_view section) const override;
+  SettingEntries Entries(Store store, std::u16string_view section) const override;
 
   std::map<Key, std::u16string> values;
 };

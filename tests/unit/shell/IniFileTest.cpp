@@ -20,6 +20,15 @@ class MapRegistry final : public RegistryStore {
   void Write(std::u16string_view section, std::u16string_view key, std::u16string_view value) override {
     values[{std::u16string(section), std::u16string(key)}] = value;
   }
+  SettingEntries ReadAll(std::u16string_view section) const override {
+    SettingEntries entries;
+    for (const auto& [name, value] : values) {
+      if (name.first == section) {
+        entries.emplace(name.second, value);
+      }
+    }
+    return entries;
+  }
 
   std::map<std::pair<std::u16string, std::u16string>, std::u16string> values;
 };
@@ -93,6 +102,16 @@ TEST(IniFile, WritersDoNotLoseEachOthersKeys) {
   }
 }
 
+TEST(IniFile, ReadsAndWritesASectionAtOnce) {
+  const testing::TemporaryFolder folder;
+  const std::filesystem::path path = folder.Put("a.ini", "[s]\n; c = d\na=1\n[t]\na=2\n[s]\n b = x = y \nb = never\n");
+  IniFile ini(path);
+  EXPECT_EQ(ini.ReadAll(u"s"), (SettingEntries{{u"; c", u"d"}, {u"a", u"1"}, {u"b", u"x = y "}}));
+  EXPECT_EQ(ini.ReadAll(u"absent"), SettingEntries());
+  ini.WriteAll(u"s", {{u"a", u"1"}, {u"b", u"3"}, {u"e", u"\u4E2D"}});
+  EXPECT_EQ(ReadWholeFile(path), "[s]\n; c = d\na=1\ne = \xD6\xD0\n[t]\na=2\n[s]\n b = 3\nb = never\n");
+}
+
 TEST(IniFile, GoesToTheUsersFolderWhereTheProgramsMayNotBeWritten) {
   const testing::TemporaryFolder folder;
   const std::filesystem::path program = folder.path() / "program";
@@ -128,6 +147,7 @@ TEST(SettingsStore, EncodesLineBreaksAndKnowsTheDefaultSection) {
     EXPECT_EQ(settings.Get(u"NeedWordS$", store, u"FormSaveSetting"), u"one\r\ntwo\r\n");
     EXPECT_EQ(settings.Get(u"lone", store, u"Other.*"), u"\n a\r");
     EXPECT_FALSE(settings.Find(u"lone", store));
+    EXPECT_EQ(settings.Entries(store), (SettingEntries{{u"NeedWordS$", u"one\r\ntwo\r\n"}}));
   }
   const std::u16string stored = registry.values[{u"FormSaveSetting", u"NeedWordS$"}];
   EXPECT_EQ(stored, u"one<#@#>two<#@#>");

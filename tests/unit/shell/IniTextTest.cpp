@@ -117,6 +117,11 @@ TEST(IniText, KeepsRandomEntriesApart) {
         ASSERT_EQ(ini.Find(name.first, name.second), kept);
       }
     }
+    for (const auto& [name, kept] : model) {
+      const SettingEntries entries = ini.Entries(name.first);
+      ASSERT_TRUE(entries.contains(name.second));
+      ASSERT_EQ(entries.at(name.second), kept);
+    }
   }
 }
 
