@@ -1,4 +1,7 @@
 #include <memory>
+#include <span>
+#include <string>
+#include <string_view>
 
 #include <CLI/CLI.hpp>
 #include <nlohmann/json.hpp>
@@ -16,17 +19,72 @@ namespace scrivanta {
 
 namespace {
 
+constexpr std::size_t kBlockSize = 256 * 1024;  // bytes
+
 std::u16string FromArgument(const std::string& argument) {
   return Decode(Encoding::kUtf8, argument);
 }
 
+// Decoded block by block, so that the bytes of the input need no memory of their own. A block ends behind a line feed,
+// which is never part of another character.
 std::u16string ReadText(BatchContext& context) {
-  return Decode(context.encoding, ReadAll(context.input, context.progress));
+  const std::uint64_t total = context.input.Size().value_or(0);
+  std::u16string text;
+  text.reserve(static_cast<std::size_t>(total));
+  std::string bytes;  // not yet decoded
+  std::uint64_t read = 0;
+  for (;;) {
+    const std::size_t kept = bytes.size();
+    bytes.resize(kept + kBlockSize);
+    const std::size_t count = context.input.Read(std::span(bytes).subspan(kept));
+    bytes.resize(kept + count);
+    const std::size_t lineFeed = std::string_view(bytes).substr(kept).rfind('\n');
+    const std::size_t whole = count == 0 ? bytes.size() : lineFeed == std::string::npos ? 0 : kept + lineFeed + 1;
+    DecodeAppend(context.encoding, std::string_view(bytes).substr(0, whole), text);
+    bytes.erase(0, whole);
+    if (count == 0) {
+      return text;
+    }
+    read += count;
+    context.progress.Report(read, total);
+  }
 }
 
 void WriteText(BatchContext& context, std::u16string_view text) {
   context.output.Write(Encode(context.encoding, text));
 }
+
+// Writes results of an extraction, a line break between them, as they come.
+class ResultWriter {
+ public:
+  explicit ResultWriter(BatchContext& context) : context_(context) {}
+
+  void Add(std::u16string_view result) {
+    if (any_) {
+      text_ += u"\r\n";
+    }
+    any_ = true;
+    text_ += result;
+    if (text_.size() > kUnitsPerWrite) {
+      Flush();
+    }
+  }
+  void Flush() {
+    bytes_.clear();
+    EncodeAppend(context_.encoding, text_, bytes_);
+    context_.output.Write(bytes_);
+    text_.clear();
+  }
+  bool any() const noexcept { return any_; }
+
+ private:
+  static constexpr std::size_t kUnitsPerWrite = 16 * 1024;
+
+  BatchContext& context_;
+  std::u16string text_;
+  std::string bytes_;
+  bool any_ = false;
+};
 
 // A JSON string in UTF-8. Half of a pair, or a byte that is no text, becomes an escape, which is the one way to write
 // it.
@@ -132,10 +190,11 @@ BatchWork ConfigureExtract(CLI::App& parser) {
                                        .repeat = arguments->repeat,
                                        .groupList = FromArgument(arguments->groups),
                                        .groupSeparator = FromArgument(arguments->separator)};
-    const auto results = ExtractFromText(BuiltInRegExpEngine(), ReadText(context), FromArgument(arguments->pattern),
-                                         options, context.progress);
-    WriteText(context, JoinResults(results));
-    return results.empty() ? ExitStatus::kNothingFound : ExitStatus::kDone;
+    RegExpExtractor extractor(BuiltInRegExpEngine(), FromArgument(arguments->pattern), options, context.progress);
+    ResultWriter writer(context);
+    extractor.VisitResults(ReadText(context), [&writer](std::u16string_view result) { writer.Add(result); });
+    writer.Flush();
+    return writer.any() ? ExitStatus::kDone : ExitStatus::kNothingFound;
   };
 }
 

@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "regexp/Markers.h"
+#include "regexp/SourceText.h"
 #include "text/ExplainedError.h"
 
 namespace scrivanta {
@@ -90,6 +91,16 @@ std::size_t MultiReplace::Apply(std::u16string& text, Progress& progress) const 
   }
   text = std::move(result);
   return count;
+}
+
+std::u16string MultiReplaceInFile(std::u16string_view source, std::u16string_view findList,
+                                  std::u16string_view replaceList, bool ignoreCase, Progress& progress) {
+  const MultiReplace replace(findList, replaceList, ignoreCase);
+  const SourceText input(source);
+  std::u16string text = input.text();
+  replace.Apply(text, progress);
+  input.Write(text);
+  return text;
 }
 
 void MultiReplaceInList(std::vector<std::u16string>& lines, std::u16string_view findList,

@@ -37,6 +37,11 @@ class MultiReplace {
   std::vector<Item> items_;
 };
 
+// Replaces in a file, or in the text itself when it names none, and returns the result. A file is replaced in one step
+// and keeps its encoding and line ends. Throws as above, and FileError.
+std::u16string MultiReplaceInFile(std::u16string_view source, std::u16string_view findList,
+                                  std::u16string_view replaceList, bool ignoreCase, Progress& progress);
+
 // Replaces in every line; count grows by the number of places. Throws as above; the lines are then as they were.
 void MultiReplaceInList(std::vector<std::u16string>& lines, std::u16string_view findList,
                         std::u16string_view replaceList, bool ignoreCase, std::size_t& count, Progress& progress);

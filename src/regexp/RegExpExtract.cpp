@@ -38,35 +38,44 @@ RegExpExtractor::RegExpExtractor(const RegExpEngine& engine, std::u16string_view
 }
 
 std::vector<std::u16string> RegExpExtractor::Extract(std::u16string_view text) {
-  std::vector<std::u16string> results = ExtractOnce(text);
-  if (repeat_) {
-    for (std::u16string& result : results) {
-      result = ExtractUntilNothingChanges(std::move(result));
-    }
-  }
+  std::vector<std::u16string> results;
+  VisitResults(text, [&results](std::u16string_view result) { results.emplace_back(result); });
   return results;
 }
 
-std::vector<std::u16string> RegExpExtractor::ExtractOnce(std::u16string_view text) {
+void RegExpExtractor::VisitResults(std::u16string_view text, const ExtractVisitor& visit) {
+  if (!repeat_) {
+    VisitOnce(text, visit);
+    return;
+  }
+  // The pattern serves one search at a time, so the results are listed before they are searched.
   std::vector<std::u16string> results;
+  VisitOnce(text, [&results](std::u16string_view result) { results.emplace_back(result); });
+  for (const std::u16string& result : results) {
+    visit(ExtractUntilNothingChanges(result));
+  }
+}
+
+void RegExpExtractor::VisitOnce(std::u16string_view text, const ExtractVisitor& visit) {
   regExp_->Scan(
       text, 0,
       [&](const RegExpMatch& match) {
-        std::u16string result = ResultOf(match);
+        const std::u16string_view result = ResultOf(match);
         if (!result.empty()) {
-          results.push_back(std::move(result));
+          visit(result);
         }
         return true;
       },
       progress_);
-  return results;
 }
 
-std::u16string RegExpExtractor::ExtractUntilNothingChanges(std::u16string text) {
+std::u16string RegExpExtractor::ExtractUntilNothingChanges(std::u16string_view result) {
   // Every round that changes the text takes something away from it or breaks it up, so there are not more rounds than
   // characters.
+  std::u16string text(result);
   for (std::size_t rounds = text.size(); rounds > 0 && text.size() > 1; --rounds) {
-    std::u16string next = JoinResults(ExtractOnce(text));
+    std::u16string next;
+    VisitOnce(text, [&next](std::u16string_view part) { AppendResult(next, part); });
     if (next.empty() || next == text) {
       break;
     }
@@ -75,30 +84,52 @@ std::u16string RegExpExtractor::ExtractUntilNothingChanges(std::u16string text) 
   return text;
 }
 
-std::u16string RegExpExtractor::ResultOf(const RegExpMatch& match) const {
+std::u16string_view RegExpExtractor::ResultOf(const RegExpMatch& match) {
   std::u16string_view value = match.value;
   if (!keepsCarriageReturn_ && value.ends_with(u'\r')) {
     value.remove_suffix(1);
   }
   if (groups_.empty() || value.empty()) {
-    return std::u16string(value);
+    return value;
   }
-  std::u16string result;
+  joinedGroups_.clear();
   for (std::size_t i = 0; i < groups_.size(); ++i) {
     if (i > 0) {
-      result += separator_;
+      joinedGroups_ += separator_;
     }
     if (groups_[i] > 0 && groups_[i] <= match.groups.size()) {
-      result += match.groups[groups_[i] - 1].value_or(u"");
+      joinedGroups_ += match.groups[groups_[i] - 1].value_or(u"");
     }
   }
-  return result;
+  return joinedGroups_;
+}
+
+void AppendResult(std::u16string& joined, std::u16string_view result) {
+  if (!joined.empty()) {
+    joined += u"\r\n";
+  }
+  joined += result;
 }
 
 std::vector<std::u16string> ExtractFromText(const RegExpEngine& engine, std::u16string_view text,
                                             std::u16string_view pattern, const RegExpExtractOptions& options,
                                             Progress& progress) {
   return RegExpExtractor(engine, pattern, options, progress).Extract(text);
+}
+
+std::u16string RegExpExtract(const RegExpEngine& engine, std::u16string_view source, std::u16string_view pattern,
+                             const RegExpExtractOptions& options, WriteBack writeBack, Progress& progress,
+                             std::vector<std::u16string>* matches) {
+  const SourceText input(source);
+  std::vector<std::u16string> results = ExtractFromText(engine, input.text(), pattern, options, progress);
+  std::u16string joined = JoinResults(results);
+  if (writeBack == WriteBack::kYes && !joined.empty()) {
+    input.Write(joined);
+  }
+  if (matches != nullptr) {
+    *matches = std::move(results);
+  }
+  return joined;
 }
 
 std::u16string JoinResults(const std::vector<std::u16string>& results) {
@@ -109,10 +140,7 @@ std::u16string JoinResults(const std::vector<std::u16string>& results) {
   std::u16string joined;
   joined.reserve(size);
   for (const std::u16string& result : results) {
-    if (&result != &results.front()) {
-      joined += u"\r\n";
-    }
-    joined += result;
+    AppendResult(joined, result);
   }
   return joined;
 }

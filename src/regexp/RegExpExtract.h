@@ -1,12 +1,14 @@
 // The text of all matches of a pattern.
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "regexp/RegExp.h"
+#include "regexp/SourceText.h"
 
 namespace scrivanta {
 
@@ -22,6 +24,9 @@ struct RegExpExtractOptions {
   std::u16string groupSeparator = {};
 };
 
+// Takes a result, which it sees only while it is called.
+using ExtractVisitor = std::function<void(std::u16string_view)>;
+
 // A pattern made ready for the extraction from many texts.
 class RegExpExtractor {
  public:
@@ -31,16 +36,19 @@ class RegExpExtractor {
 
   // As ExtractFromText.
   std::vector<std::u16string> Extract(std::u16string_view text);
+  // The same, without a list of results that may be longer than the text.
+  void VisitResults(std::u16string_view text, const ExtractVisitor& visit);
 
  private:
-  std::vector<std::u16string> ExtractOnce(std::u16string_view text);
-  std::u16string ExtractUntilNothingChanges(std::u16string text);
-  std::u16string ResultOf(const RegExpMatch& match) const;
+  void VisitOnce(std::u16string_view text, const ExtractVisitor& visit);
+  std::u16string ExtractUntilNothingChanges(std::u16string_view result);
+  std::u16string_view ResultOf(const RegExpMatch& match);
 
   bool keepsCarriageReturn_;
   bool repeat_;
   std::vector<std::size_t> groups_;
   std::u16string separator_;
+  std::u16string joinedGroups_;
   Progress& progress_;
   std::unique_ptr<RegExp> regExp_;
 };
@@ -51,6 +59,14 @@ class RegExpExtractor {
 std::vector<std::u16string> ExtractFromText(const RegExpEngine& engine, std::u16string_view text,
                                             std::u16string_view pattern, const RegExpExtractOptions& options,
                                             Progress& progress);
+
+// Puts a result behind others, a line break (CR LF) between them. No result is empty.
+void AppendResult(std::u16string& joined, std::u16string_view result);
+// Extracts from a text, or from the file that it names, and gives the results as one text. Matches receives them one by
+// one. With kYes a result that is not empty is written over the file. Throws as ExtractFromText, and FileError.
+std::u16string RegExpExtract(const RegExpEngine& engine, std::u16string_view source, std::u16string_view pattern,
+                             const RegExpExtractOptions& options, WriteBack writeBack, Progress& progress,
+                             std::vector<std::u16string>* matches = nullptr);
 
 // The results as one text, separated by line breaks (CR LF).
 std::u16string JoinResults(const std::vector<std::u16string>& results);

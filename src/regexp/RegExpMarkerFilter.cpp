@@ -3,6 +3,7 @@
 #include "regexp/Markers.h"
 #include "regexp/RegExpExtract.h"
 #include "regexp/RegExpReplace.h"
+#include "regexp/SourceText.h"
 
 namespace scrivanta {
 
@@ -41,6 +42,11 @@ std::u16string MarkerFilterText(const RegExpEngine& engine, std::u16string_view 
     result += kLineBreak;
   }
   return result;
+}
+
+std::u16string RegExpMarkerFilter(const RegExpEngine& engine, std::u16string_view source, std::u16string_view patterns,
+                                  MarkerFilterMode mode, bool ignoreCase, Progress& progress) {
+  return MarkerFilterText(engine, SourceText(source).text(), patterns, mode, ignoreCase, progress);
 }
 
 }  // namespace scrivanta

@@ -1,5 +1,7 @@
 #include "regexp/RegExpReplace.h"
 
+#include <utility>
+
 #include "regexp/LineBreakEscape.h"
 #include "regexp/RegExpReplacer.h"
 #include "text/ExplainedError.h"
@@ -45,7 +47,19 @@ std::u16string ReplaceInText(const RegExpEngine& engine, std::u16string_view tex
     *count = replaced;
   }
   const bool keepsLineFeeds = options.keepsLineFeeds || EndsWithLineBreakEscape(pattern);
-  return keepsLineFeeds ? result : WithFullLineBreaks(result);
+  return keepsLineFeeds ? result : WithFullLineBreaks(std::move(result));
+}
+
+std::u16string RegExpReplace(const RegExpEngine& engine, std::u16string_view source, std::u16string_view pattern,
+                             std::u16string_view replacement, RegExpReplaceOptions options, WriteBack writeBack,
+                             Progress& progress) {
+  const SourceText input(source);
+  options.keepsLineFeeds = options.keepsLineFeeds || input.keepsLineEnds();
+  std::u16string result = ReplaceInText(engine, input.text(), pattern, replacement, options, progress);
+  if (writeBack == WriteBack::kYes) {
+    input.Write(result);
+  }
+  return result;
 }
 
 }  // namespace scrivanta

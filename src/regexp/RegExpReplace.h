@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "regexp/RegExp.h"
+#include "regexp/SourceText.h"
 
 namespace scrivanta {
 
@@ -22,5 +23,11 @@ struct RegExpReplaceOptions {
 std::u16string ReplaceInText(const RegExpEngine& engine, std::u16string_view text, std::u16string_view pattern,
                              std::u16string_view replacement, RegExpReplaceOptions options, Progress& progress,
                              std::size_t* count = nullptr);
+
+// The same in a text, or in the file that it names; with kYes the result is written over the file. Throws FileError
+// too.
+std::u16string RegExpReplace(const RegExpEngine& engine, std::u16string_view source, std::u16string_view pattern,
+                             std::u16string_view replacement, RegExpReplaceOptions options, WriteBack writeBack,
+                             Progress& progress);
 
 }  // namespace scrivanta

@@ -1,5 +1,7 @@
 #include "regexp/RegExpReplacer.h"
 
+#include <utility>
+
 namespace scrivanta {
 
 namespace {
@@ -19,6 +21,15 @@ bool LooksGrouped(std::u16string_view pattern) {
   return false;
 }
 
+// One without a carriage return before it.
+std::size_t FindLoneLineFeed(std::u16string_view text, std::size_t from) {
+  std::size_t found = text.find(u'\n', from);
+  while (found != std::u16string_view::npos && found > 0 && text[found - 1] == u'\r') {
+    found = text.find(u'\n', found + 1);
+  }
+  return found;
+}
+
 // \1 and its like become $1; a replacement that has some also gets full line breaks, as every text replaced does.
 std::u16string WithDollarReferences(std::u16string_view replacement) {
   std::u16string rewritten(replacement);
@@ -29,7 +40,7 @@ std::u16string WithDollarReferences(std::u16string_view replacement) {
       changed = true;
     }
   }
-  return changed ? WithFullLineBreaks(rewritten) : rewritten;
+  return changed ? WithFullLineBreaks(std::move(rewritten)) : rewritten;
 }
 
 std::u16string WithGroup(std::u16string_view pattern, std::u16string_view replacement) {
@@ -47,22 +58,19 @@ RegExpReplacer::RegExpReplacer(const RegExpEngine& engine, std::u16string_view p
     : regExp_(engine.Compile(WithGroup(pattern, replacement), options)),
       template_(WithDollarReferences(replacement), regExp_->groupCount()) {}
 
-std::u16string WithFullLineBreaks(std::u16string_view text) {
-  std::u16string result;
-  result.reserve(text.size());
-  while (!text.empty()) {
-    const std::size_t lineFeed = text.find(u'\n');
-    if (lineFeed == std::u16string_view::npos) {
-      break;
-    }
-    std::u16string_view line = text.substr(0, lineFeed);
-    if (line.ends_with(u'\r')) {
-      line.remove_suffix(1);
-    }
-    result.append(line).append(u"\r\n");
-    text.remove_prefix(lineFeed + 1);
+std::u16string WithFullLineBreaks(std::u16string text) {
+  std::size_t lineFeed = FindLoneLineFeed(text, 0);
+  if (lineFeed == std::u16string::npos) {
+    return text;
   }
-  return result.append(text);
+  std::u16string result;
+  result.reserve(text.size() + text.size() / 16);
+  std::size_t copied = 0;  // of the text
+  for (; lineFeed != std::u16string::npos; lineFeed = FindLoneLineFeed(text, copied)) {
+    result.append(text, copied, lineFeed - copied).append(u"\r\n");
+    copied = lineFeed + 1;
+  }
+  return result.append(text, copied);
 }
 
 }  // namespace scrivanta

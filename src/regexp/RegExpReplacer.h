@@ -29,6 +29,6 @@ class RegExpReplacer {
 };
 
 // Every line feed, with the carriage return before it if there is one, becomes CR LF.
-std::u16string WithFullLineBreaks(std::u16string_view text);
+std::u16string WithFullLineBreaks(std::u16string text);
 
 }  // namespace scrivanta

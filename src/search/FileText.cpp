@@ -15,12 +15,9 @@ std::optional<FileText> ReadFileText(const std::filesystem::path& path) {
     file.text = RtfText(file.rtf).text();
     return file;
   }
-  DecodedDocument document = DecodeDocument(bytes);
+  DecodedDocument document = DecodeForChange(bytes);
   if (document.format.isBinary) {
     return std::nullopt;
-  }
-  if (document.format.lineEnds == DocumentLineEnds::kMixed) {
-    document = DecodeAsItStands(bytes);
   }
   file.text = std::move(document.text);
   file.format = document.format;

@@ -203,6 +203,14 @@ DecodedDocument DecodeDocument(std::string_view bytes) {
   return document;
 }
 
+DecodedDocument DecodeForChange(std::string_view bytes) {
+  DecodedDocument document = DecodeDocument(bytes);
+  if (document.format.lineEnds == DocumentLineEnds::kMixed && !document.format.isBinary) {
+    document.text = DecodeAsItStands(bytes).text;
+  }
+  return document;
+}
+
 std::string EncodeDocument(std::u16string_view text, const DocumentFormat& format) {
   std::string bytes(MarkOf(format.encoding));
   std::u16string_view halfUnit;

@@ -48,6 +48,10 @@ DecodedDocument DecodeDocument(std::string_view bytes);
 // The same with the line ends as they stand, here and when it is encoded: for a file of which only a part is changed.
 DecodedDocument DecodeAsItStands(std::string_view bytes);
 
+// As a document, but one of mixed line ends, which would all become CR LF, as it stands: for changes in a file that
+// leave the rest of it alone.
+DecodedDocument DecodeForChange(std::string_view bytes);
+
 // UTF-8 without a mark gets one where it would not be recognised again.
 std::string EncodeDocument(std::u16string_view text, const DocumentFormat& format);
 
