@@ -77,15 +77,18 @@ std::string RtfHexEscape(std::u16string_view text, bool isChineseCharset, std::s
 std::string RtfDocumentFromText(std::u16string_view text) {
   std::string document(kRtfHeader);
   document.reserve(document.size() + text.size() * 2);
+  const bool endsLine = text.ends_with(u"\r\n");
   for (;;) {
     const std::size_t end = text.find(u"\r\n");
     document += RtfHexEscape(RtfEscapeText(text.substr(0, end)));
     if (end == std::u16string_view::npos) {
-      return document + "}";
+      break;
     }
     document += "\\par ";
     text.remove_prefix(end + 2);
   }
+  // The very last paragraph end is taken for that of the document.
+  return document + (endsLine ? "\\par }" : "}");
 }
 
 }  // namespace scrivanta
