@@ -10,8 +10,10 @@
 #include "lines/FrmLineDialogs.h"
 #include "lines/LineCommands.h"
 #include "printing/FrmPrintDialogs.h"
+#include "regexp/ScrivantaRegExpObject.h"
 #include "search/FrmSearchDialogs.h"
 #include "search/SearchCommands.h"
+#include "shell/ChosenRegExpEngine.h"
 #include "shell/CommandTable.h"
 #include "shell/FrmMain.h"
 #include "shell/FrmOptions.h"
@@ -55,7 +57,10 @@ int RunApp(HINSTANCE instance, const std::u16string& commandLine, std::atomic<HW
   const std::unique_ptr<RegistryStore> registry = OpenRegistryStore(iniFile);
   SettingsStore settings(*registry, iniFile);
   CommandTable commands;
-  FrmMain mainWindow(host, FindFolders(iniFile), settings, commands);
+  ScrivantaRegExpObjectSource regExpObjects;
+  const RegExpObjectEngine regExpObjectEngine(regExpObjects);
+  const ChosenRegExpEngine regExpEngine(settings, regExpObjectEngine);
+  FrmMain mainWindow(host, FindFolders(iniFile), settings, regExpEngine, commands);
   FrmOptions options(host, [&mainWindow] { return mainWindow.handle(); });
   FrmLineDialogs lineDialogs(host, [&mainWindow] { return mainWindow.handle(); });
   FrmSecret secret(host, [&mainWindow] { return mainWindow.handle(); });

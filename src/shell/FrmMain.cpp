@@ -66,9 +66,11 @@ std::vector<std::filesystem::path> PathsOf(HDROP drop) {
 
 }  // namespace
 
-FrmMain::FrmMain(WindowHost& host, Folders folders, Settings& settings, const CommandTable& commands)
+FrmMain::FrmMain(WindowHost& host, Folders folders, Settings& settings, const RegExpEngine& regExpEngine,
+                 const CommandTable& commands)
     : Window(host),
       settings_(settings),
+      regExpEngine_(regExpEngine),
       commands_(commands),
       icon_(LoadIconW(host.instance, MAKEINTRESOURCEW(IDI_SCRIVANTA))),
       windowClass_(host.instance, kMainWindowClass, icon_),

@@ -30,7 +30,8 @@ inline constexpr char16_t kProgramTitle[] = u"Scrivanta";
 
 class FrmMain final : public Window, public Workbench, public MainWindow, private DocumentView {
  public:
-  FrmMain(WindowHost& host, Folders folders, Settings& settings, const CommandTable& commands);
+  FrmMain(WindowHost& host, Folders folders, Settings& settings, const RegExpEngine& regExpEngine,
+          const CommandTable& commands);
 
   // Makes the window, shows it and opens the document of the command line, or the one that the options name when the
   // command line is empty.
@@ -43,6 +44,7 @@ class FrmMain final : public Window, public Workbench, public MainWindow, privat
   Shell& shell() override { return desktop_; }
   const Clock& clock() const override { return clock_; }
   const Folders& folders() const override { return folders_; }
+  const RegExpEngine& regExpEngine() const override { return regExpEngine_; }
   std::unique_ptr<BusyWork> StartWork() override { return work_.Start(); }
   void ShowStatus(const std::u16string& text) override { bars_.SetRemark(text); }
 
@@ -96,6 +98,7 @@ class FrmMain final : public Window, public Workbench, public MainWindow, privat
   std::u16string Caption() const;
 
   Settings& settings_;
+  const RegExpEngine& regExpEngine_;
   const CommandTable& commands_;
   HICON icon_;
   WindowClass windowClass_;

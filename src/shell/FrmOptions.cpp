@@ -22,6 +22,8 @@ void FrmOptions::OnInit() {
   SetChecked(ChkNoRet, options_.noWrapping);
   SetChecked(ChkEngLish, options_.allEnglish);
   SetToolTip(ChkEngLish, u"勾选后[定位到指定行]速度快，但文中若有中文字符时定位不够准确，故有中文字符时不要勾选");
+  SetChecked(ChkRegExpObject, options_.usesRegExpObject);
+  SetToolTip(ChkRegExpObject, u"不勾选时使用程序自带的正则表达式，在任何系统上结果都一样，查找时可以中断");
   SetControlText(TxtDefaultFile, TextOfPath(options_.defaultFile));
   SetControlText(TxtIniFile, TextOfPath(workbench_->folders().iniFile));
   CentreOverOwner();
@@ -36,6 +38,7 @@ bool FrmOptions::OnCommand(int controlId, int) {
     case CmdOK:
       options_ = {.noWrapping = IsChecked(ChkNoRet),
                   .allEnglish = IsChecked(ChkEngLish),
+                  .usesRegExpObject = IsChecked(ChkRegExpObject),
                   .defaultFile = PathOfText(ControlText(TxtDefaultFile))};
       Close(CmdOK);
       return true;

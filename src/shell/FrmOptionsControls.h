@@ -11,3 +11,4 @@
 #define CmdQuit 3207
 #define LblIniFile 3208
 #define TxtIniFile 3209
+#define ChkRegExpObject 3210

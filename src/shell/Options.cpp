@@ -8,25 +8,30 @@ namespace {
 constexpr std::u16string_view kNoWrapping = u"LineReturn";
 constexpr std::u16string_view kAllEnglish = u"AllEnglish";
 constexpr std::u16string_view kDefaultFile = u"DefaultFile";
+constexpr std::u16string_view kRegExpObject = u"RegExpObject";
 constexpr std::u16string_view kOn = u"1";
 constexpr std::u16string_view kOff = u"0";
 
-bool IsOn(const Settings& settings, std::u16string_view key) {
-  return settings.Find(key, Store::kRegistry, kWindowSection).value_or(std::u16string(kOn)) == kOn;
+bool IsOn(const Settings& settings, std::u16string_view key, std::u16string_view otherwise) {
+  return settings.Find(key, Store::kRegistry, kWindowSection).value_or(std::u16string(otherwise)) == kOn;
 }
 
 }  // namespace
 
 Options ReadOptions(const Settings& settings) {
-  return {.noWrapping = IsOn(settings, kNoWrapping),
-          .allEnglish = IsOn(settings, kAllEnglish),
+  return {.noWrapping = IsOn(settings, kNoWrapping, kOn),
+          .allEnglish = IsOn(settings, kAllEnglish, kOn),
+          .usesRegExpObject = IsOn(settings, kRegExpObject, kOff),
           .defaultFile = PathOfText(settings.Get(kDefaultFile, Store::kRegistry, kWindowSection))};
 }
 
 void SaveOptions(const Options& options, Settings& settings) {
-  settings.Save(kNoWrapping, options.noWrapping ? kOn : kOff, Store::kRegistry, kWindowSection);
-  settings.Save(kAllEnglish, options.allEnglish ? kOn : kOff, Store::kRegistry, kWindowSection);
-  settings.Save(kDefaultFile, TextOfPath(options.defaultFile), Store::kRegistry, kWindowSection);
+  const auto flag = [](bool on) { return std::u16string(on ? kOn : kOff); };
+  settings.SaveAll({{std::u16string(kNoWrapping), flag(options.noWrapping)},
+                    {std::u16string(kAllEnglish), flag(options.allEnglish)},
+                    {std::u16string(kRegExpObject), flag(options.usesRegExpObject)},
+                    {std::u16string(kDefaultFile), TextOfPath(options.defaultFile)}},
+                   Store::kRegistry, kWindowSection);
 }
 
 void mnuOptions(Workbench& workbench, MainWindow& window, OptionsDialog& dialog) {

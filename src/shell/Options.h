@@ -13,6 +13,7 @@ namespace scrivanta {
 struct Options {
   bool noWrapping = true;             // lines are not wrapped at the width of the window
   bool allEnglish = true;             // the text has no Chinese characters: going to a line counts positions directly
+  bool usesRegExpObject = false;      // patterns are searched by the platform's object, not by the built-in engine
   std::filesystem::path defaultFile;  // opened when the program starts without a document
 
   friend bool operator==(const Options&, const Options&) = default;

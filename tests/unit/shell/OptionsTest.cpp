@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include "shell/ChosenRegExpEngine.h"
 #include "shell/Options.h"
 #include "support/ScriptedWorkbench.h"
 
@@ -39,18 +40,33 @@ TEST(Options, AreKeptAndAppliedOnlyWhenTheUserSaysSo) {
   EXPECT_FALSE(window.wraps);
   EXPECT_TRUE(workbench.settings().values.empty());
 
-  dialog.answer = Options{.noWrapping = false, .allEnglish = false, .defaultFile = "folder/a.txt"};
+  dialog.answer =
+      Options{.noWrapping = false, .allEnglish = false, .usesRegExpObject = true, .defaultFile = "folder/a.txt"};
   mnuOptions(workbench, window, dialog);
   EXPECT_EQ(window.wraps, true);
   const Settings& settings = workbench.settings();
   EXPECT_EQ(settings.Get(u"LineReturn", Store::kRegistry, u"Settings"), u"0");
   EXPECT_EQ(settings.Get(u"AllEnglish", Store::kRegistry, u"Settings"), u"0");
 
+  const Options before = *dialog.answer;
   dialog.answer = Options{.noWrapping = true, .allEnglish = false, .defaultFile = {}};
   mnuOptions(workbench, window, dialog);
-  EXPECT_EQ(dialog.shown, (Options{.noWrapping = false, .allEnglish = false, .defaultFile = "folder/a.txt"}));
+  EXPECT_EQ(dialog.shown, before);
   EXPECT_EQ(window.wraps, false);
   EXPECT_EQ(settings.Get(u"LineReturn", Store::kRegistry, u"Settings"), u"1");
+}
+
+TEST(Options, ChooseWhatSearchesPatterns) {
+  class ObjectEngine final : public RegExpEngine {
+   public:
+    std::unique_ptr<RegExp> Compile(std::u16string_view, RegExpOptions) const override { return nullptr; }
+  };
+  testing::ScriptedWorkbench workbench;
+  const ObjectEngine object;
+  const ChosenRegExpEngine engine(workbench.settings(), object);
+  EXPECT_NE(engine.Compile(u"a", {}), nullptr);
+  SaveOptions({.usesRegExpObject = true, .defaultFile = {}}, workbench.settings());
+  EXPECT_EQ(engine.Compile(u"a", {}), nullptr);
 }
 
 }  // namespace
