@@ -14,13 +14,14 @@ bool ComboHistory::Contains(std::u16string_view item) const {
   return std::find(items_.begin(), items_.end(), item) != items_.end();
 }
 
-void ComboHistory::PutFirst(std::u16string_view item) {
-  if (item.empty()) {
-    return;
+bool ComboHistory::PutFirst(std::u16string_view item) {
+  if (item.empty() || (!items_.empty() && items_.front() == item)) {
+    return false;
   }
   std::u16string first(item);
   std::erase(items_, first);
   items_.insert(items_.begin(), std::move(first));
+  return true;
 }
 
 bool ComboHistory::AppendMissing(std::u16string_view item) {

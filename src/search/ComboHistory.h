@@ -14,8 +14,8 @@ class ComboHistory {
 
   const std::vector<std::u16string>& items() const noexcept { return items_; }
   bool Contains(std::u16string_view item) const;
-  // Puts an item first, wherever it stood; an empty one is passed over.
-  void PutFirst(std::u16string_view item);
+  // Puts an item first, wherever it stood; an empty one is passed over. Returns whether that changed the list.
+  bool PutFirst(std::u16string_view item);
   // Puts it last, unless the list has it already. Returns whether it was put there.
   bool AppendMissing(std::u16string_view item);
   // Moves the items that contain the keyword to the front, in the order they had.

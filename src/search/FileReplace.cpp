@@ -64,6 +64,19 @@ class Replacement {
   std::unique_ptr<MultiReplace> plain_;  // null when the find text is a pattern
 };
 
+void ReplaceInFile(const std::filesystem::path& path, const Replacement& replacement, FileReplaceOutcome& outcome,
+                   Progress& progress) {
+  try {
+    const std::size_t count = replacement.ApplyTo(path, progress);
+    outcome.replaced += count;
+    outcome.changedFiles += count > 0 ? 1 : 0;
+  } catch (const Interrupted&) {
+    throw;
+  } catch (const std::exception& error) {
+    outcome.failures.push_back({path, FailureReason(error)});
+  }
+}
+
 }  // namespace
 
 FileReplaceOutcome ReplaceInFiles(const std::vector<std::filesystem::path>& files, const FindState& state,
@@ -71,17 +84,16 @@ FileReplaceOutcome ReplaceInFiles(const std::vector<std::filesystem::path>& file
   const Replacement replacement(state, engine);
   FileReplaceOutcome outcome;
   FileProgress fileProgress(progress, files.size());
-  for (const std::filesystem::path& path : files) {
-    try {
-      const std::size_t count = replacement.ApplyTo(path, fileProgress);
-      outcome.replaced += count;
-      outcome.changedFiles += count > 0 ? 1 : 0;
-    } catch (const Interrupted&) {
-      throw;
-    } catch (const std::exception& error) {
-      outcome.failures.push_back({path, FailureReason(error)});
+  std::size_t done = 0;
+  try {
+    for (const std::filesystem::path& path : files) {
+      ReplaceInFile(path, replacement, outcome, fileProgress);
+      ++done;
+      fileProgress.FileDone();
     }
-    fileProgress.FileDone();
+  } catch (const Interrupted&) {
+    // What is done is done, and the user must know of it.
+    outcome.untouchedFiles = files.size() - done;
   }
   return outcome;
 }

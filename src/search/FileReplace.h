@@ -14,11 +14,13 @@ struct FileReplaceOutcome {
   std::size_t changedFiles = 0;
   std::size_t replaced = 0;           // places in all of them
   std::vector<FileFailure> failures;  // files that stayed as they were
+  std::size_t untouchedFiles = 0;     // that were not reached when the user stopped the work
 };
 
 // By pattern, or plain by the lists of the texts to find and to put in their places, separated by "|". In a rich text
 // only the text of the document is replaced. A file without a match is not touched. Throws RegExpSyntaxError,
-// ExplainedError for lists of unequal length, both before any file is touched; Interrupted.
+// ExplainedError for lists of unequal length, both before any file is touched. An interrupt ends the work between two
+// files; the outcome tells.
 FileReplaceOutcome ReplaceInFiles(const std::vector<std::filesystem::path>& files, const FindState& state,
                                   const RegExpEngine& engine, Progress& progress);
 

@@ -13,7 +13,6 @@ namespace {
 constexpr std::u16string_view kLineBreak = u"\r\n";
 constexpr std::u16string_view kFilterKey = u"FindInFileFilter";
 constexpr std::u16string_view kAllFiles = u"*.*";
-constexpr std::size_t kLongestLine = 200;  // characters shown of a line that matches
 constexpr std::size_t kMostFailuresShown = 20;
 
 // No line but that of a path may hold the mark.
@@ -33,8 +32,8 @@ std::u16string ReportOf(const FileSearchResult& result, std::u16string_view find
       u"以下文件 含有 查找内容：" + shown + u"（" + DecimalText(result.have.size()) + u"个文件）\r\n";
   for (const FileWithMatches& file : result.have) {
     AppendPath(report, file.path);
-    report += u"    " + DecimalText(file.matches) + u"处，第" + DecimalText(file.lineNumber) + u"行：" +
-              Unmarked(std::u16string_view(file.line).substr(0, kLongestLine));
+    report +=
+        u"    " + DecimalText(file.matches) + u"处，第" + DecimalText(file.lineNumber) + u"行：" + Unmarked(file.line);
     report += kLineBreak;
   }
   report += u"\r\n以下文件 不含有 查找内容：" + shown + u"（" + DecimalText(result.haveNot.size()) + u"个文件）\r\n";

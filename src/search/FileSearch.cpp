@@ -11,6 +11,10 @@ namespace scrivanta {
 
 namespace {
 
+// Characters shown of a line that matches, and of those how many at the most before the match.
+constexpr std::size_t kLongestLine = 200;
+constexpr std::size_t kMostBefore = 100;
+
 // What is to be found, made ready once for all files.
 class Query {
  public:
@@ -50,6 +54,15 @@ class Query {
   std::unique_ptr<RegExp> regExp_;
 };
 
+// The line of a place, cut off where it is long.
+std::u16string LineAround(std::u16string_view text, std::size_t place) {
+  const std::size_t start = place == 0 ? 0 : text.find_last_of(u"\r\n", place - 1) + 1;
+  const std::size_t end = std::min(text.find_first_of(u"\r\n", place), text.size());
+  const bool isCut = place - start > kMostBefore;
+  const std::size_t shown = isCut ? place - kMostBefore : start;
+  return (isCut ? u"…" : u"") + std::u16string(text.substr(shown, std::min(end - shown, kLongestLine)));
+}
+
 void SearchFile(const std::filesystem::path& path, const Query& query, FileSearchResult& result, Progress& progress) {
   const std::optional<FileText> file = ReadFileText(path);
   if (!file) {
@@ -65,10 +78,7 @@ void SearchFile(const std::filesystem::path& path, const Query& query, FileSearc
   }
   const auto begin = static_cast<std::ptrdiff_t>(first);
   const auto lineNumber = 1 + std::count(text.begin(), text.begin() + begin, u'\n');
-  const std::size_t lineStart = first == 0 ? 0 : text.find_last_of(u"\r\n", first - 1) + 1;
-  const std::size_t lineEnd = std::min(text.find_first_of(u"\r\n", first), text.size());
-  result.have.push_back({path, matches, static_cast<std::size_t>(lineNumber),
-                         std::u16string(text.substr(lineStart, lineEnd - lineStart))});
+  result.have.push_back({path, matches, static_cast<std::size_t>(lineNumber), LineAround(text, first)});
 }
 
 }  // namespace

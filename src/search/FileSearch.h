@@ -15,7 +15,7 @@ struct FileWithMatches {
   std::filesystem::path path;
   std::size_t matches = 0;
   std::size_t lineNumber = 0;  // of the first match, from 1
-  std::u16string line;         // the line in which it begins
+  std::u16string line;         // the line in which it begins; of a long one, the part around it
 };
 
 struct FileSearchResult {

@@ -2,12 +2,38 @@
 
 #include "search/RtfText.h"
 #include "text/Bytes.h"
+#include "text/ExplainedError.h"
 #include "text/PathParts.h"
 #include "text/PlatformFile.h"
 
 namespace scrivanta {
 
+namespace {
+
+constexpr std::size_t kHead = std::size_t{64} << 10U;  // bytes
+
+// Told from the beginning of the file, so that films and archives need not be read whole.
+bool BeginsBinary(const std::filesystem::path& path) {
+  FileSource file(path);
+  std::string head(kHead, '\0');
+  head.resize(file.Read(head));
+  return DecodeAsItStands(head).format.isBinary;
+}
+
+}  // namespace
+
 std::optional<FileText> ReadFileText(const std::filesystem::path& path) {
+  std::error_code error;
+  const std::uintmax_t size = std::filesystem::file_size(path, error);
+  if (error) {
+    throw FileError(path, error);
+  }
+  if (size > kHead && BeginsBinary(path)) {
+    return std::nullopt;
+  }
+  if (size > kLargestFileText) {
+    throw ExplainedError("the file is larger than 256 MB", u"文件超过256MB，太大");
+  }
   std::string bytes = ReadWholeFile(path);
   FileText file;
   if (IsRichTextPath(TextOfPath(path)) && bytes.starts_with("{\\rtf")) {

@@ -1,6 +1,7 @@
 // A file as what is searched and replaced in it.
 #pragma once
 
+#include <cstdint>
 #include <filesystem>
 #include <optional>
 #include <string>
@@ -16,7 +17,10 @@ struct FileText {
   DocumentFormat format;
 };
 
-// Nothing for a binary file. Throws FileError.
+// A larger one would take several times as much memory: it is refused, unless its beginning shows that it is binary.
+inline constexpr std::uintmax_t kLargestFileText = std::uintmax_t{256} << 20U;  // bytes
+
+// Nothing for a binary file. Throws FileError, also for what is no file; ExplainedError for a file too large.
 std::optional<FileText> ReadFileText(const std::filesystem::path& path);
 
 }  // namespace scrivanta

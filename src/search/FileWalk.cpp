@@ -62,6 +62,7 @@ class Walk {
     std::error_code error;
     for (std::filesystem::directory_iterator entry(folder, error), end; !error && entry != end;
          entry.increment(error)) {
+      progress_.Report(0, 0);
       std::error_code unknown;
       if (entry->is_directory(unknown)) {
         if (!IsLinkToFolder(entry->path())) {

@@ -28,6 +28,7 @@ namespace {
 
 constexpr std::u16string_view kForm = u"FrmFind";
 constexpr std::u16string_view kLineBreak = u"\r\n";
+constexpr std::size_t kLongestSelectionToFind = 10'000;  // characters
 constexpr char16_t kDropHint[] = u"请将文件拖动到此窗口（同时按住Alt键拖曳时，清除原来的数据）或 右击文件-->";
 constexpr char16_t kReplaceTip[] = u"支持如：\\1\\2...正则表达式标签标记";
 constexpr char16_t kFilterQuestion[] = u"输入要置前的条目关键字";
@@ -59,41 +60,79 @@ void PutTextBack(Editor& editor, std::u16string_view text, TextRange selection) 
 
 }  // namespace
 
+// The selected text; nothing when it is the pattern's last match, which is not to take the pattern's place, or when it
+// is longer than anybody looks for.
+std::u16string FindDialog::SelectionToFind() const {
+  const Editor& editor = workbench_.editor();
+  const TextRange selection = editor.Selection();
+  const bool isMatchOfPattern =
+      state_.isRegExp && !state_.isNewSearch && !state_.findText.empty() && selection.start.value == state_.lastFound;
+  return isMatchOfPattern || selection.length > kLongestSelectionToFind ? std::u16string() : editor.SelectedText();
+}
+
 void FindDialog::Open(FindView& view) {
   findHistory_ = LoadHistory(workbench_.settings(), u"Combo1");
   replaceHistory_ = LoadHistory(workbench_.settings(), u"Combo2");
-  const std::u16string selected = workbench_.editor().SelectedText();
+  const std::u16string selected = SelectionToFind();
   view.SetFindBox(BoxOfText(selected.empty() ? state_.findText : selected), findHistory_.items());
   view.SetReplaceBox(BoxOfText(state_.replacement), replaceHistory_.items());
   view.SetOptions(state_.searchesUp, state_.matchesCase, state_.isRegExp);
   view.SetDropBox(kDropHint);
   view.SetReplaceTip(state_.isRegExp ? kReplaceTip : u"");
+  if (const auto place = ReadDialogPlace(workbench_.settings(), kForm)) {
+    view.SetPlace(*place);
+  }
+}
+
+void FindDialog::Reopen(FindView& view) {
+  const std::u16string selected = SelectionToFind();
+  if (!selected.empty()) {
+    view.SetFindBox(BoxOfText(selected), findHistory_.items());
+  }
+}
+
+void FindDialog::Close(const FindView& view) {
+  SaveDialogPlace(workbench_.settings(), kForm, view.Place());
 }
 
 void FindDialog::TakeOptions(FindView& view) {
-  view.SetReplaceTip(view.IsRegExp() ? kReplaceTip : u"");
-  state_.isNewSearch = true;
+  ReadOptions(view);
+  view.SetReplaceTip(state_.isRegExp ? kReplaceTip : u"");
+}
+
+void FindDialog::ReadOptions(const FindView& view) {
+  const FindState before = state_;
+  state_.searchesUp = view.SearchesUp();
+  state_.matchesCase = view.MatchesCase();
+  state_.isRegExp = view.IsRegExp();
+  if (state_.searchesUp != before.searchesUp || state_.matchesCase != before.matchesCase ||
+      state_.isRegExp != before.isRegExp) {
+    state_.isNewSearch = true;
+  }
 }
 
 // Takes what the window holds into the shared state, and its texts into the histories.
 void FindDialog::Read(FindView& view) {
-  const FindState before = state_;
   const std::u16string findBox = view.FindBox();
   const std::u16string replaceBox = view.ReplaceBox();
-  state_.findText = TextOfBox(findBox);
-  state_.replacement = TextOfBox(replaceBox);
-  state_.searchesUp = view.SearchesUp();
-  state_.matchesCase = view.MatchesCase();
-  state_.isRegExp = view.IsRegExp();
-  if (state_.findText != before.findText || state_.searchesUp != before.searchesUp ||
-      state_.matchesCase != before.matchesCase || state_.isRegExp != before.isRegExp) {
+  const std::u16string findText = TextOfBox(findBox);
+  if (state_.findText != findText) {
+    state_.findText = findText;
     state_.isNewSearch = true;
   }
-  findHistory_.PutFirst(findBox);
-  replaceHistory_.PutFirst(replaceBox);
-  SaveHistories();
-  view.SetFindBox(findBox, findHistory_.items());
-  view.SetReplaceBox(replaceBox, replaceHistory_.items());
+  state_.replacement = TextOfBox(replaceBox);
+  ReadOptions(view);
+  const bool findChanged = findHistory_.PutFirst(findBox);
+  const bool replaceChanged = replaceHistory_.PutFirst(replaceBox);
+  if (findChanged) {
+    view.SetFindBox(findBox, findHistory_.items());
+  }
+  if (replaceChanged) {
+    view.SetReplaceBox(replaceBox, replaceHistory_.items());
+  }
+  if (findChanged || replaceChanged) {
+    SaveHistories();
+  }
 }
 
 void FindDialog::SaveHistories() {
@@ -105,6 +144,11 @@ void FindDialog::SaveHistories() {
 void FindDialog::FindNext(FindView& view) {
   Read(view);
   scrivanta::FindNext(workbench_, state_);
+}
+
+void FindDialog::FindPrevious(FindView& view) {
+  Read(view);
+  scrivanta::FindPrevious(workbench_, state_);
 }
 
 void FindDialog::FindAll(FindView& view) {
@@ -126,7 +170,9 @@ void FindDialog::FindAll(FindView& view) {
 std::optional<std::u16string> FindDialog::ReplacementOfSelection() {
   const Editor& editor = workbench_.editor();
   const TextRange selection = editor.Selection();
-  if (selection.empty()) {
+  const bool isEmptyMatch =
+      state_.isRegExp && !state_.isNewSearch && selection.empty() && selection.start.value == state_.lastFound;
+  if (selection.empty() && !isEmptyMatch) {
     return std::nullopt;
   }
   if (!state_.isRegExp) {
@@ -256,8 +302,16 @@ void FindDialog::Filter(FindView& view) {
     SayNotFound(workbench_.prompts());
     return;
   }
+  std::u16string text = matches + filter(MarkerFilterMode::kRemove);
+  // One line break is cut off when the result is put back; a text that ends with one keeps it.
+  if (!text.ends_with(kLineBreak)) {
+    text += kLineBreak;
+  }
+  if (input.text.ends_with(kLineBreak)) {
+    text += kLineBreak;
+  }
   ResultFile result(workbench_, kInputFileName);
-  result.Write(Encode(kWorkFileEncoding, matches + filter(MarkerFilterMode::kRemove)));
+  result.Write(Encode(kWorkFileEncoding, text));
   PutResultBack(workbench_, input, result);
 }
 
@@ -324,7 +378,10 @@ void FindDialog::ReplaceInFiles(FindView& view) {
   }
   workbench_.ShowStatus(u"已在" + DecimalText(outcome.changedFiles) + u"个文件中替换" + DecimalText(outcome.replaced) +
                         u"处");
-  prompts.Ask({.text = u"已全部替换！" + DescribeFailures(outcome.failures), .systemModal = true});
+  const std::u16string end = outcome.untouchedFiles == 0
+                                 ? u"已全部替换！"
+                                 : u"已中断：还有" + DecimalText(outcome.untouchedFiles) + u"个文件没有替换。";
+  prompts.Ask({.text = end + DescribeFailures(outcome.failures), .systemModal = true});
 }
 
 void FindDialog::Drop(FindView& view, const std::vector<std::filesystem::path>& paths, bool clear) {
@@ -356,8 +413,13 @@ void FindDialog::FilterReplaceHistory(FindView& view) {
   }
 }
 
-void FindDialog::OpenRegistryEditor() {
-  workbench_.shell().Run(u"REGEDIT.EXE", u"");
+void FindDialog::ShowStoredHistories(const std::function<void(const std::u16string& key)>& pointAt) {
+  if (const auto key = workbench_.settings().RegistryKeyOf(kFormSection)) {
+    pointAt(*key);
+    workbench_.shell().Run(u"REGEDIT.EXE", u"");
+  } else {
+    workbench_.shell().OpenWithDefaultProgram(workbench_.folders().iniFile);
+  }
 }
 
 }  // namespace scrivanta

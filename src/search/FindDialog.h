@@ -2,12 +2,14 @@
 #pragma once
 
 #include <filesystem>
+#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
 
 #include "search/ComboHistory.h"
 #include "search/FindState.h"
+#include "shell/DialogPlace.h"
 #include "shell/Workbench.h"
 
 namespace scrivanta {
@@ -35,19 +37,26 @@ class FindView {
   virtual std::u16string DropBox() const = 0;  // RichTextBox1
   virtual void SetDropBox(const std::u16string& text) = 0;
   virtual void SetReplaceTip(const std::u16string& tip) = 0;
+
+  virtual DialogPlace Place() const = 0;
+  virtual void SetPlace(const DialogPlace& place) = 0;
 };
 
 class FindDialog {
  public:
   FindDialog(Workbench& workbench, FindState& state) : workbench_(workbench), state_(state) {}
 
-  // The window opens, or is opened again.
+  // The window opens: it shows what was found last, or the selection.
   void Open(FindView& view);
-  // ChkRegExpSearch was clicked.
+  // It is asked for while it is open: what is entered stays, but a selection becomes the text to find.
+  void Reopen(FindView& view);
+  void Close(const FindView& view);
+  // One of the options was clicked.
   void TakeOptions(FindView& view);
 
   // The buttons. What they throw is shown by the window; the document is then as it was.
   void FindNext(FindView& view);        // CmdFindNext
+  void FindPrevious(FindView& view);    // the other way than the options say
   void FindAll(FindView& view);         // CmdFindAll
   void Replace(FindView& view);         // CmdReplace
   void ReplaceAll(FindView& view);      // CmdReplaceAll
@@ -61,11 +70,13 @@ class FindDialog {
   // F2 in a box: asks for a keyword and moves the items that contain it to the front.
   void FilterFindHistory(FindView& view);
   void FilterReplaceHistory(FindView& view);
-  // F1 in a box, once the registry editor knows which key to show.
-  void OpenRegistryEditor();
+  // F1 in a box: opens what the histories are kept in. pointAt tells the registry editor which key to show.
+  void ShowStoredHistories(const std::function<void(const std::u16string& key)>& pointAt);
 
  private:
+  std::u16string SelectionToFind() const;
   void Read(FindView& view);
+  void ReadOptions(const FindView& view);
   void SaveHistories();
   void ReplaceAllPlain(TextRange selection);
   void ReplaceAllFormatted(TextRange selection);

@@ -155,6 +155,15 @@ bool FindNext(Workbench& workbench, FindState& state) {
   return true;
 }
 
+bool FindPrevious(Workbench& workbench, FindState& state) {
+  FindState opposite = state;
+  opposite.searchesUp = !state.searchesUp;
+  const bool found = FindNext(workbench, opposite);
+  state.lastFound = opposite.lastFound;
+  state.isNewSearch = opposite.isNewSearch;
+  return found;
+}
+
 void SayNotFound(Prompts& prompts) {
   prompts.Ask({.text = u"未找到结果", .icon = Icon::kInformation, .systemModal = true});
 }

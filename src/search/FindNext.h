@@ -34,6 +34,8 @@ std::optional<TextRange> FindNextMatch(std::u16string_view text, std::size_t car
 // Finds the next place by the state, plain or by pattern, selects it or says that there is none. Returns whether there
 // is one. Nothing happens without a text to find.
 bool FindNext(Workbench& workbench, FindState& state);
+// The same in the other direction than the state says.
+bool FindPrevious(Workbench& workbench, FindState& state);
 
 // "未找到结果".
 void SayNotFound(Prompts& prompts);

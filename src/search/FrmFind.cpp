@@ -2,6 +2,7 @@
 
 #include <windows.h>
 
+#include <ole2.h>
 #include <shellapi.h>
 
 #include "search/FrmFindControls.h"
@@ -13,9 +14,10 @@ namespace scrivanta {
 
 namespace {
 
-// Where the registry editor opens, and where the histories are.
-constexpr char16_t kRegistryEditorKey[] = u"Software\\Microsoft\\Windows\\CurrentVersion\\Applets\\Regedit";
-constexpr char16_t kHistoryKey[] = u"HKEY_CURRENT_USER\\Software\\Scrivanta\\FormSaveSetting";
+// Tells the registry editor where to open.
+void PointRegistryEditorAt(const std::u16string& key) {
+  WriteRegistryText(u"Software\\Microsoft\\Windows\\CurrentVersion\\Applets\\Regedit", u"LastKey", key);
+}
 
 std::vector<std::filesystem::path> PathsOfDrop(HDROP drop) {
   std::vector<std::filesystem::path> paths;
@@ -34,34 +36,55 @@ FrmFind::FrmFind(WindowHost& host) : Dialog(host, IDD_FRM_FIND) {}
 
 FrmFind::~FrmFind() = default;
 
-void FrmFind::Show(FindDialog& dialog, HWND owner) {
+void FrmFind::Show(FindDialog& dialog, HWND owner, FindDialogFocus focus) {
   const bool wasOpen = IsOpen();
   dialog_ = &dialog;
   ShowModeless(owner);
   if (wasOpen) {
-    dialog.Open(*this);
-    FocusOn(Combo1);
+    dialog.Reopen(*this);
   }
+  FocusOn(focus == FindDialogFocus::kReplacement ? Combo2 : Combo1);
 }
 
 void FrmFind::OnInit() {
   SetTopMost(true);
   DragByBody();
   SetTips();
-  HookKeys(Combo1, [this](WPARAM key) { return OnComboKey(Combo1, key); });
-  HookKeys(Combo2, [this](WPARAM key) { return OnComboKey(Combo2, key); });
-  const HWND box = Control(RichTextBox1);
-  DragAcceptFiles(box, TRUE);
-  dropTarget_ =
-      std::make_unique<Subclass>(host(), box, [this](UINT message, WPARAM wParam, LPARAM) -> std::optional<LRESULT> {
-        if (message != WM_DROPFILES) {
-          return std::nullopt;
-        }
-        TakeDrop(reinterpret_cast<HDROP>(wParam));
-        return 0;
-      });
+  for (int controlId = Combo1; controlId <= RichTextBox1; ++controlId) {
+    HookKeys(controlId, [this, controlId](WPARAM key) { return OnKey(controlId, key); });
+  }
+  SetUpDropBox();
   dialog_->Open(*this);
   FocusOn(Combo1);
+}
+
+void FrmFind::SetUpDropBox() {
+  const HWND box = Control(RichTextBox1);
+  // The control would put a dropped file into its text.
+  RevokeDragDrop(box);
+  DragAcceptFiles(box, TRUE);
+  DragAcceptFiles(handle(), TRUE);
+  dropBox_ =
+      std::make_unique<Subclass>(host(), box, [this](UINT message, WPARAM wParam, LPARAM) -> std::optional<LRESULT> {
+        switch (message) {
+          case WM_DROPFILES:
+            TakeDrop(reinterpret_cast<HDROP>(wParam));
+            return 0;
+          case WM_GETDLGCODE:
+            // Tab, Enter and Esc are the dialog's.
+            return DLGC_WANTARROWS | DLGC_WANTCHARS;
+          default:
+            return std::nullopt;
+        }
+      });
+}
+
+std::optional<LRESULT> FrmFind::OnMessage(UINT message, WPARAM wParam, LPARAM) {
+  if (message != WM_DROPFILES) {
+    return std::nullopt;
+  }
+  TakeDrop(reinterpret_cast<HDROP>(wParam));
+  return 0;
 }
 
 void FrmFind::SetTips() {
@@ -131,35 +154,43 @@ void FrmFind::Press(int controlId) {
   }
 }
 
-bool FrmFind::OnComboKey(int controlId, WPARAM key) {
-  if (key == VK_F1) {
-    ShowStoredHistory();
-    return true;
+bool FrmFind::OnKey(int controlId, WPARAM key) {
+  const bool inHistory = controlId == Combo1 || controlId == Combo2;
+  switch (key) {
+    case VK_F1:
+      if (inHistory) {
+        dialog_->ShowStoredHistories(PointRegistryEditorAt);
+      }
+      return inHistory;
+    case VK_F2:
+      if (controlId == Combo1) {
+        dialog_->FilterFindHistory(*this);
+      } else if (controlId == Combo2) {
+        dialog_->FilterReplaceHistory(*this);
+      }
+      return inHistory;
+    case VK_F3:
+      if (GetKeyState(VK_SHIFT) < 0) {
+        dialog_->FindPrevious(*this);
+      } else {
+        dialog_->FindNext(*this);
+      }
+      return true;
+    default:
+      return false;
   }
-  if (key == VK_F2) {
-    if (controlId == Combo1) {
-      dialog_->FilterFindHistory(*this);
-    } else {
-      dialog_->FilterReplaceHistory(*this);
-    }
-    return true;
-  }
-  return false;
-}
-
-void FrmFind::ShowStoredHistory() {
-  WriteRegistryText(kRegistryEditorKey, u"LastKey", kHistoryKey);
-  dialog_->OpenRegistryEditor();
 }
 
 void FrmFind::TakeDrop(HDROP drop) {
   const std::vector<std::filesystem::path> paths = PathsOfDrop(drop);
   DragFinish(drop);
-  dialog_->Drop(*this, paths, GetKeyState(VK_MENU) < 0);
+  // The keys as they are: those of the drag went to the window that it came from.
+  dialog_->Drop(*this, paths, GetAsyncKeyState(VK_MENU) < 0);
 }
 
 void FrmFind::OnClose() {
-  dropTarget_.reset();
+  dropBox_.reset();
+  dialog_->Close(*this);
 }
 
 std::u16string FrmFind::FindBox() const {
@@ -211,6 +242,15 @@ void FrmFind::SetDropBox(const std::u16string& text) {
 
 void FrmFind::SetReplaceTip(const std::u16string& tip) {
   SetToolTip(Combo2, tip);
+}
+
+DialogPlace FrmFind::Place() const {
+  const POINT corner = CornerInTwips();
+  return {corner.x, corner.y};
+}
+
+void FrmFind::SetPlace(const DialogPlace& place) {
+  MoveToTwips({place.left, place.top});
 }
 
 }  // namespace scrivanta

@@ -8,6 +8,7 @@
 #include <memory>
 
 #include "search/FindDialog.h"
+#include "search/SearchDialogs.h"
 #include "win/Dialog.h"
 
 namespace scrivanta {
@@ -18,16 +19,17 @@ class FrmFind final : public Dialog, private FindView {
   ~FrmFind() override;
 
   // Opens the window, or brings it to the front with what is selected now.
-  void Show(FindDialog& dialog, HWND owner);
+  void Show(FindDialog& dialog, HWND owner, FindDialogFocus focus);
 
  private:
   void OnInit() override;
   bool OnCommand(int controlId, int notification) override;
+  std::optional<LRESULT> OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
   void OnClose() override;
+  void SetUpDropBox();
   void SetTips();
   void Press(int controlId);
-  bool OnComboKey(int controlId, WPARAM key);
-  void ShowStoredHistory();
+  bool OnKey(int controlId, WPARAM key);
   void TakeDrop(HDROP drop);
 
   std::u16string FindBox() const override;
@@ -42,9 +44,11 @@ class FrmFind final : public Dialog, private FindView {
   std::u16string DropBox() const override;
   void SetDropBox(const std::u16string& text) override;
   void SetReplaceTip(const std::u16string& tip) override;
+  DialogPlace Place() const override;
+  void SetPlace(const DialogPlace& place) override;
 
   FindDialog* dialog_ = nullptr;
-  std::unique_ptr<Subclass> dropTarget_;
+  std::unique_ptr<Subclass> dropBox_;
 };
 
 }  // namespace scrivanta

@@ -17,7 +17,7 @@ class FrmSearchDialogs final : public SearchDialogs {
   FrmSearchDialogs(WindowHost& host, std::function<HWND()> owner)
       : find_(host), regularTest_(host), owner_(std::move(owner)) {}
 
-  void ShowFind(FindDialog& dialog) override { find_.Show(dialog, owner_()); }
+  void ShowFind(FindDialog& dialog, FindDialogFocus focus) override { find_.Show(dialog, owner_(), focus); }
   void ShowRegularTest(RegularTest& dialog) override { regularTest_.Show(dialog, owner_()); }
 
  private:

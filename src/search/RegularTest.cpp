@@ -14,6 +14,7 @@ namespace scrivanta {
 
 namespace {
 
+constexpr std::u16string_view kForm = u"ScrivantaRegularTest";
 constexpr std::u16string_view kSection = u"HistoryRegularPattern";
 // Keys of a history edited by hand may have gaps.
 constexpr std::size_t kLongestGap = 20;
@@ -73,6 +74,13 @@ void RegularTest::Open(RegularTestView& view) {
     history_.AppendMissing(example);
   }
   view.SetPatternBox(history_.items().front(), history_.items());
+  if (const auto place = ReadDialogPlace(workbench_.settings(), kForm)) {
+    view.SetPlace(*place);
+  }
+}
+
+void RegularTest::Close(const RegularTestView& view) {
+  SaveDialogPlace(workbench_.settings(), kForm, view.Place());
 }
 
 void RegularTest::Reload(RegularTestView& view) {

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "search/ComboHistory.h"
+#include "shell/DialogPlace.h"
 #include "shell/Workbench.h"
 
 namespace scrivanta {
@@ -18,6 +19,9 @@ class RegularTestView {
 
   virtual std::u16string PatternBox() const = 0;  // Combo1
   virtual void SetPatternBox(const std::u16string& text, const std::vector<std::u16string>& list) = 0;
+
+  virtual DialogPlace Place() const = 0;
+  virtual void SetPlace(const DialogPlace& place) = 0;
 };
 
 class RegularTest {
@@ -26,6 +30,7 @@ class RegularTest {
 
   // The window opens: fills the list from the ini file, and offers the examples.
   void Open(RegularTestView& view);
+  void Close(const RegularTestView& view);
   // Command1: keeps the pattern, colours every match in the editor and tells their number. The colours of the test
   // before go first.
   void Test(RegularTestView& view);

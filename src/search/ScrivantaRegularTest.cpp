@@ -21,6 +21,9 @@ void ScrivantaRegularTest::Show(RegularTest& dialog, HWND owner) {
   if (const HWND open = FindWindowW(nullptr, kCaption)) {
     ShowWindow(open, SW_SHOWNORMAL);
     SetForegroundWindow(open);
+    if (open == handle()) {
+      FocusOn(Combo1);
+    }
     return;
   }
   ShowModeless(owner);
@@ -59,6 +62,10 @@ bool ScrivantaRegularTest::OnCommand(int controlId, int notification) {
   }
 }
 
+void ScrivantaRegularTest::OnClose() {
+  dialog_->Close(*this);
+}
+
 bool ScrivantaRegularTest::OnComboKey(WPARAM key) {
   if (key == VK_F1) {
     dialog_->OpenIniFile();
@@ -77,6 +84,15 @@ std::u16string ScrivantaRegularTest::PatternBox() const {
 
 void ScrivantaRegularTest::SetPatternBox(const std::u16string& text, const std::vector<std::u16string>& list) {
   FillComboBox(Control(Combo1), text, list);
+}
+
+DialogPlace ScrivantaRegularTest::Place() const {
+  const POINT corner = CornerInTwips();
+  return {corner.x, corner.y};
+}
+
+void ScrivantaRegularTest::SetPlace(const DialogPlace& place) {
+  MoveToTwips({place.left, place.top});
 }
 
 }  // namespace scrivanta

@@ -16,10 +16,13 @@ class ScrivantaRegularTest final : public Dialog, private RegularTestView {
  private:
   void OnInit() override;
   bool OnCommand(int controlId, int notification) override;
+  void OnClose() override;
   bool OnComboKey(WPARAM key);
 
   std::u16string PatternBox() const override;
   void SetPatternBox(const std::u16string& text, const std::vector<std::u16string>& list) override;
+  DialogPlace Place() const override;
+  void SetPlace(const DialogPlace& place) override;
 
   RegularTest* dialog_ = nullptr;
 };

@@ -65,6 +65,10 @@ void mnuFindNext(Workbench& workbench, FindState& state) {
   FindNext(workbench, state);
 }
 
+void mnuFindPrevious(Workbench& workbench, FindState& state) {
+  FindPrevious(workbench, state);
+}
+
 void mnufindall(Workbench& workbench, const FindState& state) {
   if (state.findText.empty()) {
     HighlightInEditor(workbench, {});
@@ -159,13 +163,16 @@ void mnuRegReplace(Workbench& workbench) {
 
 void RegisterSearchCommands(CommandTable& table, SearchDialogs& dialogs) {
   const auto session = std::make_shared<SearchSession>();
-  table.Add("mnuFind", {[session, &dialogs](Workbench& workbench) {
-              if (!session->findDialog) {
-                session->findDialog.emplace(workbench, session->state);
-              }
-              dialogs.ShowFind(*session->findDialog);
-            }});
+  const auto showFind = [session, &dialogs](Workbench& workbench, FindDialogFocus focus) {
+    if (!session->findDialog) {
+      session->findDialog.emplace(workbench, session->state);
+    }
+    dialogs.ShowFind(*session->findDialog, focus);
+  };
+  table.Add("mnuFind", {[showFind](Workbench& workbench) { showFind(workbench, FindDialogFocus::kFindText); }});
+  table.Add("mnuReplace", {[showFind](Workbench& workbench) { showFind(workbench, FindDialogFocus::kReplacement); }});
   table.Add("mnuFindNext", {[session](Workbench& workbench) { mnuFindNext(workbench, session->state); }});
+  table.Add("mnuFindPrevious", {[session](Workbench& workbench) { mnuFindPrevious(workbench, session->state); }});
   table.Add("mnufindall", {[session](Workbench& workbench) { mnufindall(workbench, session->state); }});
   table.Add("mnuGoToThis", {mnuGoToThis});
   table.Add("mnuFindInFile", {mnuFindInFile});

@@ -8,6 +8,7 @@
 namespace scrivanta {
 
 void mnuFindNext(Workbench& workbench, FindState& state);
+void mnuFindPrevious(Workbench& workbench, FindState& state);
 void mnufindall(Workbench& workbench, const FindState& state);
 void mnuGoToThis(Workbench& workbench);
 void mnuFindInFile(Workbench& workbench);

@@ -6,6 +6,9 @@ namespace scrivanta {
 class FindDialog;
 class RegularTest;
 
+// Which box of the find dialog the user is going to fill in.
+enum class FindDialogFocus { kFindText, kReplacement };
+
 class SearchDialogs {
  public:
   SearchDialogs() = default;
@@ -14,7 +17,7 @@ class SearchDialogs {
   virtual ~SearchDialogs() = default;
 
   // Both are modeless: shown, or brought to the front. The dialogs outlive their windows.
-  virtual void ShowFind(FindDialog& dialog) = 0;
+  virtual void ShowFind(FindDialog& dialog, FindDialogFocus focus) = 0;
   virtual void ShowRegularTest(RegularTest& dialog) = 0;
 };
 

@@ -56,7 +56,7 @@ OwnedMenu BuildMainMenu() {
     if (entry.level == MenuLevel::kBar) {
       popup = CreatePopupMenu();
       AppendMenuW(bar.get(), MF_POPUP, reinterpret_cast<UINT_PTR>(popup), ShownText(entry).c_str());
-    } else {
+    } else if (entry.level == MenuLevel::kEntry) {
       AppendMenuW(popup, entry.IsSeparator() ? MF_SEPARATOR : MF_STRING,
                   static_cast<UINT_PTR>(*MenuCommandId(entry.controlName)), ShownText(entry).c_str());
     }

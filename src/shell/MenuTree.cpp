@@ -91,6 +91,8 @@ constexpr auto kMenu = std::to_array<MenuEntry>({
     {"mnuOptions", u"&O 选项..."},
     {"mnuhelp", u"&H 帮助", MenuLevel::kBar},
     {"mnuHowToUse", u"How To Use", MenuLevel::kEntry, u"F1"},
+    {"mnuReplace", u"替换...", MenuLevel::kKeysOnly, u"Ctrl+H"},
+    {"mnuFindPrevious", u"查找上一个", MenuLevel::kKeysOnly, u"Shift+F3"},
 });
 
 }  // namespace

@@ -9,7 +9,11 @@ namespace scrivanta {
 
 inline constexpr int kFirstMenuCommandId = 40001;
 
-enum class MenuLevel { kBar, kEntry };
+enum class MenuLevel {
+  kBar,
+  kEntry,
+  kKeysOnly,  // not shown: the shortcut alone runs the command
+};
 
 struct MenuEntry {
   std::string_view controlName;
@@ -20,7 +24,7 @@ struct MenuEntry {
   bool IsSeparator() const noexcept { return caption == u"-"; }
 };
 
-// In the order of the menu: an entry of the bar is followed by the entries below it.
+// In the order of the menu: an entry of the bar is followed by the entries below it. At the end, those of keys only.
 std::span<const MenuEntry> MenuTree();
 
 // What the window is sent when the entry is chosen.

@@ -29,6 +29,8 @@ class RegistryStore {
       Write(section, key, value);
     }
   }
+  // The registry key of a section, from its root on; nothing when there is none.
+  virtual std::optional<std::u16string> KeyOf(std::u16string_view) const { return std::nullopt; }
 };
 
 }  // namespace scrivanta

@@ -26,4 +26,8 @@ SettingEntries ScrivantaRegistry::ReadAll(std::u16string_view section) const {
   return entries;
 }
 
+std::optional<std::u16string> ScrivantaRegistry::KeyOf(std::u16string_view section) const {
+  return u"HKEY_CURRENT_USER\\" + root_ + std::u16string(section);
+}
+
 }  // namespace scrivanta

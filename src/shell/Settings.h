@@ -35,6 +35,9 @@ class Settings {
                                              std::u16string_view section = kFormSection) const = 0;
   // All entries of a section, read in one pass: for lists of many entries, and for forms.
   virtual SettingEntries Entries(Store store = Store::kRegistry, std::u16string_view section = kFormSection) const = 0;
+  // Where a section of the registry-backed store stands in the registry, from its root on; nothing when this copy keeps
+  // it in the ini file.
+  virtual std::optional<std::u16string> RegistryKeyOf(std::u16string_view section) const = 0;
   // The empty text when the key is absent.
   std::u16string Get(std::u16string_view key, Store store = Store::kRegistry,
                      std::u16string_view section = kFormSection) const {

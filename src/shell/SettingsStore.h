@@ -20,6 +20,9 @@ class SettingsStore final : public Settings {
   std::optional<std::u16string> Find(std::u16string_view key, Store store = Store::kRegistry,
                                      std::u16string_view section = kFormSection) const override;
   SettingEntries Entries(Store store = Store::kRegistry, std::u16string_view section = kFormSection) const override;
+  std::optional<std::u16string> RegistryKeyOf(std::u16string_view section) const override {
+    return registry_.KeyOf(section);
+  }
 
   const IniFile& iniFile() const noexcept { return iniFile_; }
 

@@ -6,6 +6,29 @@
 
 namespace scrivanta {
 
+namespace {
+
+constexpr int kDotsPerInch = 96;  // of a screen that is not scaled
+constexpr int kTwipsPerInch = 1440;
+
+int SystemDotsPerInch() {
+  return static_cast<int>(GetDpiForSystem());
+}
+
+// The edit box inside a combo box, which gets its keys and lies under the mouse; null for other controls.
+HWND EditBoxOf(HWND control) {
+  COMBOBOXINFO combo{};
+  combo.cbSize = sizeof(combo);
+  return GetComboBoxInfo(control, &combo) != FALSE ? combo.hwndItem : nullptr;
+}
+
+HICON IconOf(HWND window, WPARAM size, int classIndex) {
+  const auto icon = reinterpret_cast<HICON>(SendMessageW(window, WM_GETICON, size, 0));
+  return icon != nullptr ? icon : reinterpret_cast<HICON>(GetClassLongPtrW(window, classIndex));
+}
+
+}  // namespace
+
 Dialog::~Dialog() {
   if (handle_ != nullptr) {
     const HWND window = handle_;
@@ -96,26 +119,33 @@ void Dialog::SetToolTip(int controlId, std::u16string_view text) {
   if (toolTips_ == nullptr) {
     toolTips_ = CreateWindowExW(WS_EX_TOPMOST, TOOLTIPS_CLASSW, nullptr, WS_POPUP | TTS_ALWAYSTIP, 0, 0, 0, 0, handle_,
                                 nullptr, host_.instance, nullptr);
-    constexpr LPARAM kWidestLine = 400;  // pixels; a longer tip is broken into lines
-    SendMessageW(toolTips_, TTM_SETMAXTIPWIDTH, 0, kWidestLine);
+    constexpr int kWidestLine = 400;  // pixels at 96 dots an inch; a longer tip is broken into lines
+    SendMessageW(toolTips_, TTM_SETMAXTIPWIDTH, 0, MulDiv(kWidestLine, SystemDotsPerInch(), kDotsPerInch));
   }
-  std::wstring tip = ToWide(text);
+  const HWND control = Control(controlId);
+  SetToolTipOf(control, ToWide(text));
+  if (const HWND inner = EditBoxOf(control)) {
+    SetToolTipOf(inner, ToWide(text));
+  }
+}
+
+void Dialog::SetToolTipOf(HWND window, std::wstring tip) {
   TTTOOLINFOW tool{};
   tool.cbSize = TTTOOLINFOW_V1_SIZE;
   tool.uFlags = TTF_IDISHWND | TTF_SUBCLASS;
   tool.hwnd = handle_;
-  tool.uId = reinterpret_cast<UINT_PTR>(Control(controlId));
+  tool.uId = reinterpret_cast<UINT_PTR>(window);
   tool.lpszText = tip.data();
-  SendMessageW(toolTips_, TTM_ADDTOOLW, 0, reinterpret_cast<LPARAM>(&tool));
+  SendMessageW(toolTips_, TTM_DELTOOLW, 0, reinterpret_cast<LPARAM>(&tool));
+  if (!tip.empty()) {
+    SendMessageW(toolTips_, TTM_ADDTOOLW, 0, reinterpret_cast<LPARAM>(&tool));
+  }
 }
 
 void Dialog::HookKeys(int controlId, KeyHandler handler) {
   HWND control = Control(controlId);
-  COMBOBOXINFO combo{};
-  combo.cbSize = sizeof(combo);
-  // The keys of a combo box go to the edit box inside.
-  if (GetComboBoxInfo(control, &combo) != FALSE && combo.hwndItem != nullptr) {
-    control = combo.hwndItem;
+  if (const HWND inner = EditBoxOf(control)) {
+    control = inner;
   }
   hooks_.push_back(std::make_unique<Subclass>(
       host_, control, [handler = std::move(handler)](UINT message, WPARAM key, LPARAM) -> std::optional<LRESULT> {
@@ -137,6 +167,23 @@ void Dialog::CentreOverOwner() {
   const LONG top = (around.top + around.bottom - own.bottom + own.top) / 2;
   OffsetRect(&own, left - own.left, top - own.top);
   const RECT kept = KeepOnScreen(own);
+  SetWindowPos(handle_, nullptr, kept.left, kept.top, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+POINT Dialog::CornerInTwips() const {
+  RECT bounds{};
+  GetWindowRect(handle_, &bounds);
+  const int dotsPerInch = SystemDotsPerInch();
+  return {MulDiv(bounds.left, kTwipsPerInch, dotsPerInch), MulDiv(bounds.top, kTwipsPerInch, dotsPerInch)};
+}
+
+void Dialog::MoveToTwips(POINT corner) {
+  RECT bounds{};
+  GetWindowRect(handle_, &bounds);
+  const int dotsPerInch = SystemDotsPerInch();
+  OffsetRect(&bounds, MulDiv(corner.x, dotsPerInch, kTwipsPerInch) - bounds.left,
+             MulDiv(corner.y, dotsPerInch, kTwipsPerInch) - bounds.top);
+  const RECT kept = KeepOnScreen(bounds);
   SetWindowPos(handle_, nullptr, kept.left, kept.top, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
@@ -163,6 +210,15 @@ void Dialog::Opened(HWND window) {
   host_.loop.AddDialog(window);
 }
 
+void Dialog::ShowOwnersIcon() {
+  if (const HWND owner = GetWindow(handle_, GW_OWNER)) {
+    const HICON icon = IconOf(owner, ICON_BIG, GCLP_HICON);
+    const HICON smallIcon = IconOf(owner, ICON_SMALL, GCLP_HICONSM);
+    SendMessageW(handle_, WM_SETICON, ICON_BIG, reinterpret_cast<LPARAM>(icon));
+    SendMessageW(handle_, WM_SETICON, ICON_SMALL, reinterpret_cast<LPARAM>(smallIcon != nullptr ? smallIcon : icon));
+  }
+}
+
 void Dialog::Closed() {
   host_.loop.RemoveDialog(handle_);
   hooks_.clear();
@@ -174,6 +230,7 @@ void Dialog::Closed() {
 INT_PTR Dialog::Handle(UINT message, WPARAM wParam, LPARAM lParam) {
   switch (message) {
     case WM_INITDIALOG:
+      ShowOwnersIcon();
       CentreOverOwner();
       OnInit();
       return focusOn_ ? FALSE : TRUE;
@@ -194,7 +251,12 @@ INT_PTR Dialog::Handle(UINT message, WPARAM wParam, LPARAM lParam) {
       }
       break;
     case WM_DESTROY:
-      OnClose();
+      try {
+        OnClose();
+      } catch (...) {
+        Closed();
+        throw;
+      }
       Closed();
       return TRUE;
     default:

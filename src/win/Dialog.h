@@ -57,7 +57,7 @@ class Dialog {
   void EnableControl(int controlId, bool enable);
   void FocusOn(int controlId);
 
-  // The tip shown while the mouse rests on a control.
+  // The tip shown while the mouse rests on a control, in place of the one it had; none when it is empty.
   void SetToolTip(int controlId, std::u16string_view text);
   // Keys pressed in a control (in the edit box of a combo box) come here first; true swallows the key.
   using KeyHandler = std::function<bool(WPARAM key)>;
@@ -67,6 +67,10 @@ class Dialog {
   void SetTopMost(bool topMost);
   // Centres the dialog over its owner and keeps it on the screen.
   void CentreOverOwner();
+  // The upper left corner of the window on the desktop, in twips (1440 an inch).
+  POINT CornerInTwips() const;
+  // Moves the corner there, or as near as the whole window stays on a screen.
+  void MoveToTwips(POINT corner);
 
   WindowHost& host() const noexcept { return host_; }
 
@@ -74,6 +78,8 @@ class Dialog {
   static INT_PTR CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
   INT_PTR Handle(UINT message, WPARAM wParam, LPARAM lParam);
   void Opened(HWND window);
+  void ShowOwnersIcon();
+  void SetToolTipOf(HWND window, std::wstring tip);
   void Closed();
 
   WindowHost& host_;

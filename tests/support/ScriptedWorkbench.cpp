@@ -180,6 +180,10 @@ std::optional<std::u16string> MapSettings::Find(std::u16string_view key, Store s
   return found == values.end() ? std::nullopt : std::optional(found->second);
 }
 
+std::optional<std::u16string> MapSettings::RegistryKeyOf(std::u16string_view section) const {
+  return inRegistry ? std::optional(u"HKEY\\" + std::u16string(section)) : std::nullopt;
+}
+
 bool ScriptedDocument::OfferToSave() {
   ++offers;
   return offerAnswer;

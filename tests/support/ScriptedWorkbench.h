@@ -89,8 +89,10 @@ class MapSettings final : public Settings {
   void SaveAll(const SettingEntries& entries, Store store, std::u16string_view section) override;
   std::optional<std::u16string> Find(std::u16string_view key, Store store, std::u16string_view section) const override;
   SettingEntries Entries(Store store, std::u16string_view section) const override;
+  std::optional<std::u16string> RegistryKeyOf(std::u16string_view section) const override;
 
   std::map<Key, std::u16string> values;
+  bool inRegistry = true;
 };
 
 class ManualClock final : public Clock {

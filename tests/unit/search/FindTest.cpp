@@ -1,6 +1,9 @@
 #include <gtest/gtest.h>
 
 #include "search/ComboHistory.h"
+#include "search/FileReplace.h"
+#include "search/FileSearch.h"
+#include "search/FileText.h"
 #include "search/FindDialog.h"
 #include "search/FindNext.h"
 #include "search/FindTokens.h"
@@ -99,6 +102,8 @@ class ScriptedFindView final : public FindView {
   std::u16string DropBox() const override { return drop; }
   void SetDropBox(const std::u16string& text) override { drop = text; }
   void SetReplaceTip(const std::u16string& text) override { tip = text; }
+  DialogPlace Place() const override { return place; }
+  void SetPlace(const DialogPlace& newPlace) override { place = newPlace; }
 
   std::u16string find;
   std::u16string replace;
@@ -110,6 +115,7 @@ class ScriptedFindView final : public FindView {
   bool keepsFormatting = false;
   std::u16string drop;
   std::u16string tip;
+  DialogPlace place;
 };
 
 class FindDialogTest : public ::testing::Test {
@@ -143,6 +149,60 @@ TEST_F(FindDialogTest, OpensWithTheSelectionAndBothTokensInTheHistories) {
   EXPECT_EQ(workbench.editor().Selection(), (TextRange{{1}, 3}));
 }
 
+TEST_F(FindDialogTest, KeepsWhatIsEnteredWhenItIsAskedForAgain) {
+  workbench.editor().Open(u"a1 b2", {});
+  dialog.Open(view);
+  Fill(u"\\d", u"new", true);
+  dialog.TakeOptions(view);
+  dialog.Drop(view, {"list.txt"}, false);
+  dialog.FindNext(view);
+  EXPECT_EQ(workbench.editor().SelectedText(), u"1");
+  dialog.Reopen(view);
+  EXPECT_EQ(view.find, u"\\d") << "a match does not take its pattern's place";
+  EXPECT_EQ(view.replace, u"new");
+  EXPECT_EQ(view.drop, u"``list.txt");
+  workbench.editor().SetSelection({{3}, 2});
+  dialog.Reopen(view);
+  EXPECT_EQ(view.find, u"b2");
+  EXPECT_TRUE(view.regExp);
+  workbench.editor().Open(std::u16string(20'000, u'x'), {{0}, 20'000});
+  dialog.Reopen(view);
+  EXPECT_EQ(view.find, u"b2");
+
+  view.place = {-30, 450};
+  dialog.Close(view);
+  view.place = {};
+  dialog.Open(view);
+  EXPECT_EQ(view.place, (DialogPlace{-30, 450}));
+}
+
+TEST_F(FindDialogTest, FindsTheOtherWayWithoutChangingTheDirection) {
+  workbench.editor().Open(u"x x x", {});
+  Fill(u"x", u"");
+  for (const std::size_t start : {0U, 2U, 4U}) {
+    dialog.FindNext(view);
+    EXPECT_EQ(workbench.editor().Selection(), (TextRange{{start}, 1}));
+  }
+  dialog.FindPrevious(view);
+  EXPECT_EQ(workbench.editor().Selection(), (TextRange{{2}, 1}));
+  EXPECT_FALSE(state.searchesUp);
+  dialog.FindNext(view);
+  EXPECT_EQ(workbench.editor().Selection(), (TextRange{{4}, 1}));
+}
+
+TEST_F(FindDialogTest, ShowsTheHistoriesWhereTheyAreKept) {
+  std::u16string shown;
+  const auto pointAt = [&shown](const std::u16string& key) { shown = key; };
+  dialog.ShowStoredHistories(pointAt);
+  EXPECT_EQ(shown, u"HKEY\\FormSaveSetting");
+  ASSERT_EQ(workbench.shell().runs.size(), 1U);
+  EXPECT_EQ(workbench.shell().runs[0].first, u"REGEDIT.EXE");
+  workbench.settings().inRegistry = false;
+  dialog.ShowStoredHistories(pointAt);
+  EXPECT_EQ(workbench.shell().runs.size(), 1U);
+  EXPECT_EQ(workbench.shell().opened, std::vector{workbench.folders().iniFile});
+}
+
 TEST_F(FindDialogTest, ReplacesOnlyASelectionThatIsAMatch) {
   workbench.editor().Open(u"aab", {{0}, 2});
   Fill(u"a", u"xax");
@@ -158,6 +218,15 @@ TEST_F(FindDialogTest, ReplacesOnlyASelectionThatIsAMatch) {
   Fill(u"(k)(\\d)(?==)", u"\\2\\1", true);
   dialog.Replace(view);
   EXPECT_EQ(workbench.editor().Text(), u"1k=v");
+  // An empty match is replaced where it has been found.
+  workbench.editor().Open(u"a\r\nb", {});
+  Fill(u"^", u"> ", true);
+  dialog.Replace(view);
+  dialog.Replace(view);
+  EXPECT_EQ(workbench.editor().Selection(), (TextRange{{3}, 0}));
+  EXPECT_EQ(workbench.editor().Text(), u"a\r\nb");
+  dialog.Replace(view);
+  EXPECT_EQ(workbench.editor().Text(), u"a\r\n> b");
 }
 
 TEST_F(FindDialogTest, ReplacesAll) {
@@ -215,6 +284,11 @@ TEST_F(FindDialogTest, FiltersMatchingLinesToTheTop) {
   Fill(u"^.*[bc].*$", u"", true);
   dialog.Filter(view);
   EXPECT_EQ(workbench.editor().Text(), u"b\r\nc\r\na.x\r\na.y");
+  // The end of the text stays as it is.
+  workbench.editor().Open(u"x\r\n\r\ny|\r\n");
+  Fill(u"|", u"");
+  dialog.Filter(view);
+  EXPECT_EQ(workbench.editor().Text(), u"y|\r\nx\r\n\r\n");
 }
 
 TEST_F(FindDialogTest, FindsAllInRedBold) {
@@ -258,6 +332,49 @@ TEST_F(FindDialogTest, SearchesAndReplacesInFiles) {
   EXPECT_EQ(ReadWholeFile(has), "x\ngone gone `` me\n");
   EXPECT_EQ(ReadWholeFile(gbk), "\xD6\xD0\r\ngone");
   EXPECT_EQ(ReadWholeFile(folder.path() / "e.log"), "find");
+}
+
+TEST(FileSearch, ReportsWhatItCannotSearchAndPassesBinariesOver) {
+  testing::TemporaryFolder folder;
+  // Of both only the beginnings take room on the disk; what follows is NULs.
+  std::filesystem::resize_file(folder.Put("film.txt", "find"), kLargestFileText + 1);
+  const auto huge = folder.Put("huge.txt", std::string(70'000, 'x'));
+  std::filesystem::resize_file(huge, kLargestFileText + 1);
+  const auto large = folder.Put("large.txt", std::string(70'000, 'x') + "\nfind");
+  std::filesystem::create_symlink(folder.path() / "gone.txt", folder.path() / "broken.txt");
+  const auto longLine = folder.Put("line.txt", "first\n" + std::string(500, 'a') + "find" + std::string(500, 'b'));
+  NoProgress progress;
+  const FindState state{.findText = u"find"};
+  const FileSearchResult result = SearchFiles({folder.path(), folder.path() / "missing"}, FileFilter(u"*.TXT ; *.rtf"),
+                                              state, BuiltInRegExpEngine(), progress);
+  EXPECT_EQ(result.binaryFiles, 1U);
+  ASSERT_EQ(result.have.size(), 2U);
+  EXPECT_EQ(result.have[0].path, large);
+  EXPECT_EQ(result.have[1].line, u"…" + std::u16string(100, u'a') + u"find" + std::u16string(96, u'b'));
+  EXPECT_EQ(result.have[1].lineNumber, 2U);
+  ASSERT_EQ(result.failures.size(), 2U);
+  EXPECT_EQ(result.failures[0].path, huge);
+  EXPECT_EQ(result.failures[0].reason, u"文件超过256MB，太大");
+  EXPECT_EQ(result.failures[1].path, folder.path() / "missing");
+  EXPECT_EQ(result.failures[1].reason, u"文件不存在");
+}
+
+TEST(FileReplace, TellsWhatIsDoneWhenItIsStopped) {
+  testing::TemporaryFolder folder;
+  const std::vector files = {folder.Put("1.txt", "a"), folder.Put("2.txt", "a"), folder.Put("3.txt", "a")};
+  class StopsAfterTheFirst final : public Progress {
+    void Report(std::uint64_t done, std::uint64_t) override {
+      if (done == 1) {
+        throw Interrupted();
+      }
+    }
+  } progress;
+  const FindState state{.findText = u"a", .replacement = u"b"};
+  const FileReplaceOutcome outcome = ReplaceInFiles(files, state, BuiltInRegExpEngine(), progress);
+  EXPECT_EQ(outcome.changedFiles, 1U);
+  EXPECT_EQ(outcome.untouchedFiles, 2U);
+  EXPECT_EQ(ReadWholeFile(files[0]), "b");
+  EXPECT_EQ(ReadWholeFile(files[1]), "a");
 }
 
 TEST(ComboHistory, KeepsTheLastFirst) {

@@ -14,6 +14,8 @@ class ScriptedView final : public RegularTestView {
     pattern = text;
     list = items;
   }
+  DialogPlace Place() const override { return {}; }
+  void SetPlace(const DialogPlace&) override {}
 
   std::u16string pattern;
   std::vector<std::u16string> list;

@@ -1,0 +1,39 @@
+#include "shell/DialogPlace.h"
+
+#include <algorithm>
+#include <string>
+
+#include "shell/FormState.h"
+#include "text/Numbers.h"
+
+namespace scrivanta {
+
+namespace {
+
+constexpr std::u16string_view kLeft = u"Left";
+constexpr std::u16string_view kTop = u"Top";
+constexpr long long kFarthest = 1'000'000;  // twips: some 17 metres
+
+int Twips(std::u16string_view text) {
+  return static_cast<int>(std::clamp(LeadingWholeNumber(text), -kFarthest, kFarthest));
+}
+
+std::u16string NumberText(int number) {
+  const std::string digits = std::to_string(number);
+  return {digits.begin(), digits.end()};
+}
+
+}  // namespace
+
+std::optional<DialogPlace> ReadDialogPlace(const Settings& settings, std::u16string_view form) {
+  const auto left = settings.Find(FormKey(form, kLeft));
+  const auto top = settings.Find(FormKey(form, kTop));
+  return left && top ? std::optional(DialogPlace{Twips(*left), Twips(*top)}) : std::nullopt;
+}
+
+void SaveDialogPlace(Settings& settings, std::u16string_view form, const DialogPlace& place) {
+  settings.Save(FormKey(form, kLeft), NumberText(place.left));
+  settings.Save(FormKey(form, kTop), NumberText(place.top));
+}
+
+}  // namespace scrivanta
