@@ -57,6 +57,7 @@ struct BatchCommand {
 
 std::vector<BatchCommand> LineBatchCommands();
 std::vector<BatchCommand> RegExpBatchCommands();
+std::vector<BatchCommand> FileBatchCommands();
 std::vector<BatchCommand> CipherBatchCommands();
 
 // All of them, in the order of the help.

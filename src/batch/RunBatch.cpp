@@ -112,7 +112,7 @@ int RunReportingFailure(const ConfiguredCommand& command, const BatchStreams& st
 
 std::vector<BatchCommand> BatchCommands() {
   std::vector<BatchCommand> all;
-  for (auto list : {LineBatchCommands(), RegExpBatchCommands(), CipherBatchCommands()}) {
+  for (auto list : {LineBatchCommands(), RegExpBatchCommands(), FileBatchCommands(), CipherBatchCommands()}) {
     std::move(list.begin(), list.end(), std::back_inserter(all));
   }
   return all;
