@@ -10,16 +10,20 @@
 namespace scrivanta {
 namespace {
 
-// Up to here a rebuild of plain text is undone edit by edit, which the control does faster than loading a large text.
-constexpr std::size_t kMostUnits = 20'000;
-constexpr std::size_t kMostEdits = 200;
-
-bool IsSmall(const UndoPart& part) {
-  std::size_t units = 0;
-  for (const ControlEdit& edit : part.edits) {
-    units += edit.removed.size() + edit.inserted.size();
+void Make(std::span<const ControlEdit> edits, ShadowText& text) {
+  for (const ControlEdit& edit : edits) {
+    text.Replace(edit.removedRange(), edit.inserted);
   }
-  return units <= kMostUnits && part.edits.size() <= kMostEdits;
+}
+
+// The edits that undo these.
+std::vector<ControlEdit> Reversed(std::span<const ControlEdit> edits) {
+  std::vector<ControlEdit> reversed;
+  reversed.reserve(edits.size());
+  for (const ControlEdit& edit : edits | std::views::reverse) {
+    reversed.push_back(Reversed(edit));
+  }
+  return reversed;
 }
 
 UndoElement Entry(const ShadowText& text, ControlRange selection) {
@@ -54,21 +58,20 @@ bool DocumentHistory::NoteChange(const ControlView& control, Time now) {
   if (edit.empty()) {
     return false;
   }
-  TakeUp(edit);
+  TakeUp({&edit, 1});
   history_.Record(std::move(edit), before, selection_, now);
   return true;
 }
 
 void DocumentHistory::NoteRebuild(const ControlView& control, RichText before) {
-  UndoPart part;
-  part.before = std::move(before);
+  std::vector<ControlEdit> edits;
   ControlEdit edit = FindEditByWholeText(text_, control);
   if (!edit.empty()) {
-    TakeUp(edit);
-    part.edits = SplitByLines(std::move(edit));
+    TakeUp({&edit, 1});
+    edits = SplitByLines(std::move(edit));
   }
   const ControlRange selectionBefore = std::exchange(selection_, control.Selection());
-  history_.RecordRebuild(std::move(part), selectionBefore, selection_);
+  history_.RecordRebuild(std::move(edits), std::move(before), selectionBefore, selection_);
 }
 
 void DocumentHistory::BeginCommand(const ControlView& control) {
@@ -85,15 +88,22 @@ bool DocumentHistory::Undo(UndoTarget& target) {
   if (!canUndo()) {
     return false;
   }
-  const std::vector<ControlEdit>& edits = history_.done().back().parts.back().edits;
-  CatchUp(target, edits.empty() ? ControlRange{} : edits.back().insertedRange());
+  const std::vector<ControlEdit>& lastEdits = history_.done().back().edits;
+  CatchUp(target, lastEdits.empty() ? ControlRange{} : lastEdits.back().insertedRange());
   const UndoStep& step = history_.done().back();
-  for (std::size_t part = step.parts.size(); part-- > 0;) {
-    if (step.parts[part].rebuilds) {
-      history_.KeepAfter(part, target.Capture());
-    }
-    Replay(target, step.parts[part], Direction::kBack);
+  if (step.rebuilds) {
+    history_.KeepAfter(target.Capture());
   }
+  std::vector<ControlEdit> edits = Reversed(step.edits);
+  std::span<const ControlEdit> rest = edits;
+  if (step.before) {
+    const std::size_t rebuilt = edits.size() - step.editsBefore;
+    Rebuild(target, step.before, rest.first(rebuilt));
+    rest = rest.subspan(rebuilt);
+  } else if (step.after) {
+    Rebuild(target, nullptr, std::exchange(rest, {}));
+  }
+  Replay(target, rest);
   target.Select(step.selectionBefore);
   selection_ = target.Selection();
   history_.MoveToUndone();
@@ -104,17 +114,19 @@ bool DocumentHistory::Redo(UndoTarget& target) {
   if (!canRedo()) {
     return false;
   }
-  const std::vector<ControlEdit>& edits = history_.undone().back().parts.front().edits;
-  CatchUp(target, edits.empty() ? ControlRange{} : edits.front().removedRange());
+  const std::vector<ControlEdit>& firstEdits = history_.undone().back().edits;
+  CatchUp(target, firstEdits.empty() ? ControlRange{} : firstEdits.front().removedRange());
   if (!canRedo()) {  // what was caught up on is a new change
     return false;
   }
   const UndoStep& step = history_.undone().back();
-  for (std::size_t part = 0; part < step.parts.size(); ++part) {
-    if (step.parts[part].rebuilds) {
-      history_.KeepBefore(part, target.Capture());
-    }
-    Replay(target, step.parts[part], Direction::kForth);
+  if (step.rebuilds) {
+    history_.KeepBefore(target.Capture());
+  }
+  if (step.before || step.after) {
+    Rebuild(target, step.after, step.edits);
+  } else {
+    Replay(target, step.edits);
   }
   target.Select(step.selectionAfter);
   selection_ = target.Selection();
@@ -128,7 +140,7 @@ void DocumentHistory::CatchUp(const ControlView& control, ControlRange place) {
   if (!LooksTheSame(text_, control, place)) {
     ControlEdit edit = FindEditByWholeText(text_, control);
     if (!edit.empty()) {
-      TakeUp(edit);
+      TakeUp({&edit, 1});
       const ControlRange selectionBefore = std::exchange(selection_, control.Selection());
       history_.Record(std::move(edit), selectionBefore, selection_, {});
       history_.Seal();
@@ -136,43 +148,32 @@ void DocumentHistory::CatchUp(const ControlView& control, ControlRange place) {
   }
 }
 
-void DocumentHistory::Replay(UndoTarget& target, const UndoPart& part, Direction direction) {
-  const bool rebuild = part.rebuilds && (part.before || part.after || !IsSmall(part));
-  const auto apply = [&](const ControlEdit& edit) {
-    if (!rebuild) {
-      target.Replace(edit);
-    }
-    TakeUp(edit);
-  };
-  if (direction == Direction::kForth) {
-    std::ranges::for_each(part.edits, apply);
-  } else {
-    for (const ControlEdit& edit : std::views::reverse(part.edits)) {
-      apply(Reversed(edit));
-    }
-  }
-  if (rebuild) {
-    Rebuild(target, direction == Direction::kForth ? part.after : part.before);
-  }
+void DocumentHistory::TakeUp(std::span<const ControlEdit> edits) {
+  Make(edits, text_);
+}
+
+void DocumentHistory::Replay(UndoTarget& target, std::span<const ControlEdit> edits) {
+  target.Replace(edits);
+  TakeUp(edits);
 }
 
 // Rich text can come back with a line break more at its end than it went out with.
-void DocumentHistory::Rebuild(UndoTarget& target, const RichText& richText) {
-  target.Rebuild(richText, text_.Text());
+void DocumentHistory::Rebuild(UndoTarget& target, const RichText& richText, std::span<const ControlEdit> edits) {
+  ShadowText text = text_;  // the known text stays as it is until the control has changed
+  Make(edits, text);
+  target.Rebuild(richText, text.Text());
+  text_ = std::move(text);
   const ControlEdit wrong = FindEditByWholeText(text_, target);
   if (!wrong.empty()) {
-    target.Replace(Reversed(wrong));
+    const ControlEdit right = Reversed(wrong);
+    target.Replace({&right, 1});
   }
 }
 
 UndoElement DocumentHistory::UndoEntry(std::size_t index) const {
   ShadowText text = text_;
   for (const UndoStep& step : history_.done() | std::views::drop(index) | std::views::reverse) {
-    for (const UndoPart& part : step.parts | std::views::reverse) {
-      for (const ControlEdit& edit : part.edits | std::views::reverse) {
-        text.Replace(edit.insertedRange(), edit.removed);
-      }
-    }
+    Make(Reversed(step.edits), text);
   }
   return Entry(text, index == 0 ? history_.startSelection() : history_.done()[index - 1].selectionAfter);
 }
@@ -180,11 +181,7 @@ UndoElement DocumentHistory::UndoEntry(std::size_t index) const {
 UndoElement DocumentHistory::RedoEntry(std::size_t index) const {
   ShadowText text = text_;
   for (const UndoStep& step : history_.undone() | std::views::drop(index) | std::views::reverse) {
-    for (const UndoPart& part : step.parts) {
-      for (const ControlEdit& edit : part.edits) {
-        text.Replace(edit.removedRange(), edit.inserted);
-      }
-    }
+    Make(step.edits, text);
   }
   return Entry(text, history_.undone()[index].selectionAfter);
 }

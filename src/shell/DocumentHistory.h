@@ -3,7 +3,7 @@
 #pragma once
 
 #include <cstddef>
-#include <optional>
+#include <span>
 #include <string>
 
 #include "shell/ControlEdit.h"
@@ -13,11 +13,13 @@
 
 namespace scrivanta {
 
-// The control as undoing changes it. What these do is not recorded: nobody tells the history of it.
+// The control as undoing changes it. What these do is not recorded: nobody tells the history of it. The first and the
+// third may throw Interrupted, and have changed nothing then; the first does not when the text has formatting of its
+// own.
 class UndoTarget : public ControlView {
  public:
-  // Replaces removedRange() by what is inserted; the formatting of the rest stays.
-  virtual void Replace(const ControlEdit& edit) = 0;
+  // Makes the edits one after the other; the formatting of the rest stays.
+  virtual void Replace(std::span<const ControlEdit> edits) = 0;
   // The whole as rich text; null when the text has no formatting of its own.
   virtual RichText Capture() const = 0;
   // Replaces the whole: by the rich text, or by the document text without formatting when there is none. The view stays
@@ -51,7 +53,8 @@ class DocumentHistory {
   void Allow(bool allowed) { allowed_ = allowed; }
   bool canUndo() const noexcept { return allowed_ && history_.undoCount() >= 2; }
   bool canRedo() const noexcept { return allowed_ && history_.redoCount() >= 1; }
-  // Return whether they did something. They select what was selected before the change, or after it.
+  // Return whether they did something. They select what was selected before the change, or after it. When they throw
+  // Interrupted, control and history are as they were.
   bool Undo(UndoTarget& target);
   bool Redo(UndoTarget& target);
 
@@ -63,11 +66,10 @@ class DocumentHistory {
   const UndoHistory& history() const noexcept { return history_; }
 
  private:
-  void TakeUp(const ControlEdit& edit) { text_.Replace(edit.removedRange(), edit.inserted); }
+  void TakeUp(std::span<const ControlEdit> edits);
   void CatchUp(const ControlView& control, ControlRange place);
-  enum class Direction { kBack, kForth };
-  void Replay(UndoTarget& target, const UndoPart& part, Direction direction);
-  void Rebuild(UndoTarget& target, const RichText& richText);
+  void Replay(UndoTarget& target, std::span<const ControlEdit> edits);
+  void Rebuild(UndoTarget& target, const RichText& richText, std::span<const ControlEdit> edits);
 
   ShadowText text_;
   UndoHistory history_;

@@ -77,7 +77,8 @@ FrmMain::FrmMain(WindowHost& host, Folders folders, Settings& settings, const Re
       taskbarCreated_(RegisterWindowMessageW(L"TaskbarCreated")),
       folders_(std::move(folders)),
       prompts_(host, [this] { return PromptOwner(); }),
-      editor_({[this] { HandleEditorChange(); }, [this] { HandleEditorSelection(); }}),
+      editor_({[this] { HandleEditorChange(); }, [this] { HandleEditorSelection(); }},
+              {[this] { return StartWork(); }, [this] { TakeUpEditBox(); }}),
       busy_(host, bars_) {}
 
 void FrmMain::Open(std::u16string_view commandLine) {
@@ -196,14 +197,19 @@ void FrmMain::MakeControls() {
   CreateWindowExW(0, L"BUTTON", L"", WS_CHILD, 0, 0, 0, 0, handle(),
                   reinterpret_cast<HMENU>(static_cast<INT_PTR>(cmdDummy)), nullptr, nullptr);
   RefreshLook(GetDpiForWindow(handle()));
-  busy_.SetWindows(handle(), editor_.box());
+  busy_.SetMainWindow(handle());
+  TakeUpEditBox();
+  DragAcceptFiles(handle(), TRUE);
+}
+
+void FrmMain::TakeUpEditBox() {
+  busy_.SetEditBox(editor_.box());
   editBoxKeys_.emplace(host(), editor_.box(), [this](UINT message, WPARAM wParam, LPARAM lParam) {
     return OnEditBoxMessage(message, wParam, lParam);
   });
   // The control would put a dropped file into the text.
   RevokeDragDrop(editor_.box());
   DragAcceptFiles(editor_.box(), TRUE);
-  DragAcceptFiles(handle(), TRUE);
 }
 
 void FrmMain::RefreshLook(UINT dotsPerInch) {
@@ -212,7 +218,7 @@ void FrmMain::RefreshLook(UINT dotsPerInch) {
 }
 
 void FrmMain::TellControls(UINT message, WPARAM wParam, LPARAM lParam) const {
-  for (const HWND control : {editor_.box(), editor_.workingBox(), bars_.statusBar(), bars_.progressBar()}) {
+  for (const HWND control : {editor_.box(), bars_.statusBar(), bars_.progressBar()}) {
     SendMessageW(control, message, wParam, lParam);
   }
 }
@@ -279,8 +285,8 @@ std::optional<LRESULT> FrmMain::OnEditBoxMessage(UINT message, WPARAM wParam, LP
       return std::nullopt;
     case WM_KEYDOWN:
       return OnEditBoxKey(wParam) ? std::optional<LRESULT>(0) : std::nullopt;
-    case WM_DROPFILES:
-      OnDrop(reinterpret_cast<HDROP>(wParam));
+    case WM_DROPFILES:  // not opened from here, for the document that is opened takes the box away
+      PostMessageW(handle(), message, wParam, 0);
       return 0;
     case WM_SETCURSOR:
       return busy_.hasHourglass() ? std::optional<LRESULT>(SendMessageW(handle(), WM_SETCURSOR, wParam, 0))
@@ -416,7 +422,6 @@ void FrmMain::LayOut() {
   const auto layout = LayOutMainWindow(PixelsToTwips(inner.right, dpi), PixelsToTwips(inner.bottom, dpi));
   if (layout) {
     Place(editor_.box(), layout->editBox, dpi);
-    Place(editor_.workingBox(), layout->editBox, dpi);
     Place(bars_.progressBar(), layout->progressBar, dpi);
   }
 }

@@ -79,6 +79,7 @@ class FrmMain final : public Window, public Workbench, public MainWindow, privat
   void ShowProgressBar(std::optional<int> percent) override { bars_.ShowProgress(percent); }
 
   void MakeControls();
+  void TakeUpEditBox();
   // Colours, fonts or the resolution of the screen are others now.
   void RefreshLook(UINT dotsPerInch);
   void TellControls(UINT message, WPARAM wParam, LPARAM lParam) const;

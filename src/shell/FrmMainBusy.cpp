@@ -1,5 +1,6 @@
 #include "shell/FrmMainBusy.h"
 
+#include <algorithm>
 #include <string>
 
 namespace scrivanta {
@@ -16,8 +17,11 @@ std::u16string PercentText(int percent) {
 FrmMainBusy::FrmMainBusy(WindowHost& host, FrmMainBars& bars)
     : host_(host), bars_(bars), interrupt_(host, [this] { RequestStop(); }) {}
 
-void FrmMainBusy::SetWindows(HWND mainWindow, HWND editBox) {
-  mainWindow_ = mainWindow;
+void FrmMainBusy::SetEditBox(HWND editBox) {
+  std::ranges::replace(disabled_, editBox_, editBox);
+  if (focus_ == editBox_) {
+    focus_ = editBox;
+  }
   editBox_ = editBox;
 }
 

@@ -16,8 +16,9 @@ class FrmMainBusy final : public BusyScreen {
  public:
   FrmMainBusy(WindowHost& host, FrmMainBars& bars);
 
-  // The window whose menu is disabled and the edit box in it.
-  void SetWindows(HWND mainWindow, HWND editBox);
+  // The window whose menu is disabled, and the edit box in it, which may become another one while the window is locked.
+  void SetMainWindow(HWND mainWindow) { mainWindow_ = mainWindow; }
+  void SetEditBox(HWND editBox);
   bool hasHourglass() const noexcept { return hourglass_; }
   void RequestStop() noexcept { stopRequested_ = true; }
 

@@ -2,7 +2,9 @@
 
 #include <algorithm>
 #include <limits>
-#include <memory>
+#include <utility>
+
+#include "shell/FrmMainControls.h"
 
 namespace scrivanta {
 
@@ -12,16 +14,26 @@ LONG Clip(std::size_t position) {
   return static_cast<LONG>(std::min<std::size_t>(position, std::numeric_limits<LONG>::max()));
 }
 
-// The control loads the whole in time linear in its length, and needs for every line break that comes or goes a time
-// that grows with the square of their number. The constant is measured.
-bool IsFasterAsWhole(std::size_t changedBreaks, std::size_t breaks, std::size_t length) {
-  constexpr double kUnitsLoadedInTheTime = 1e-5;
-  const auto count = static_cast<double>(breaks);
-  return static_cast<double>(changedBreaks) * count * count * kUnitsLoadedInTheTime > static_cast<double>(length);
-}
-
 std::size_t BreaksIn(std::u16string_view text) {
   return static_cast<std::size_t>(std::ranges::count(text, u'\r'));
+}
+
+// Whether a new control is filled with the whole before the control there is has made the edits. That one needs for an
+// edit a time that grows with the number of line breaks, for a break that goes the square of it, and for one that comes
+// a tenth of that. The constants are measured, in the time of loading a unit.
+bool IsFasterAsWhole(std::span<const ControlEdit> edits, std::size_t breaks, std::size_t length) {
+  constexpr double kOfBreakPerBreakSquared = 7e-6;
+  constexpr double kOfEditPerBreak = 0.12;
+  constexpr double kOfCreation = 4000;
+  const auto count = static_cast<double>(breaks);
+  double time = 0;
+  for (const ControlEdit& edit : edits) {
+    const auto going = static_cast<double>(BreaksIn(edit.removed));
+    const auto coming = static_cast<double>(BreaksIn(edit.inserted));
+    time += (going + coming / 10) * count * count * kOfBreakPerBreakSquared;
+    time += count * kOfEditPerBreak + static_cast<double>(edit.inserted.size());
+  }
+  return time > static_cast<double>(length) + kOfCreation;
 }
 
 }  // namespace
@@ -43,25 +55,32 @@ std::u16string FrmMainControl::Read(ControlRange range) const {
   return start == 0 && end == length ? box_.Text() : box_.Text({Clip(start), Clip(end)});
 }
 
-void FrmMainControl::Replace(const ControlEdit& edit) {
-  const std::size_t changedBreaks = BreaksIn(edit.removed) + BreaksIn(edit.inserted);
-  if (!hasFormatting_ && IsFasterAsWhole(changedBreaks, box_.LineCount(), Length())) {
-    ReplaceWhole(edit);
+void FrmMainControl::Replace(std::span<const ControlEdit> edits) {
+  if (edits.empty()) {
+    return;
+  }
+  if (!hasFormatting_ && IsFasterAsWhole(edits, box_.LineCount(), Length())) {
+    ReplaceWhole(edits);
     return;
   }
   const QuietRichEdit quiet(box_);
-  box_.Select(ToPlatform(edit.removedRange()));
-  box_.ReplaceSelection(edit.inserted);
+  for (const ControlEdit& edit : edits) {
+    box_.Select(ToPlatform(edit.removedRange()));
+    box_.ReplaceSelection(edit.inserted);
+  }
 }
 
-void FrmMainControl::ReplaceWhole(const ControlEdit& edit) {
-  std::u16string text = box_.Text();
-  text.replace(edit.start.value, edit.removed.size(), edit.inserted);
-  const POINT scrolledTo = box_.ScrollPosition();
-  const QuietRichEdit quiet(box_);
-  box_.LoadText(text);
-  box_.Select(ToPlatform({edit.insertedRange().end(), 0}));
-  box_.SetScrollPosition(scrolledTo);
+void FrmMainControl::ReplaceWhole(std::span<const ControlEdit> edits) {
+  ShadowText text;
+  text.Replace({}, box_.Text());
+  for (const ControlEdit& edit : edits) {
+    text.Replace(edit.removedRange(), edit.inserted);
+  }
+  FreshRichEdit fresh(box_, RichTextBox0);
+  Fill(fresh, text.ControlText({{0}, text.length()}));
+  fresh.box().Select(ToPlatform({edits.back().insertedRange().end(), 0}));
+  fresh.box().SetScrollPosition(box_.ScrollPosition());
+  Show(fresh, false);
 }
 
 RichText FrmMainControl::Capture() const {
@@ -69,15 +88,14 @@ RichText FrmMainControl::Capture() const {
 }
 
 void FrmMainControl::Rebuild(const RichText& richText, std::u16string_view documentText) {
-  const POINT scrolledTo = box_.ScrollPosition();
-  const QuietRichEdit quiet(box_);
+  FreshRichEdit fresh(box_, RichTextBox0);
   if (richText) {
-    box_.LoadRtf(*richText);
+    FillByRtf(fresh, *richText);
   } else {
-    box_.LoadText(ToControlText(documentText));
+    Fill(fresh, ToControlText(documentText));
   }
-  hasFormatting_ = richText != nullptr;
-  box_.SetScrollPosition(scrolledTo);
+  fresh.box().SetScrollPosition(box_.ScrollPosition());
+  Show(fresh, richText != nullptr);
 }
 
 void FrmMainControl::Select(ControlRange range) {
@@ -89,19 +107,51 @@ void FrmMainControl::Select(ControlRange range) {
 }
 
 void FrmMainControl::LoadText(std::u16string_view text) {
-  const QuietRichEdit quiet(box_);
-  // A lone CR before a CR LF would come out as a blank.
-  box_.LoadText(ToControlText(text));
-  box_.Select({0, 0});
-  hasFormatting_ = false;
+  FreshRichEdit fresh(box_, RichTextBox0);
+  Fill(fresh, ToControlText(text));
+  fresh.box().Select({0, 0});
+  Show(fresh, false);
 }
 
 bool FrmMainControl::LoadRtf(std::string_view bytes) {
-  const QuietRichEdit quiet(box_);
-  hasFormatting_ = true;
-  const bool isRichText = box_.LoadRtf(bytes);
-  box_.Select({0, 0});
-  return isRichText;
+  FreshRichEdit fresh(box_, RichTextBox0);
+  if (!FillByRtf(fresh, bytes)) {
+    return false;
+  }
+  fresh.box().Select({0, 0});
+  Show(fresh, true);
+  return true;
+}
+
+std::optional<std::u16string> FrmMainControl::TextOfRtf(std::string_view bytes) {
+  FreshRichEdit fresh(box_, RichTextBox0);
+  return FillByRtf(fresh, bytes) ? std::optional(ToDocumentText(fresh.box().Text())) : std::nullopt;
+}
+
+std::size_t FrmMainControl::CountLines(std::u16string_view controlText) {
+  FreshRichEdit fresh(box_, RichTextBox0);
+  Fill(fresh, controlText);
+  return fresh.box().LineCount();
+}
+
+void FrmMainControl::Fill(FreshRichEdit& fresh, std::u16string_view controlText) const {
+  const std::unique_ptr<BusyWork> work = host_.startWork();
+  fresh.box().LoadText(controlText, work->progress());
+}
+
+bool FrmMainControl::FillByRtf(FreshRichEdit& fresh, std::string_view bytes) const {
+  const std::unique_ptr<BusyWork> work = host_.startWork();
+  return IsRichText(bytes) && fresh.box().LoadRtf(bytes, work->progress());
+}
+
+bool FrmMainControl::IsRichText(std::string_view bytes) {
+  return bytes.starts_with("{\\rtf");
+}
+
+void FrmMainControl::Show(FreshRichEdit& fresh, bool hasFormatting) {
+  fresh.TakePlace();
+  hasFormatting_ = hasFormatting;
+  host_.onNewWindow();
 }
 
 }  // namespace scrivanta

@@ -1,30 +1,52 @@
-// The rich edit control of the document, counted in ControlPos: what can be read of it, and replacing parts of it fast.
+// The rich edit control of the document, counted in ControlPos: what can be read of it, and replacing parts or the
+// whole of it fast.
 #pragma once
 
+#include <functional>
+#include <memory>
+#include <optional>
+#include <span>
+
 #include "shell/DocumentHistory.h"
+#include "shell/Workbench.h"
+#include "win/FreshRichEdit.h"
 #include "win/RichEdit.h"
 
 namespace scrivanta {
 
-// None of its changes sends a notification or is drawn before it is done.
+// None of its changes sends a notification or is drawn before it is done. The whole is loaded into a new control, which
+// then takes the place of the old one: until then nothing has changed, so whatever is thrown leaves the document as it
+// was. Loading is work that the user can watch and interrupt.
 class FrmMainControl final : public UndoTarget {
  public:
-  explicit FrmMainControl(RichEdit& box) : box_(box) {}
+  struct Host {
+    std::function<std::unique_ptr<BusyWork>()> startWork;
+    // The control is another window now.
+    std::function<void()> onNewWindow;
+  };
+
+  FrmMainControl(RichEdit& box, Host host) : box_(box), host_(std::move(host)) {}
 
   std::size_t Length() const override { return box_.Length(); }
   ControlRange Selection() const override;
   std::u16string Read(ControlRange range) const override;
 
-  void Replace(const ControlEdit& edit) override;
+  void Replace(std::span<const ControlEdit> edits) override;
   RichText Capture() const override;
   void Rebuild(const RichText& richText, std::u16string_view documentText) override;
   void Select(ControlRange range) override;
 
   // The whole anew, from its beginning: without formatting; from the bytes of a rich text. False when they are none,
-  // and the control may then hold anything.
+  // and nothing is changed.
   void LoadText(std::u16string_view text);
   bool LoadRtf(std::string_view bytes);
 
+  // What another text would be like in the control. The text of a rich text, nothing when the bytes are none; and the
+  // lines that a text is wrapped to.
+  std::optional<std::u16string> TextOfRtf(std::string_view bytes);
+  std::size_t CountLines(std::u16string_view controlText);
+
+  static bool IsRichText(std::string_view bytes);
   // Whether the text may have formatting of its own, which a change of the whole as plain text would lose.
   bool hasFormatting() const noexcept { return hasFormatting_; }
   void NoteFormatting() noexcept { hasFormatting_ = true; }
@@ -32,9 +54,13 @@ class FrmMainControl final : public UndoTarget {
   static CHARRANGE ToPlatform(ControlRange range);
 
  private:
-  void ReplaceWhole(const ControlEdit& edit);
+  void ReplaceWhole(std::span<const ControlEdit> edits);
+  void Fill(FreshRichEdit& fresh, std::u16string_view controlText) const;
+  bool FillByRtf(FreshRichEdit& fresh, std::string_view bytes) const;
+  void Show(FreshRichEdit& fresh, bool hasFormatting);
 
   RichEdit& box_;
+  Host host_;
   bool hasFormatting_ = false;
 };
 

@@ -14,7 +14,6 @@ namespace {
 constexpr DWORD kBoxStyle =
     WS_VSCROLL | WS_HSCROLL | WS_BORDER | ES_MULTILINE | ES_AUTOHSCROLL | ES_AUTOVSCROLL | ES_NOHIDESEL | ES_WANTRETURN;
 constexpr LONG kTwipsPerPoint = 20;
-constexpr std::string_view kRtfStart = "{\\rtf";
 
 struct EffectBits {
   DWORD mask;
@@ -54,20 +53,12 @@ CHARFORMAT2W ToControl(const FontDescription& font) {
 }  // namespace
 
 void FrmMainEditor::Create(HWND parent) {
-  workingBox_.Create(parent, RichTextBox0, kBoxStyle);
   box_.Create(parent, RichTextBox1, kBoxStyle | WS_VISIBLE | WS_TABSTOP);
   font_ = {.name = u"宋体", .size = 10.5};
-  for (RichEdit* box : {&box_, &workingBox_}) {
-    box->SetDefaultFormat(ToControl(font_));
-    box->SetFormatOfAll(ToControl(font_));
-  }
+  box_.SetDefaultFormat(ToControl(font_));
+  box_.SetFormatOfAll(ToControl(font_));
   box_.SetEventMask(ENM_CHANGE | ENM_SELCHANGE);
   history_.Reset(control_);
-}
-
-void FrmMainEditor::SetWordWrap(bool wrap) {
-  box_.SetWordWrap(wrap);
-  workingBox_.SetWordWrap(wrap);
 }
 
 void FrmMainEditor::HandleChange() {
@@ -86,20 +77,11 @@ void FrmMainEditor::ShowDocument(std::u16string_view text) {
 }
 
 bool FrmMainEditor::ShowRichDocument(std::string_view rtf) {
-  // Only the working box tells whether the bytes are a rich text, without harm to the document that is there.
-  if (!TextOfRtf(rtf)) {
+  if (!control_.LoadRtf(rtf)) {
     return false;
   }
-  control_.LoadRtf(rtf);
   history_.Reset(control_);
   return true;
-}
-
-std::optional<std::u16string> FrmMainEditor::TextOfRtf(std::string_view rtf) {
-  const bool isRichText = rtf.starts_with(kRtfStart) && workingBox_.LoadRtf(rtf);
-  std::u16string text = isRichText ? ToDocumentText(workingBox_.Text()) : std::u16string();
-  workingBox_.LoadText({});
-  return isRichText ? std::optional(std::move(text)) : std::nullopt;
 }
 
 void FrmMainEditor::Undo() {
@@ -115,10 +97,7 @@ void FrmMainEditor::Redo() {
 }
 
 std::size_t FrmMainEditor::CountDisplayLines(std::u16string_view text) {
-  workingBox_.LoadText(ToControlText(text));
-  const std::size_t lines = workingBox_.LineCount();
-  workingBox_.LoadText({});
-  return lines;
+  return text == Text() ? box_.LineCount() : control_.CountLines(ToControlText(text));
 }
 
 std::size_t FrmMainEditor::CaretDisplayLine() const {
@@ -136,20 +115,17 @@ void FrmMainEditor::SetText(std::u16string_view text) {
 void FrmMainEditor::ReplaceSelection(std::u16string_view text) {
   const UndoCommand step(history_, control_);
   const ControlRange selection = control_.Selection();
-  control_.Replace({selection.start, control_.Read(selection), ToControlText(text)});
+  const ControlEdit edit{selection.start, control_.Read(selection), ToControlText(text)};
+  control_.Replace({&edit, 1});
   box_.ScrollToCaret();
   history_.NoteChange(control_, std::chrono::steady_clock::now());
   listener_.onChange();
 }
 
 bool FrmMainEditor::SetRtf(std::string_view rtf) {
-  if (!rtf.starts_with(kRtfStart)) {
-    return false;
-  }
   const UndoCommand step(history_, control_);
   RichText before = control_.Capture();
   if (!control_.LoadRtf(rtf)) {
-    control_.Rebuild(before, Text());
     return false;
   }
   history_.NoteRebuild(control_, std::move(before));
@@ -158,7 +134,7 @@ bool FrmMainEditor::SetRtf(std::string_view rtf) {
 }
 
 bool FrmMainEditor::ReplaceSelectionByRtf(std::string_view rtf) {
-  if (!rtf.starts_with(kRtfStart)) {
+  if (!FrmMainControl::IsRichText(rtf)) {
     return false;
   }
   const UndoCommand step(history_, control_);
@@ -232,10 +208,8 @@ FontDescription FrmMainEditor::Font() const {
 void FrmMainEditor::SetFont(const FontDescription& font) {
   font_ = font;
   const CHARFORMAT2W format = ToControl(font);
-  for (RichEdit* box : {&box_, &workingBox_}) {
-    box->SetDefaultFormat(format);
-    box->SetFormatOfAll(format);
-  }
+  box_.SetDefaultFormat(format);
+  box_.SetFormatOfAll(format);
   listener_.onChange();
 }
 

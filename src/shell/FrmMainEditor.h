@@ -1,5 +1,5 @@
-// The two rich text boxes of the main window as commands see them: the text with its selection and history, clipboard
-// and formats.
+// The rich text box of the main window as commands see it: the text with its selection and history, clipboard and
+// formats.
 #pragma once
 
 #include <windows.h>
@@ -23,12 +23,13 @@ class FrmMainEditor final : public Editor, public RichBox {
     std::function<void()> onSelection;
   };
 
-  explicit FrmMainEditor(Listener listener) : listener_(std::move(listener)) {}
+  FrmMainEditor(Listener listener, FrmMainControl::Host host)
+      : listener_(std::move(listener)), control_(box_, std::move(host)) {}
 
   void Create(HWND parent);
+  // Another window after each change of the whole.
   HWND box() const noexcept { return box_.handle(); }
-  HWND workingBox() const noexcept { return workingBox_.handle(); }
-  void SetWordWrap(bool wrap);
+  void SetWordWrap(bool wrap) { box_.SetWordWrap(wrap); }
   void SetReadOnly(bool readOnly) { box_.SetReadOnly(readOnly); }
   // The control's notifications (EN_CHANGE, EN_SELCHANGE).
   void HandleChange();
@@ -39,7 +40,7 @@ class FrmMainEditor final : public Editor, public RichBox {
   // False when the bytes are no rich text: the document stays as it was.
   bool ShowRichDocument(std::string_view rtf);
   // The text of a rich text, seen by nobody; nothing when the bytes are none.
-  std::optional<std::u16string> TextOfRtf(std::string_view rtf);
+  std::optional<std::u16string> TextOfRtf(std::string_view rtf) { return control_.TextOfRtf(rtf); }
 
   // For UndoCommand.
   DocumentHistory& history() noexcept { return history_; }
@@ -90,9 +91,8 @@ class FrmMainEditor final : public Editor, public RichBox {
   void NoteFormatChange();
 
   Listener listener_;
-  RichEdit box_;         // RichTextBox1
-  RichEdit workingBox_;  // RichTextBox0, never shown
-  FrmMainControl control_{box_};
+  RichEdit box_;
+  FrmMainControl control_;
   DocumentHistory history_;
   std::optional<StoredFormat> storedFormat_;
   FontDescription font_;

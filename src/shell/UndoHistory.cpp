@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <numeric>
 #include <string_view>
 #include <utility>
 
@@ -26,20 +27,13 @@ std::size_t CostOf(const RichText& richText) {
   return richText ? richText->size() : 0;
 }
 
-std::size_t CostOf(const UndoPart& part) {
-  std::size_t cost = sizeof part + CostOf(part.before) + CostOf(part.after);
-  for (const ControlEdit& edit : part.edits) {
-    cost += CostOf(edit);
-  }
-  return cost;
+std::size_t CostOf(const std::vector<ControlEdit>& edits) {
+  return std::accumulate(edits.begin(), edits.end(), std::size_t{0},
+                         [](std::size_t sum, const ControlEdit& edit) { return sum + CostOf(edit); });
 }
 
 std::size_t CostOf(const UndoStep& step) {
-  std::size_t cost = sizeof step;
-  for (const UndoPart& part : step.parts) {
-    cost += CostOf(part);
-  }
-  return cost;
+  return sizeof step + CostOf(step.edits) + CostOf(step.before) + CostOf(step.after);
 }
 
 }  // namespace
@@ -59,18 +53,28 @@ void UndoHistory::Record(ControlEdit edit, ControlRange selectionBefore, Control
     Gather(kind, edit);
     done_.back().selectionAfter = selectionAfter;
   } else {
-    UndoPart part;
-    part.edits.push_back(std::move(edit));
-    Append(std::move(part), selectionBefore, selectionAfter);
+    UndoStep& step = StepFor(selectionBefore, selectionAfter);
+    bytes_ += CostOf(edit);
+    step.edits.push_back(std::move(edit));
+    ForgetOldest();
   }
   open_ = kind;
   lastEdit_ = now;
 }
 
-void UndoHistory::RecordRebuild(UndoPart rebuild, ControlRange selectionBefore, ControlRange selectionAfter) {
+void UndoHistory::RecordRebuild(std::vector<ControlEdit> edits, RichText before, ControlRange selectionBefore,
+                                ControlRange selectionAfter) {
   Seal();
-  rebuild.rebuilds = true;
-  Append(std::move(rebuild), selectionBefore, selectionAfter);
+  UndoStep& step = StepFor(selectionBefore, selectionAfter);
+  if (!step.rebuilds) {  // of several the first one is enough: it brings back what was before all of them
+    step.rebuilds = true;
+    step.editsBefore = step.edits.size();
+    bytes_ += CostOf(before);
+    step.before = std::move(before);
+  }
+  bytes_ += CostOf(edits);
+  std::ranges::move(edits, std::back_inserter(step.edits));
+  ForgetOldest();
 }
 
 UndoHistory::Gathering UndoHistory::KindOf(const ControlEdit& edit, ControlRange selectionBefore) {
@@ -87,7 +91,7 @@ bool UndoHistory::Gathers(Gathering kind, const ControlEdit& edit, Time now) con
   if (kind == Gathering::kNone || kind != open_ || done_.empty() || !undone_.empty() || now - lastEdit_ > kPause) {
     return false;
   }
-  const ControlEdit& last = done_.back().parts.back().edits.back();
+  const ControlEdit& last = done_.back().edits.back();
   if (last.removed.size() + last.inserted.size() >= kMostGathered) {
     return false;
   }
@@ -101,7 +105,7 @@ bool UndoHistory::Gathers(Gathering kind, const ControlEdit& edit, Time now) con
 }
 
 void UndoHistory::Gather(Gathering kind, const ControlEdit& edit) {
-  ControlEdit& last = done_.back().parts.back().edits.back();
+  ControlEdit& last = done_.back().edits.back();
   bytes_ += (edit.removed.size() + edit.inserted.size()) * sizeof(char16_t);
   if (kind == Gathering::kErasing && edit.start < last.start) {
     last.start = edit.start;
@@ -112,26 +116,19 @@ void UndoHistory::Gather(Gathering kind, const ControlEdit& edit) {
   }
 }
 
-void UndoHistory::Append(UndoPart part, ControlRange selectionBefore, ControlRange selectionAfter) {
+// What a change is recorded in: within a command the command's own step, otherwise a new one.
+UndoStep& UndoHistory::StepFor(ControlRange selectionBefore, ControlRange selectionAfter) {
   for (const UndoStep& step : undone_) {
     bytes_ -= CostOf(step);
   }
   undone_.clear();
   if (!commandHasStep_) {
     bytes_ += sizeof(UndoStep);
-    done_.push_back({{}, commandDepth_ > 0 ? commandSelection_ : selectionBefore, {}});
+    done_.emplace_back().selectionBefore = commandDepth_ > 0 ? commandSelection_ : selectionBefore;
     commandHasStep_ = commandDepth_ > 0;
   }
-  UndoStep& step = done_.back();
-  step.selectionAfter = selectionAfter;
-  bytes_ += CostOf(part);
-  if (!part.rebuilds && !step.parts.empty() && !step.parts.back().rebuilds) {
-    bytes_ -= sizeof part;
-    std::ranges::move(part.edits, std::back_inserter(step.parts.back().edits));
-  } else {
-    step.parts.push_back(std::move(part));
-  }
-  ForgetOldest();
+  done_.back().selectionAfter = selectionAfter;
+  return done_.back();
 }
 
 void UndoHistory::ForgetOldest() {
@@ -159,6 +156,15 @@ void UndoHistory::EndCommand(ControlRange selection) {
   }
   commandHasStep_ = false;
   Seal();
+}
+
+void UndoHistory::KeepAfter(RichText after) {
+  Keep(done_.back().after, std::move(after));
+}
+
+void UndoHistory::KeepBefore(RichText before) {
+  undone_.back().editsBefore = 0;
+  Keep(undone_.back().before, std::move(before));
 }
 
 void UndoHistory::Keep(RichText& kept, RichText richText) {

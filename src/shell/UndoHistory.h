@@ -17,16 +17,14 @@ namespace scrivanta {
 // The rich text of a state, as RTF.
 using RichText = std::shared_ptr<const std::string>;
 
-// One change of the control. A rebuild replaces all of the rich text, and the formatting with it.
-struct UndoPart {
-  std::vector<ControlEdit> edits;  // each in the text that those before it have left
-  bool rebuilds = false;
-  RichText before = nullptr;  // of a rebuild: null when the text had no formatting of its own
-  RichText after = nullptr;   // known from the moment that it is undone
-};
-
 struct UndoStep {
-  std::vector<UndoPart> parts;
+  std::vector<ControlEdit> edits;  // each in the text that those before it have left
+  // Whether all of the rich text was replaced, and the formatting with it.
+  bool rebuilds = false;
+  // When it was: the state after the first few edits; null when the text had no formatting of its own.
+  RichText before;
+  std::size_t editsBefore = 0;
+  RichText after;  // of the state after the step; known from the moment that it is undone
   ControlRange selectionBefore;
   ControlRange selectionAfter;
 };
@@ -49,7 +47,8 @@ class UndoHistory {
   // break another. Characters erased one by one at one place are gathered as far as the line goes. A pause, a
   // hundred characters, another place or kind of edit, and Seal end a step.
   void Record(ControlEdit edit, ControlRange selectionBefore, ControlRange selectionAfter, Time now);
-  void RecordRebuild(UndoPart rebuild, ControlRange selectionBefore, ControlRange selectionAfter);
+  void RecordRebuild(std::vector<ControlEdit> edits, RichText before, ControlRange selectionBefore,
+                     ControlRange selectionAfter);
   void Seal() { open_ = Gathering::kNone; }
 
   // What is recorded between the two is one step. They may be nested.
@@ -65,9 +64,9 @@ class UndoHistory {
   const std::deque<UndoStep>& undone() const noexcept { return undone_; }
   void MoveToUndone();
   void MoveToDone();
-  // The rich text after a part of the newest step, when it is about to be undone; before one, when it is redone.
-  void KeepAfter(std::size_t part, RichText after) { Keep(done_.back().parts[part].after, std::move(after)); }
-  void KeepBefore(std::size_t part, RichText before) { Keep(undone_.back().parts[part].before, std::move(before)); }
+  // The rich text after the newest step, when it is about to be undone; before it, when it is redone.
+  void KeepAfter(RichText after);
+  void KeepBefore(RichText before);
 
   ControlRange startSelection() const noexcept { return startSelection_; }
   // An estimate of the memory that the steps take.
@@ -79,7 +78,7 @@ class UndoHistory {
   static Gathering KindOf(const ControlEdit& edit, ControlRange selectionBefore);
   bool Gathers(Gathering kind, const ControlEdit& edit, Time now) const;
   void Gather(Gathering kind, const ControlEdit& edit);
-  void Append(UndoPart part, ControlRange selectionBefore, ControlRange selectionAfter);
+  UndoStep& StepFor(ControlRange selectionBefore, ControlRange selectionAfter);
   void Keep(RichText& kept, RichText richText);
   void ForgetOldest();
 

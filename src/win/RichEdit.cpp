@@ -2,7 +2,10 @@
 
 #include <algorithm>
 #include <cstring>
+#include <exception>
+#include <limits>
 
+#include "text/Surrogates.h"
 #include "win/PlatformError.h"
 #include "win/WideText.h"
 
@@ -14,40 +17,44 @@ constexpr wchar_t kControlClass[] = L"RICHEDIT50W";
 constexpr LPARAM kNoLimit = 0x7ffffffe;
 constexpr UINT kUtf16 = 1200;
 
-// Hands a text to the control piece by piece.
+// Of a piece of text: about 10 ms for the slowest control known. In UTF-16 code units.
+constexpr std::size_t kPiece = 4096;
+
+// Hands bytes to the control as it asks for them.
 struct Feed {
-  const char* data;
-  std::size_t size;  // in bytes
-  bool isText;       // UTF-16: a piece never ends between CR and LF or inside a surrogate pair, which would be damaged
+  std::string_view bytes;
+  std::size_t total;
+  Progress& progress;
+  std::exception_ptr failure = nullptr;  // what the progress has thrown, which must not fly through the control
 
   static DWORD CALLBACK Next(DWORD_PTR cookie, BYTE* buffer, LONG room, LONG* written) {
     auto& feed = *reinterpret_cast<Feed*>(cookie);
-    const std::size_t count = feed.PieceWithin(static_cast<std::size_t>(room));
-    std::memcpy(buffer, feed.data, count);
-    feed.data += count;
-    feed.size -= count;
+    const std::size_t count = std::min(feed.bytes.size(), static_cast<std::size_t>(room));
+    std::memcpy(buffer, feed.bytes.data(), count);
+    feed.bytes.remove_prefix(count);
     *written = static_cast<LONG>(count);
-    return 0;
-  }
-
-  std::size_t PieceWithin(std::size_t room) const {
-    if (!isText || size <= room) {
-      return std::min(size, room);
+    try {
+      feed.progress.Report(feed.total - feed.bytes.size(), feed.total);
+    } catch (...) {
+      feed.failure = std::current_exception();
+      return ERROR_CANCELLED;
     }
-    std::size_t count = room - room % sizeof(char16_t);
-    const char16_t last = UnitBefore(count);
-    if (count > sizeof(char16_t) && (last == u'\r' || (last >= 0xD800 && last < 0xDC00))) {
-      count -= sizeof(char16_t);
-    }
-    return count;
-  }
-
-  char16_t UnitBefore(std::size_t offset) const {
-    char16_t unit = 0;
-    std::memcpy(&unit, data + offset - sizeof(unit), sizeof(unit));
-    return unit;
+    return ERROR_SUCCESS;
   }
 };
+
+// A piece never ends between CR and LF or inside a surrogate pair, which would be damaged.
+std::u16string_view FirstPiece(std::u16string_view text) {
+  if (text.size() <= kPiece) {
+    return text;
+  }
+  const char16_t last = text[kPiece - 1];
+  return text.substr(0, last == u'\r' || IsHighSurrogate(last) ? kPiece - 1 : kPiece);
+}
+
+std::string_view BytesOf(std::u16string_view text) {
+  return {reinterpret_cast<const char*>(text.data()), text.size() * sizeof(char16_t)};
+}
 
 DWORD CALLBACK Collect(DWORD_PTR cookie, BYTE* buffer, LONG count, LONG* read) {
   reinterpret_cast<std::string*>(cookie)->append(reinterpret_cast<const char*>(buffer),
@@ -56,11 +63,16 @@ DWORD CALLBACK Collect(DWORD_PTR cookie, BYTE* buffer, LONG count, LONG* read) {
   return 0;
 }
 
-DWORD StreamIn(const RichEdit& box, WPARAM format, Feed feed) {
+// Throws what the progress throws.
+DWORD StreamIn(const RichEdit& box, WPARAM format, std::string_view bytes, Progress& progress) {
+  Feed feed{bytes, bytes.size(), progress};
   EDITSTREAM stream{};
   stream.dwCookie = reinterpret_cast<DWORD_PTR>(&feed);
   stream.pfnCallback = &Feed::Next;
   box.Send(EM_STREAMIN, format, reinterpret_cast<LPARAM>(&stream));
+  if (feed.failure) {
+    std::rethrow_exception(feed.failure);
+  }
   return stream.dwError;
 }
 
@@ -84,6 +96,7 @@ OwnedLibrary LoadRichEditLibrary() {
 }
 
 void RichEdit::Create(HWND parent, int controlId, DWORD style) {
+  style_ = style;
   handle_ = CreateWindowExW(0, kControlClass, L"", WS_CHILD | style, 0, 0, 0, 0, parent,
                             reinterpret_cast<HMENU>(static_cast<INT_PTR>(controlId)), nullptr, nullptr);
   if (handle_ == nullptr) {
@@ -92,6 +105,25 @@ void RichEdit::Create(HWND parent, int controlId, DWORD style) {
   Send(EM_EXLIMITTEXT, 0, kNoLimit);
   Send(EM_SETUNDOLIMIT, 0);
   Send(EM_EMPTYUNDOBUFFER);
+}
+
+void RichEdit::CreateLike(const RichEdit& other, int controlId) {
+  const HWND parent = GetParent(other.handle());
+  Create(parent, controlId, other.style_ & ~DWORD{WS_VISIBLE});
+  style_ = other.style_;
+  RECT bounds{};
+  GetWindowRect(other.handle(), &bounds);
+  MapWindowPoints(nullptr, parent, reinterpret_cast<POINT*>(&bounds), 2);
+  MoveWindow(handle_, bounds.left, bounds.top, bounds.right - bounds.left, bounds.bottom - bounds.top, FALSE);
+  SetWordWrap(other.wraps_);
+  Send(EM_SETLANGOPTIONS, 0, other.Send(EM_GETLANGOPTIONS));
+  const CHARFORMAT2W format = other.DefaultFormat();
+  SetDefaultFormat(format);
+  SetFormatOfAll(format);
+  int numerator = 0;
+  int denominator = 0;
+  other.Send(EM_GETZOOM, reinterpret_cast<WPARAM>(&numerator), reinterpret_cast<LPARAM>(&denominator));
+  Send(EM_SETZOOM, static_cast<WPARAM>(numerator), denominator);
 }
 
 std::size_t RichEdit::Length() const {
@@ -118,13 +150,20 @@ std::u16string RichEdit::Text(CHARRANGE range) const {
   return FromWide(text);
 }
 
-void RichEdit::LoadText(std::u16string_view text) {
-  StreamIn(*this, SF_TEXT | SF_UNICODE,
-           {reinterpret_cast<const char*>(text.data()), text.size() * sizeof(char16_t), true});
+void RichEdit::LoadText(std::u16string_view text, Progress& progress) {
+  constexpr LONG kEnd = std::numeric_limits<LONG>::max();
+  NoProgress onlyPieces;
+  for (std::u16string_view rest = text; !rest.empty();) {
+    const std::u16string_view piece = FirstPiece(rest);
+    Select({kEnd, kEnd});
+    StreamIn(*this, SF_TEXT | SF_UNICODE | SFF_SELECTION, BytesOf(piece), onlyPieces);
+    rest.remove_prefix(piece.size());
+    progress.Report(text.size() - rest.size(), text.size());
+  }
 }
 
-bool RichEdit::LoadRtf(std::string_view bytes) {
-  return StreamIn(*this, SF_RTF, {bytes.data(), bytes.size(), false}) == 0;
+bool RichEdit::LoadRtf(std::string_view bytes, Progress& progress) {
+  return StreamIn(*this, SF_RTF, bytes, progress) == 0;
 }
 
 std::string RichEdit::Rtf() const {
@@ -136,7 +175,8 @@ std::string RichEdit::SelectedRtf() const {
 }
 
 void RichEdit::ReplaceSelectionByRtf(std::string_view bytes) {
-  StreamIn(*this, SF_RTF | SFF_SELECTION, {bytes.data(), bytes.size(), false});
+  NoProgress progress;
+  StreamIn(*this, SF_RTF | SFF_SELECTION, bytes, progress);
 }
 
 CHARRANGE RichEdit::Selection() const {
@@ -189,6 +229,13 @@ void RichEdit::SetSelectionParagraph(const PARAFORMAT2& format) {
   Send(EM_SETPARAFORMAT, 0, reinterpret_cast<LPARAM>(&format));
 }
 
+CHARFORMAT2W RichEdit::DefaultFormat() const {
+  CHARFORMAT2W format{};
+  format.cbSize = sizeof(format);
+  Send(EM_GETCHARFORMAT, SCF_DEFAULT, reinterpret_cast<LPARAM>(&format));
+  return format;
+}
+
 void RichEdit::SetDefaultFormat(const CHARFORMAT2W& format) {
   Send(EM_SETCHARFORMAT, SCF_DEFAULT, reinterpret_cast<LPARAM>(&format));
 }
@@ -198,11 +245,16 @@ void RichEdit::SetFormatOfAll(const CHARFORMAT2W& format) {
 }
 
 void RichEdit::SetWordWrap(bool wrap) {
+  wraps_ = wrap;
   Send(EM_SETTARGETDEVICE, 0, wrap ? 0 : 1);
 }
 
 void RichEdit::SetReadOnly(bool readOnly) {
   Send(EM_SETREADONLY, readOnly ? TRUE : FALSE);
+}
+
+bool RichEdit::IsReadOnly() const {
+  return (Send(EM_GETOPTIONS) & ECO_READONLY) != 0;
 }
 
 std::size_t RichEdit::LineCount() const {

@@ -6,10 +6,10 @@
 
 #include <richedit.h>
 
-#include <functional>
 #include <string>
 #include <string_view>
 
+#include "text/Progress.h"
 #include "win/Handles.h"
 
 namespace scrivanta {
@@ -17,12 +17,15 @@ namespace scrivanta {
 // The library that holds the control; to be kept as long as a control lives.
 OwnedLibrary LoadRichEditLibrary();
 
+// Refers to a control, which its parent destroys.
 class RichEdit {
  public:
   RichEdit() = default;
 
-  // The parent destroys the control. Throws std::system_error.
+  // Throws std::system_error.
   void Create(HWND parent, int controlId, DWORD style);
+  // Without text and not shown, but in place, size, font and wrapping like the other one. It sends no notifications.
+  void CreateLike(const RichEdit& other, int controlId);
   HWND handle() const noexcept { return handle_; }
 
   // In UTF-16 code units, a line break counting one.
@@ -30,11 +33,13 @@ class RichEdit {
   std::u16string Text() const;
   std::u16string Text(CHARRANGE range) const;
 
-  // Takes decoded text with any line ends in place of all there is, in time linear in its length. The character format
-  // is the default one.
-  void LoadText(std::u16string_view text);
+  // Both fill a control that is empty, in time linear in the length, and report to the progress, which may handle the
+  // messages of other windows. When it throws, the control holds a part.
+  // Decoded text with any line ends, in the default character format. A lone CR before a CR LF would come out as a
+  // blank.
+  void LoadText(std::u16string_view text, Progress& progress);
   // The bytes of a rich text. False when they are none: the control may then hold anything.
-  bool LoadRtf(std::string_view bytes);
+  bool LoadRtf(std::string_view bytes, Progress& progress);
   std::string Rtf() const;
   std::string SelectedRtf() const;
   void ReplaceSelectionByRtf(std::string_view bytes);
@@ -43,7 +48,7 @@ class RichEdit {
   // Does not scroll.
   void Select(CHARRANGE range);
   void ScrollToCaret();
-  // In time more than linear: for small texts only.
+  // In time that grows with the lines of the whole: for small parts only.
   void ReplaceSelection(std::u16string_view text);
   // What is to be scrolled to the upper left corner, in pixels of the whole text.
   POINT ScrollPosition() const;
@@ -53,12 +58,14 @@ class RichEdit {
   void SetSelectionFormat(const CHARFORMAT2W& format);
   PARAFORMAT2 SelectionParagraph() const;
   void SetSelectionParagraph(const PARAFORMAT2& format);
+  CHARFORMAT2W DefaultFormat() const;
   void SetDefaultFormat(const CHARFORMAT2W& format);
   // The format of all there is, and of what comes.
   void SetFormatOfAll(const CHARFORMAT2W& format);
 
   void SetWordWrap(bool wrap);
   void SetReadOnly(bool readOnly);
+  bool IsReadOnly() const;
   // Lines as shown, wrapped lines counted singly.
   std::size_t LineCount() const;
   std::size_t LineOf(LONG position) const;
@@ -69,6 +76,8 @@ class RichEdit {
 
  private:
   HWND handle_ = nullptr;
+  DWORD style_ = 0;  // as it was created, for the control changes the window's own
+  bool wraps_ = true;
 };
 
 // While it lives the control draws nothing and sends no notifications.

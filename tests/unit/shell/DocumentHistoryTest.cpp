@@ -203,6 +203,36 @@ TEST(DocumentHistory, BringsBackTheFormattingThatARebuildTakesAway) {
   }
 }
 
+TEST(DocumentHistory, AnInterruptedUndoOrRedoHasChangedNothing) {
+  for (const std::string_view formats : {"pppppppppp", "bbbbpppppp"}) {
+    Session session(u"bold plain");
+    session.control.formats = formats;
+    {
+      const UndoCommand command(session.history, session.control);
+      session.PlaceCaret(10);
+      session.Paste(u" text");
+      session.Rebuild(u"one line\r\nand another");
+      session.PlaceCaret(3);
+      session.Paste(u" more");
+    }
+    session.control.interrupts = true;
+    EXPECT_THROW(session.history.Undo(session.control), Interrupted);
+    EXPECT_EQ(session.control.text, u"one more line\rand another");
+    EXPECT_EQ(session.history.text().Text(), u"one more line\r\nand another");
+    EXPECT_FALSE(session.history.canRedo());
+    EXPECT_TRUE(session.history.Undo(session.control));
+    EXPECT_EQ(session.control.text, u"bold plain");
+    EXPECT_EQ(session.control.formats, formats);
+
+    session.control.interrupts = true;
+    EXPECT_THROW(session.history.Redo(session.control), Interrupted);
+    EXPECT_EQ(session.control.text, u"bold plain");
+    EXPECT_EQ(session.history.text().Text(), u"bold plain");
+    EXPECT_TRUE(session.history.Redo(session.control));
+    EXPECT_EQ(session.control.text, u"one more line\rand another");
+  }
+}
+
 TEST(DocumentHistory, AChangeThatNobodyToldOfIsAStepOfItsOwn) {
   Session session(u"one two");
   session.PlaceCaret(7);

@@ -3,8 +3,10 @@
 
 #include <algorithm>
 #include <string>
+#include <utility>
 
 #include "shell/DocumentHistory.h"
+#include "text/Progress.h"
 
 namespace scrivanta {
 
@@ -15,6 +17,7 @@ class FakeControl final : public UndoTarget {
   ControlRange selection;
   mutable std::size_t unitsRead = 0;
   bool addsBreakToRichText = false;
+  bool interrupts = false;  // the next change that may be
 
   explicit FakeControl(std::u16string controlText = {}) : text(std::move(controlText)), formats(text.size(), 'p') {}
 
@@ -24,15 +27,18 @@ class FakeControl final : public UndoTarget {
     unitsRead += range.length;
     return text.substr(range.start.value, range.length);
   }
-  void Replace(const ControlEdit& edit) override {
-    selection = edit.removedRange();
-    Type(edit.inserted);
+  void Replace(std::span<const ControlEdit> edits) override {
+    if (interrupts && IsPlain()) {
+      Interrupt();
+    }
+    for (const ControlEdit& edit : edits) {
+      selection = edit.removedRange();
+      Type(edit.inserted);
+    }
   }
-  RichText Capture() const override {
-    const bool plain = formats.find_first_not_of('p') == std::string::npos;
-    return plain ? nullptr : std::make_shared<const std::string>(formats);
-  }
+  RichText Capture() const override { return IsPlain() ? nullptr : std::make_shared<const std::string>(formats); }
   void Rebuild(const RichText& richText, std::u16string_view documentText) override {
+    Interrupt();
     Load(documentText);
     if (richText) {
       formats = *richText;
@@ -43,6 +49,13 @@ class FakeControl final : public UndoTarget {
     }
   }
   void Select(ControlRange range) override { selection = range; }
+
+  bool IsPlain() const { return formats.find_first_not_of('p') == std::string::npos; }
+  void Interrupt() {
+    if (std::exchange(interrupts, false)) {
+      throw Interrupted();
+    }
+  }
 
   // What a person does.
   void Type(std::u16string_view typed) {

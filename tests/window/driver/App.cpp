@@ -2,7 +2,6 @@
 
 #include <commctrl.h>
 #include <shellapi.h>
-#include <shlobj.h>
 
 #include <array>
 #include <cstdio>
@@ -15,6 +14,7 @@
 #include "shell/MenuTree.h"
 #include "win/InputBoxControls.h"
 #include "win/WideText.h"
+#include "window/driver/Drop.h"
 #include "window/driver/Keyboard.h"
 #include "window/driver/Wait.h"
 #include "window/driver/WindowProbe.h"
@@ -27,23 +27,6 @@ constexpr char16_t kInterruptCaption[] = u"中断继续运行【通用】";
 // The main window's icon in the tray, and how its events arrive.
 constexpr UINT kTrayIconId = 1;
 constexpr UINT kTrayMessage = WM_MOUSEMOVE;
-
-// What the system hands over when files are dropped; the receiver frees it.
-HGLOBAL MakeDrop(std::initializer_list<std::filesystem::path> files) {
-  std::wstring names;
-  for (const std::filesystem::path& file : files) {
-    names += file.wstring() + L'\0';
-  }
-  names += L'\0';
-  const SIZE_T bytes = names.size() * sizeof(wchar_t);
-  const HGLOBAL memory = GlobalAlloc(GHND, sizeof(DROPFILES) + bytes);
-  auto* drop = static_cast<DROPFILES*>(GlobalLock(memory));
-  drop->pFiles = sizeof(DROPFILES);
-  drop->fWide = TRUE;
-  CopyMemory(drop + 1, names.data(), bytes);
-  GlobalUnlock(memory);
-  return memory;
-}
 
 // Without the shortcut that follows a tab; "-" for a separator.
 std::u16string CaptionOf(HMENU menu, int position) {
@@ -305,6 +288,7 @@ void App::Type(std::u16string_view text) {
 
 void App::Drop(std::initializer_list<std::filesystem::path> files) {
   PostMessageW(Editor().window(), WM_DROPFILES, reinterpret_cast<WPARAM>(MakeDrop(files)), 0);
+  Settle();  // the edit box has handed them on to the window
   Settle();
 }
 

@@ -55,7 +55,9 @@ int RunBare(const wchar_t* document) {
   ShowWindow(window, SW_SHOW);
   UpdateWindow(window);
   if (document != nullptr) {
-    box.LoadText(Decode(Encoding::kGbk, ReadBytes(document)));
+    const QuietRichEdit quiet(box);
+    NoProgress progress;
+    box.LoadText(Decode(Encoding::kGbk, ReadBytes(document)), progress);
   }
   SetWindowTextW(window, kBareReady);
   MSG message{};
