@@ -2,6 +2,7 @@
 
 #include <cerrno>
 
+#include "text/CrashPoint.h"
 #include "text/PlatformFile.h"
 #include "text/TemporaryName.h"
 #include "text/WriteAll.h"
@@ -25,6 +26,7 @@ AtomicFile::AtomicFile(const std::filesystem::path& target, Durability durabilit
   if (place.exists) {
     CopyAttributes(target_, beside_);
   }
+  PassCrashPoint("a file is made beside its target");
 }
 
 AtomicFile::~AtomicFile() {
@@ -36,17 +38,23 @@ AtomicFile::~AtomicFile() {
 
 void AtomicFile::Write(std::string_view bytes) {
   WriteAll(file_.get(), bytes, name_);
+  PassCrashPoint("a part is written");
+}
+
+void AtomicFile::Flush() {
+  if (const std::error_code code = FlushToDisk(file_.get())) {
+    throw FileError(name_, code);
+  }
 }
 
 void AtomicFile::Prepare() {
   if (durability_ == Durability::kAgainstPowerCut) {
-    if (const std::error_code code = FlushToDisk(file_.get())) {
-      throw FileError(name_, code);
-    }
+    Flush();
   }
   if (std::fclose(file_.release()) != 0) {
     throw FileError(name_, LastFileError());
   }
+  PassCrashPoint("all is written");
 }
 
 void AtomicFile::Commit() {
@@ -57,6 +65,7 @@ void AtomicFile::Commit() {
     throw FileError(name_, code);
   }
   beside_.clear();
+  PassCrashPoint("the file is in place");
 }
 
 void ReplaceFileContent(const std::filesystem::path& target, std::string_view bytes) {

@@ -24,6 +24,8 @@ class AtomicFile final : public ByteSink {
   ~AtomicFile() override;
 
   void Write(std::string_view bytes) override;
+  // Returns when what has been written so far has reached the disk, so that Prepare need not wait for all of it.
+  void Flush();
   // All that can fail short of the last step: for several files that are to be put in place together. Nothing can be
   // written afterwards.
   void Prepare();

@@ -27,6 +27,16 @@ std::FILE* OpenFile(const std::filesystem::path& path, OpenMode mode);
 // Of a regular file; nothing for a pipe or a device.
 std::optional<std::uint64_t> SizeOfFile(std::FILE* file);
 
+// Two states of a file that differ have different stamps, as far as the file system's clock can tell.
+struct FileStamp {
+  std::uint64_t size = 0;     // in bytes
+  std::int64_t modified = 0;  // in a unit of the platform's own
+
+  bool operator==(const FileStamp&) const = default;
+};
+// Of a regular file; nothing for a pipe or a device.
+std::optional<FileStamp> StampOfFile(std::FILE* file);
+
 // Returns when what was written has reached the disk.
 std::error_code FlushToDisk(std::FILE* file);
 

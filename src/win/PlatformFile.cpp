@@ -164,6 +164,16 @@ std::optional<std::uint64_t> SizeOfFile(std::FILE* file) {
   return static_cast<std::uint64_t>(size.QuadPart);
 }
 
+std::optional<FileStamp> StampOfFile(std::FILE* file) {
+  FILETIME time = {};
+  const std::optional<std::uint64_t> size = SizeOfFile(file);
+  if (!size || GetFileTime(HandleOf(file), nullptr, nullptr, &time) == 0) {
+    return std::nullopt;
+  }
+  const LARGE_INTEGER modified{{.LowPart = time.dwLowDateTime, .HighPart = static_cast<LONG>(time.dwHighDateTime)}};
+  return FileStamp{.size = *size, .modified = modified.QuadPart};
+}
+
 std::error_code FlushToDisk(std::FILE* file) {
   if (std::fflush(file) != 0) {
     return {errno, std::generic_category()};

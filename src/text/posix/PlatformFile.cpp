@@ -76,6 +76,16 @@ std::optional<std::uint64_t> SizeOfFile(std::FILE* file) {
   return static_cast<std::uint64_t>(status.st_size);
 }
 
+std::optional<FileStamp> StampOfFile(std::FILE* file) {
+  struct stat status = {};
+  if (fstat(fileno(file), &status) != 0 || !S_ISREG(status.st_mode)) {
+    return std::nullopt;
+  }
+  constexpr std::int64_t kNanoseconds = 1'000'000'000;
+  return FileStamp{.size = static_cast<std::uint64_t>(status.st_size),
+                   .modified = status.st_mtim.tv_sec * kNanoseconds + status.st_mtim.tv_nsec};
+}
+
 std::error_code FlushToDisk(std::FILE* file) {
   return std::fflush(file) == 0 && fsync(fileno(file)) == 0 ? std::error_code() : LastFileError();
 }
