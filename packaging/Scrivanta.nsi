@@ -295,8 +295,9 @@ Section "Uninstall"
     RMDir "$APPDATA\${NAME}"
     DeleteRegKey HKCU "${SETTINGS_KEY}"
   ${EndIf}
-  ; Only when it is empty: a document that somebody has put there stays.
+  ; Only when they are empty: a document that somebody has put there stays, and so does one that a crash has left behind.
   RMDir "$INSTDIR"
+  RMDir "$LOCALAPPDATA\${NAME}"
 
   !insertmacro UnregisterType "txt"
   !insertmacro UnregisterType "rtf"

@@ -51,12 +51,14 @@ class ShownProgressBar {
 void DocumentFile::Load(const std::filesystem::path& path) {
   const std::filesystem::path wanted = WithoutLineBreaks(path);
   const std::unique_ptr<BusyWork> work = workbench_.StartWork();
+  // Looked at first: what another program writes from then on is noticed.
+  KnownFile file(wanted);
   const std::string bytes = ReadFile(wanted, work->progress());
   if (IsRichText(wanted) && !bytes.empty()) {
     if (!view_.ShowRichDocument(bytes)) {
       throw NoRichText(wanted);
     }
-    TakeOver(wanted, {}, nullptr);
+    TakeOver(std::move(file), wanted, {});
     return;
   }
   const DecodedDocument document = DecodeDocument(bytes);
@@ -64,7 +66,7 @@ void DocumentFile::Load(const std::filesystem::path& path) {
     return;
   }
   view_.ShowDocument(document.text);
-  TakeOver(wanted, document.format, nullptr);
+  TakeOver(std::move(file), wanted, document.format);
   if (document.format.lineEnds == DocumentLineEnds::kMixed) {
     workbench_.ShowStatus(u"行尾不一致，存盘时将统一为 CR LF");
   }
@@ -78,16 +80,61 @@ bool DocumentFile::ConfirmBinary(const std::filesystem::path& path) {
 }
 
 // The document that is shown now is this one.
-void DocumentFile::TakeOver(const std::filesystem::path& path, const DocumentFormat& format, DocumentSaver saver) {
+void DocumentFile::TakeOver(KnownFile file, const std::filesystem::path& path, const DocumentFormat& format) {
   path_ = path;
+  file_ = std::move(file);
   format_ = format;
-  saver_ = std::move(saver);
+  saver_ = nullptr;
   isReadOnly_ = format.isBinary;
-  isChanged_ = false;
   view_.SetReadOnly(isReadOnly_);
   view_.ShowPath(path_);
   if (!path_.empty()) {
     view_.NoteUse(path_);
+  }
+  SetChanged(false);
+}
+
+void DocumentFile::SetChanged(bool isChanged) {
+  isChanged_ = isChanged;
+  view_.NoteChanged(isChanged);
+}
+
+Snapshot DocumentFile::Capture() const {
+  const bool isRich = IsRichText(path_) || view_.HasFormatting();
+  return {.path = path_,
+          .format = format_,
+          .stamp = file_.stamp(),
+          .selection = workbench_.editor().Selection(),
+          .taken = {},
+          .text = isRich ? std::u16string() : workbench_.editor().Text(),
+          .rtf = isRich ? std::optional(view_.DocumentRtf()) : std::nullopt};
+}
+
+void DocumentFile::Restore(const Snapshot& snapshot) {
+  if (!snapshot.rtf) {
+    view_.ShowDocument(snapshot.text);
+  } else if (!view_.ShowRichDocument(*snapshot.rtf)) {
+    throw NoRichText(snapshot.path);
+  }
+  TakeOver(KnownFile(snapshot.path, snapshot.stamp), snapshot.path, snapshot.format);
+  workbench_.editor().SetSelection(snapshot.selection);
+  SetChanged(true);
+}
+
+std::optional<std::u16string> DocumentFile::TextOf(const Snapshot& snapshot) {
+  return snapshot.rtf ? view_.TextOfRtf(*snapshot.rtf) : snapshot.text;
+}
+
+bool DocumentFile::IsInItsFile(const Snapshot& snapshot) {
+  if (snapshot.path.empty()) {
+    return false;
+  }
+  try {
+    const std::optional<std::u16string> text = TextOf(snapshot);
+    const std::string file = ReadWholeFile(snapshot.path);
+    return IsRichText(snapshot.path) ? snapshot.rtf == file : text && EncodeDocument(*text, snapshot.format) == file;
+  } catch (const FileError&) {
+    return false;
   }
 }
 
@@ -97,22 +144,119 @@ bool DocumentFile::SaveTo(const std::filesystem::path& path) {
     throw ExplainedError("the document is read-only",
                          u"只读打开的文件不能存盘，请另存为其他文件名：\n" + TextOfPath(path));
   }
-  const std::u16string text = workbench_.editor().Text();
-  if (!IsRichText(wanted) && !ChooseEncoding(text)) {
+  if (wanted == path_ && file_.IsAnothers()) {
+    const OverAnothers choice = AskAboutAnothers(path_);
+    if (choice != OverAnothers::kSave) {
+      return choice == OverAnothers::kSaveAs && SaveAs();
+    }
+  }
+  if (!IsRichText(wanted) && !ChooseEncoding(workbench_.editor().Text())) {
     return false;
+  }
+  if (wanted != path_) {
+    file_ = {};
   }
   path_ = wanted;
   view_.ShowPath(path_);
   const std::unique_ptr<BusyWork> work = workbench_.StartWork();
   const ShownProgressBar bar(view_);
-  WriteFile(IsRichText(path_) ? view_.DocumentRtf() : EncodeDocument(text, format_), work->progress());
+  WriteFile(Bytes(), work->progress());
+  file_ = KnownFile(path_);
   saver_ = nullptr;
-  isChanged_ = false;
   if (std::exchange(isReadOnly_, false)) {
     view_.SetReadOnly(false);
   }
   view_.NoteUse(path_);
+  SetChanged(false);
   return true;
+}
+
+std::string DocumentFile::Bytes() const {
+  return IsRichText(path_) ? view_.DocumentRtf() : EncodeDocument(workbench_.editor().Text(), format_);
+}
+
+void DocumentFile::LookAtFile() {
+  switch (file_.Look()) {
+    case KnownFile::News::kNone:
+      return;
+    case KnownFile::News::kGone:
+      SetChanged(true);
+      workbench_.prompts().Ask(
+          {.text = u"文件已被删除、移走或改名：\n" + TextOfPath(path_) + u"\n文本还在这里，存盘就重新写出这个文件。",
+           .icon = Icon::kWarning});
+      return;
+    case KnownFile::News::kChanged:
+      OfferToReload();
+  }
+}
+
+void DocumentFile::OfferToReload() {
+  std::string bytes;
+  try {
+    bytes = ReadFile(path_, workbench_.StartWork()->progress());
+  } catch (const FileError&) {
+    file_.TellAgain();  // the other program is not done with it
+    return;
+  }
+  if (bytes == Bytes()) {
+    file_.Accept();
+    SetChanged(false);
+    return;
+  }
+  const std::u16string both = isChanged_ ? u"这里的文本也改动过，还没有存盘。\n" : u"";
+  const Answer answer =
+      workbench_.prompts().Ask({.text = u"文件已被其他程序改动：\n" + TextOfPath(path_) + u"\n" + both +
+                                        u"\n“是”：载入文件现在的内容，这里的文本可以撤消回来\n"
+                                        u"“否”：保留这里的文本，文件先不动，存盘时再问",
+                                .buttons = Buttons::kYesNo,
+                                .icon = Icon::kQuestion,
+                                .defaultAnswer = isChanged_ ? Answer::kNo : Answer::kYes});
+  if (answer == Answer::kYes) {
+    Reload(bytes);
+  } else {
+    SetChanged(true);
+  }
+}
+
+// One change that can be undone.
+void DocumentFile::Reload(std::string_view bytes) {
+  Editor& editor = workbench_.editor();
+  const TextRange selection = editor.Selection();
+  const ScrollPosition scroll = editor.Scroll();
+  if (IsRichText(path_) && !bytes.empty()) {
+    if (!editor.SetRtf(bytes)) {
+      throw NoRichText(path_);
+    }
+  } else {
+    const DecodedDocument document = DecodeDocument(bytes);
+    if (document.format.isBinary && !isReadOnly_) {
+      throw ExplainedError("the file is no text any more",
+                           u"文件现在的内容不是文本，没有载入，这里的文本不变：\n" + TextOfPath(path_));
+    }
+    editor.SetText(document.text);
+    format_ = document.format;
+  }
+  editor.SetSelection(selection);
+  editor.SetScroll(scroll);
+  file_.Accept();
+  SetChanged(false);
+}
+
+DocumentFile::OverAnothers DocumentFile::AskAboutAnothers(const std::filesystem::path& path) {
+  switch (workbench_.prompts().Ask({.text = u"文件在打开以后被其他程序改动过：\n" + TextOfPath(path) +
+                                            u"\n\n“是”：用这里的文本代替文件现在的内容\n"
+                                            u"“否”：另存为其他文件\n"
+                                            u"“取消”：不存盘",
+                                    .buttons = Buttons::kYesNoCancel,
+                                    .icon = Icon::kWarning,
+                                    .defaultAnswer = Answer::kNo})) {
+    case Answer::kYes:
+      return OverAnothers::kSave;
+    case Answer::kNo:
+      return OverAnothers::kSaveAs;
+    default:
+      return OverAnothers::kCancel;
+  }
 }
 
 // False when the user rather does not save.
@@ -167,11 +311,9 @@ void DocumentFile::Save() {
   }
 }
 
-void DocumentFile::SaveAs() {
+bool DocumentFile::SaveAs() {
   const std::filesystem::path path = workbench_.prompts().AskForFile({.filter = kTextFilter});
-  if (!path.empty()) {
-    SaveTo(path);
-  }
+  return !path.empty() && SaveTo(path);
 }
 
 bool DocumentFile::MayClose() {
@@ -214,7 +356,8 @@ void DocumentFile::ShowNew(std::u16string_view text, DocumentSaver saver) {
 }
 
 void DocumentFile::SaveThrough(DocumentSaver saver) {
-  TakeOver({}, {}, std::move(saver));
+  TakeOver({}, {}, {});
+  saver_ = std::move(saver);
 }
 
 std::u16string DocumentFile::TextOfFile(const std::filesystem::path& path) {

@@ -9,6 +9,8 @@
 #include <string_view>
 
 #include "shell/Document.h"
+#include "shell/KnownFile.h"
+#include "shell/Snapshot.h"
 #include "shell/Workbench.h"
 #include "text/DocumentFormat.h"
 
@@ -27,10 +29,14 @@ class DocumentView {
   virtual void ShowDocument(std::u16string_view text) = 0;
   virtual bool ShowRichDocument(std::string_view rtf) = 0;
   virtual std::string DocumentRtf() const = 0;
+  // Whether the document may have formatting that its text alone would lose.
+  virtual bool HasFormatting() const = 0;
   // Nothing when the bytes are no rich text.
   virtual std::optional<std::u16string> TextOfRtf(std::string_view rtf) = 0;
 
   virtual void SetReadOnly(bool readOnly) = 0;
+  // The document has been changed; or it is safe, or given up: it counts as unchanged.
+  virtual void NoteChanged(bool isChanged) = 0;
 
   // In the first status panel and in the caption; an empty path is an untitled document.
   virtual void ShowPath(const std::filesystem::path& path) = 0;
@@ -56,15 +62,33 @@ class DocumentFile final : public Document {
   void OpenAsked();
   void OpenDropped(std::span<const std::filesystem::path> paths);
   void Save();
-  void SaveAs();
+  // Whether the document has been saved.
+  bool SaveAs();
   // Asks whether to save a changed document before the program ends; false when it is not to end.
   bool MayClose();
 
-  void NoteChange() noexcept { isChanged_ = true; }
+  void NoteChange() { SetChanged(true); }
+
+  // To be called when the user comes back to the window: tells what another program has done to the file meanwhile, and
+  // asks which text is to stay. The other one is not lost: what is shown can be undone, what is in the file is replaced
+  // only after another question. Throws FileError or ExplainedError, and the document stays as it is.
+  void LookAtFile();
+
+  // Whether it is saved by a saver of its own: its text must not lie on the disk in any other way.
+  bool IsEnciphered() const noexcept { return saver_ != nullptr; }
+  // The document as it is now, but for the time.
+  Snapshot Capture() const;
+  // Puts the document in the place of the one that is shown: changed, with nothing to undo. Throws ExplainedError when
+  // its rich text is none.
+  void Restore(const Snapshot& snapshot);
+  // Nothing when its rich text is none.
+  std::optional<std::u16string> TextOf(const Snapshot& snapshot);
+  // Whether saving the snapshot's document would write what its file holds already.
+  bool IsInItsFile(const Snapshot& snapshot);
 
   std::filesystem::path Path() const override { return path_; }
   bool IsChanged() const override { return isChanged_; }
-  void MarkUnchanged() override { isChanged_ = false; }
+  void MarkUnchanged() override { SetChanged(false); }
   bool OfferToSave() override;
   void ShowNew(std::u16string_view text, DocumentSaver saver) override;
   void SaveThrough(DocumentSaver saver) override;
@@ -76,15 +100,23 @@ class DocumentFile final : public Document {
 
   bool OfferToSave(const std::u16string& filter, WithoutName withoutName);
   bool SaveForQuestion(const std::u16string& filter, WithoutName withoutName);
+  void SetChanged(bool isChanged);
   bool ConfirmBinary(const std::filesystem::path& path);
   bool ChooseEncoding(std::u16string_view text);
-  void TakeOver(const std::filesystem::path& path, const DocumentFormat& format, DocumentSaver saver);
+  // What saving would write.
+  std::string Bytes() const;
+  void OfferToReload();
+  void Reload(std::string_view bytes);
+  enum class OverAnothers { kSave, kSaveAs, kCancel };
+  OverAnothers AskAboutAnothers(const std::filesystem::path& path);
+  void TakeOver(KnownFile file, const std::filesystem::path& path, const DocumentFormat& format);
   static std::string ReadFile(const std::filesystem::path& path, Progress& progress);
   void WriteFile(std::string_view bytes, Progress& progress);
 
   Workbench& workbench_;
   DocumentView& view_;
   std::filesystem::path path_;
+  KnownFile file_;
   DocumentFormat format_;
   DocumentSaver saver_;
   bool isReadOnly_ = false;

@@ -1,6 +1,7 @@
 #include "shell/FrmInterrupt.h"
 
 #include "shell/FrmInterruptControls.h"
+#include "win/MessageBox.h"
 
 namespace scrivanta {
 
@@ -14,8 +15,12 @@ void FrmInterrupt::OnInit() {
 
 bool FrmInterrupt::OnCommand(int controlId, int) {
   switch (controlId) {
+    case IDCANCEL:  // the window's own close button, for Esc is taken before it gets here
+      if (ShowMessageBox(handle(), u"命令还在运行，是否中断？", u"Scrivanta", MB_YESNO | MB_ICONQUESTION) != IDYES) {
+        return true;
+      }
+      [[fallthrough]];
     case CmdStop:
-    case IDCANCEL:  // Esc, and the window's own close button
       Close();
       onStop_();
       return true;

@@ -31,9 +31,13 @@ constexpr UINT kTrayIconId = 1;
 // The icon's events come as mouse moves, with the event's message in the place of the position.
 constexpr UINT kTrayMessage = WM_MOUSEMOVE;
 
-enum Timer : UINT_PTR { kTypeDate = 1, kTypeTime = 2 };
+enum Timer : UINT_PTR { kTypeDate = 1, kTypeTime = 2, kSnapshot = 3, kCloseWhenIdle = 4 };
 // Until the keys of the shortcut are up again.
-constexpr UINT kTypingDelay = 250;  // milliseconds
+constexpr UINT kTypingDelay = 250;       // milliseconds
+constexpr UINT kSnapshotInterval = 100;  // milliseconds
+constexpr UINT kIdleInterval = 20;       // milliseconds
+// Posted by the window to itself: a question must not stand in the midst of an activation.
+constexpr UINT kLookAtFile = WM_APP;
 
 int SystemDotsPerInch() {
   return static_cast<int>(GetDpiForSystem());
@@ -95,8 +99,13 @@ void FrmMain::Open(std::u16string_view commandLine) {
   SetFocus(editor_.box());
   UpdateWindow(handle());
   if (!documentPath.empty()) {
-    RunGuarded([this, documentPath] { documentFile_.Load(documentPath); });
+    RunGuarded([this, documentPath] {
+      if (!recovery_.Restore(documentPath)) {
+        documentFile_.Load(documentPath);
+      }
+    });
   }
+  RunGuarded([this] { recovery_.OfferLeftBehind(); });
 }
 
 void FrmMain::RestoreSettings() {
@@ -176,8 +185,22 @@ std::optional<LRESULT> FrmMain::OnStateMessage(UINT message, WPARAM wParam, LPAR
         return TRUE;
       }
       return std::nullopt;
+    case WM_ACTIVATE:
+      LookAtFileSoon(LOWORD(wParam) != WA_INACTIVE);
+      return std::nullopt;
+    case WM_ACTIVATEAPP:  // a dialog may be what is activated
+      LookAtFileSoon(wParam != FALSE);
+      return std::nullopt;
+    case kLookAtFile:
+      OnLookAtFile();
+      return 0;
     case WM_QUERYENDSESSION:  // the user logs off
-      return !work_.IsBusy() && MayClose() ? TRUE : FALSE;
+      return MayEndSession() ? TRUE : FALSE;
+    case WM_ENDSESSION:
+      if (wParam != FALSE && mayEndSession_) {
+        recovery_.Forget();
+      }
+      return 0;
     case WM_INITMENUPOPUP:
       RefreshMenu();
       return 0;
@@ -246,9 +269,6 @@ void FrmMain::RunCommand(int commandId) {
     commands_.Run(entry->controlName, *this);
   }
   RefreshMenu();
-  if (std::exchange(closeWhenIdle_, false)) {
-    PostMessageW(handle(), WM_CLOSE, 0, 0);
-  }
 }
 
 void FrmMain::SetComposing(bool composing) {
@@ -335,10 +355,45 @@ bool FrmMain::OnEditBoxKey(WPARAM key) {
 }
 
 void FrmMain::OnTimer(UINT_PTR timer) {
+  if (timer == kSnapshot) {
+    OnSnapshotTimer();
+    return;
+  }
+  if (timer == kCloseWhenIdle) {
+    OnIdleTimer();
+    return;
+  }
   KillTimer(handle(), timer);
   if (!work_.IsBusy() && IsWindowEnabled(handle()) != FALSE) {
     const auto now = clock_.Now();
     editor_.ReplaceSelection(timer == kTypeDate ? DateText(now) : TimeText(now));
+  }
+}
+
+void FrmMain::LookAtFileSoon(bool isActivated) {
+  if (isActivated) {
+    PostMessageW(handle(), kLookAtFile, 0, 0);
+  }
+}
+
+void FrmMain::OnLookAtFile() {
+  if (!work_.IsBusy() && IsWindowEnabled(handle()) != FALSE) {
+    RunGuarded([this] { documentFile_.LookAtFile(); });
+  }
+}
+
+void FrmMain::OnSnapshotTimer() {
+  recovery_.Work();
+  if (!recovery_.IsPending()) {
+    KillTimer(handle(), kSnapshot);
+  }
+}
+
+// Whatever runs the work, a command, a dialog or a start, has come back when the window is free again.
+void FrmMain::OnIdleTimer() {
+  if (!work_.IsBusy() && IsWindowEnabled(handle()) != FALSE) {
+    KillTimer(handle(), kCloseWhenIdle);
+    RequestClose();
   }
 }
 
@@ -374,20 +429,37 @@ void FrmMain::OnDrop(HDROP drop) {
 
 void FrmMain::OnClose() {
   if (work_.IsBusy()) {
-    const Answer answer =
-        prompts_.Ask({.text = u"正在处理，是否中断并退出？", .buttons = Buttons::kYesNo, .icon = Icon::kQuestion});
-    if (answer == Answer::kYes) {
-      busy_.RequestStop();
-      closeWhenIdle_ = true;
-    }
+    OfferToStopAndClose();
     return;
   }
   if (IsIconic(handle()) == FALSE) {
     RunGuarded([this] { KeepPlacement(); });
   }
   if (MayClose()) {
+    recovery_.Forget();
     DestroyWindow(handle());
   }
+}
+
+void FrmMain::OfferToStopAndClose() {
+  if (std::exchange(isClosingAsked_, true)) {
+    return;
+  }
+  const Answer answer =
+      prompts_.Ask({.text = u"正在处理，是否中断并退出？", .buttons = Buttons::kYesNo, .icon = Icon::kQuestion});
+  isClosingAsked_ = false;
+  if (answer == Answer::kYes) {
+    busy_.RequestStop();
+    SetTimer(handle(), kCloseWhenIdle, kIdleInterval, nullptr);
+  }
+}
+
+// The system may end the session whatever the answer, and while the question stands: the snapshot is up to date before,
+// and stays until the session really ends with the user's leave.
+bool FrmMain::MayEndSession() {
+  recovery_.Complete();
+  mayEndSession_ = !work_.IsBusy() && MayClose();
+  return mayEndSession_;
 }
 
 // False when the user calls it off, or when the document could not be saved.
@@ -405,6 +477,17 @@ void FrmMain::KeepPlacement() {
 
 void FrmMain::RequestClose() {
   PostMessageW(handle(), WM_CLOSE, 0, 0);
+}
+
+void FrmMain::NoteChanged(bool isChanged) {
+  if (!isChanged) {
+    recovery_.Forget();
+    return;
+  }
+  if (!recovery_.IsPending()) {
+    SetTimer(handle(), kSnapshot, kSnapshotInterval, nullptr);
+  }
+  recovery_.NoteChange();
 }
 
 void FrmMain::ShowPath(const std::filesystem::path& path) {

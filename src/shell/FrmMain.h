@@ -11,6 +11,7 @@
 
 #include "shell/CommandTable.h"
 #include "shell/DocumentFile.h"
+#include "shell/DocumentRecovery.h"
 #include "shell/FrmMainBars.h"
 #include "shell/FrmMainBusy.h"
 #include "shell/FrmMainEditor.h"
@@ -66,14 +67,22 @@ class FrmMain final : public Window, public Workbench, public MainWindow, privat
   void OnTrayClick();
   void OnDrop(HDROP drop);
   void OnClose();
+  void OfferToStopAndClose();
+  bool MayEndSession();
   bool MayClose();
   void OnTimer(UINT_PTR timer);
+  void OnSnapshotTimer();
+  void OnIdleTimer();
+  void LookAtFileSoon(bool isActivated);
+  void OnLookAtFile();
 
   void ShowDocument(std::u16string_view text) override { editor_.ShowDocument(text); }
   bool ShowRichDocument(std::string_view rtf) override { return editor_.ShowRichDocument(rtf); }
   std::string DocumentRtf() const override { return editor_.Rtf(); }
+  bool HasFormatting() const override { return editor_.HasFormatting(); }
   std::optional<std::u16string> TextOfRtf(std::string_view rtf) override { return editor_.TextOfRtf(rtf); }
   void SetReadOnly(bool readOnly) override { editor_.SetReadOnly(readOnly); }
+  void NoteChanged(bool isChanged) override;
   void ShowPath(const std::filesystem::path& path) override;
   void NoteUse(const std::filesystem::path& path) override { desktop_.NoteRecentDocument(path); }
   void ShowProgressBar(std::optional<int> percent) override { bars_.ShowProgress(percent); }
@@ -114,12 +123,14 @@ class FrmMain final : public Window, public Workbench, public MainWindow, privat
   FrmMainBusy busy_;
   WindowWork work_{busy_, clock_};
   DocumentFile documentFile_{*this, *this};
+  DocumentRecovery recovery_{*this, documentFile_};
   std::optional<TrayIcon> trayIcon_;
   std::optional<Subclass> editBoxKeys_;
   std::u16string untitledCaption_;
   WorkbenchState shownState_;
-  bool closeWhenIdle_ = false;
   bool isComposing_ = false;
+  bool isClosingAsked_ = false;
+  bool mayEndSession_ = false;
 };
 
 }  // namespace scrivanta

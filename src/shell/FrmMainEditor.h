@@ -45,6 +45,7 @@ class FrmMainEditor final : public Editor, public RichBox {
   // For UndoCommand.
   DocumentHistory& history() noexcept { return history_; }
   const ControlView& view() const noexcept { return control_; }
+  bool HasFormatting() const noexcept { return control_.hasFormatting(); }
   bool HasSelection() const { return !control_.Selection().empty(); }
   bool canUndo() const noexcept { return history_.canUndo(); }
   bool canRedo() const noexcept { return history_.canRedo(); }

@@ -11,6 +11,7 @@
 #include <combaseapi.h>
 #include <knownfolders.h>
 
+#include "shell/PortableStore.h"
 #include "text/Bytes.h"
 #include "win/PlatformError.h"
 #include "win/WideText.h"
@@ -47,15 +48,21 @@ std::filesystem::path ExecutablePath() {
   return path;
 }
 
-// The user's, which goes with the user from machine to machine.
-std::filesystem::path ApplicationDataFolder() {
+std::filesystem::path KnownFolder(const KNOWNFOLDERID& id) {
   PWSTR found = nullptr;
-  const HRESULT result = SHGetKnownFolderPath(FOLDERID_RoamingAppData, KF_FLAG_DEFAULT, nullptr, &found);
+  const HRESULT result = SHGetKnownFolderPath(id, KF_FLAG_DEFAULT, nullptr, &found);
   const std::unique_ptr<WCHAR, decltype(&CoTaskMemFree)> path(found, &CoTaskMemFree);
   if (FAILED(result)) {
     throw std::system_error(result, std::system_category(), "SHGetKnownFolderPath");
   }
   return path.get();
+}
+
+// A portable copy leaves nothing on the machine.
+std::filesystem::path RecoveryFolder(const IniFile& iniFile) {
+  constexpr wchar_t kName[] = L"Recovery";
+  return IsPortable(iniFile) ? iniFile.path().parent_path() / kName
+                             : KnownFolder(FOLDERID_LocalAppData) / L"Scrivanta" / kName;
 }
 
 }  // namespace
@@ -88,7 +95,8 @@ std::chrono::local_time<std::chrono::milliseconds> ScrivantaClock::Now() const {
 
 IniFile FindIniFile() {
   const std::filesystem::path program = ExecutablePath();
-  return IniFile::Locate(program.parent_path(), program.stem(), ApplicationDataFolder());
+  // The user's folder that goes with the user from machine to machine.
+  return IniFile::Locate(program.parent_path(), program.stem(), KnownFolder(FOLDERID_RoamingAppData));
 }
 
 Folders FindFolders(const IniFile& iniFile) {
@@ -97,6 +105,7 @@ Folders FindFolders(const IniFile& iniFile) {
   // Ending in a separator, as commands join names to them.
   folders.program = ExecutablePath().replace_filename(L"");
   folders.temporary = std::filesystem::temp_directory_path() / L"";
+  folders.recovery = RecoveryFolder(iniFile);
   return folders;
 }
 

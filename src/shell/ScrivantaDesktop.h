@@ -22,7 +22,7 @@ class ScrivantaClock final : public Clock {
 
 // The ini file of the running program.
 IniFile FindIniFile();
-// The three folders as the running program finds them.
+// The folders as the running program finds them.
 Folders FindFolders(const IniFile& iniFile);
 
 }  // namespace scrivanta

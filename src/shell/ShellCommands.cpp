@@ -7,6 +7,7 @@
 #include "shell/Capitals.h"
 #include "shell/DocumentFile.h"
 #include "shell/FontLine.h"
+#include "shell/NewInstance.h"
 #include "shell/RichBox.h"
 
 namespace scrivanta {
@@ -21,9 +22,7 @@ bool HasSelection(const WorkbenchState& state) {
 
 void mnuNew(Workbench& workbench, MainWindow& window) {
   window.KeepPlacement();
-  std::filesystem::path program = workbench.folders().program / workbench.folders().iniFile.filename();
-  // An empty name, for an empty command line would open the file that the options name.
-  workbench.shell().Run(program.replace_extension(u".exe").u16string(), u"\"\"");
+  StartInstance(workbench, {});
 }
 
 void ToggleEffect(RichBox& box, TextEffect effect) {

@@ -20,6 +20,8 @@ struct Folders {
   std::filesystem::path program;
   std::filesystem::path temporary;
   std::filesystem::path iniFile;
+  // For the snapshots of changed documents; made when it is needed. All instances of the user share it.
+  std::filesystem::path recovery = {};
 };
 
 class Clock {

@@ -151,6 +151,8 @@ class ScriptedWorkbench final : public Workbench {
   std::unique_ptr<BusyWork> StartWork() override;
   void ShowStatus(const std::u16string& text) override { status = text; }
 
+  void SetRecoveryFolder(const std::filesystem::path& folder) { folders_.recovery = folder; }
+
   // The bytes of a file in the temporary folder.
   std::string WorkFile(const std::filesystem::path& name) const { return ReadWholeFile(folders_.temporary / name); }
 

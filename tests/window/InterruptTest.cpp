@@ -137,5 +137,32 @@ TEST_F(InterruptTest, ALineCommandShowsHowFarItHasComeAndCanBeStopped) {
   expectUntouched();
 }
 
+TEST_F(InterruptTest, ClosingAWindowWhileACommandRunsAsksWhatToDo) {
+  app.Start();
+  const EndlessFile endless;
+  app.StartToDrop(endless.path());
+  const DialogDriver interrupt = app.ExpectInterruptWindow();
+  const Message stop{.text = u"命令还在运行，是否中断？",
+                     .buttons = Buttons::kYesNo,
+                     .icon = Icon::kQuestion,
+                     .systemModal = true};  // as topmost as the window it belongs to
+  // Without waiting for the command, which goes on.
+  const auto answer = [](const Message& question, Answer button) {
+    MessageBoxDriver(GetCurrentProcessId(), question, [] {}).Answer(button);
+  };
+  PostMessageW(interrupt.window(), WM_SYSCOMMAND, SC_CLOSE, 0);
+  answer(stop, Answer::kNo);
+  EXPECT_EQ(IsWindowEnabled(app.Editor().window()), FALSE) << "the command goes on";
+
+  const Message stopAndClose{
+      .text = u"正在处理，是否中断并退出？", .buttons = Buttons::kYesNo, .icon = Icon::kQuestion};
+  PostMessageW(app.MainWindow(), WM_SYSCOMMAND, SC_CLOSE, 0);
+  answer(stopAndClose, Answer::kNo);
+  EXPECT_EQ(IsWindowEnabled(app.Editor().window()), FALSE);
+  PostMessageW(app.MainWindow(), WM_SYSCOMMAND, SC_CLOSE, 0);
+  answer(stopAndClose, Answer::kYes);
+  EXPECT_EQ(app.WaitForEnd(), 0);
+}
+
 }  // namespace
 }  // namespace scrivanta

@@ -6,6 +6,7 @@
 
 #include "shell/DocumentFile.h"
 #include "support/ScriptedWorkbench.h"
+#include "support/StringView.h"
 #include "support/TemporaryFolder.h"
 #include "text/ExplainedError.h"
 
@@ -13,46 +14,10 @@ namespace scrivanta {
 namespace {
 
 using testing::ScriptedWorkbench;
+using testing::StringView;
 using testing::TemporaryFolder;
 
 constexpr char kGbkText[] = "\xBA\xBA\xD7\xD6\r\nabc";  // 汉字, abc
-
-// A window that is a string; its rich text is the text in braces.
-class StringView final : public DocumentView {
- public:
-  explicit StringView(Editor& editor) : editor_(editor) {}
-
-  void ShowDocument(std::u16string_view text) override { editor_.SetText(text); }
-  bool ShowRichDocument(std::string_view rtf) override {
-    const auto text = TextOfRtf(rtf);
-    if (text) {
-      editor_.SetText(*text);
-    }
-    return text.has_value();
-  }
-  std::string DocumentRtf() const override {
-    const std::u16string text = editor_.Text();
-    return "{" + std::string(text.begin(), text.end()) + "}";
-  }
-  std::optional<std::u16string> TextOfRtf(std::string_view rtf) override {
-    if (!rtf.starts_with("{") || !rtf.ends_with("}")) {
-      return std::nullopt;
-    }
-    return std::u16string(rtf.begin() + 1, rtf.end() - 1);
-  }
-  void SetReadOnly(bool readOnly) override { isReadOnly = readOnly; }
-  void ShowPath(const std::filesystem::path& path) override { shownPaths.push_back(path); }
-  void NoteUse(const std::filesystem::path& path) override { used.push_back(path); }
-  void ShowProgressBar(std::optional<int> percent) override { progress.push_back(percent); }
-
-  std::vector<std::filesystem::path> shownPaths;
-  std::vector<std::filesystem::path> used;
-  std::vector<std::optional<int>> progress;
-  bool isReadOnly = false;
-
- private:
-  Editor& editor_;
-};
 
 class DocumentFileTest : public ::testing::Test {
  protected:
@@ -376,6 +341,101 @@ TEST_F(DocumentFileTest, TheTextOfAFileIsReadWithoutShowingIt) {
   EXPECT_THROW(document.TextOfFile(File("missing.txt")), FileError);
   EXPECT_EQ(Text(), u"shown");
   EXPECT_TRUE(document.IsChanged());
+}
+
+class AnothersChangeTest : public DocumentFileTest {
+ protected:
+  AnothersChangeTest() { document.Load(path); }
+
+  // As another program does, which takes a while.
+  void ChangeFile(std::string_view bytes) {
+    folder.Put("a.txt", bytes);
+    std::filesystem::last_write_time(path, std::filesystem::last_write_time(path) + std::chrono::seconds(++changes_));
+  }
+  void LookAndAnswer(Answer answer) {
+    workbench.prompts().Will(answer);
+    document.LookAtFile();
+  }
+
+  const std::filesystem::path path = folder.Put("a.txt", "old");
+
+ private:
+  int changes_ = 0;
+};
+
+TEST_F(AnothersChangeTest, IsLoadedAsAChangeThatCanBeUndone) {
+  document.LookAtFile();
+  Edit(u"mine");
+  ChangeFile("\xEF\xBB\xBFtheirs\n");
+  const int changes = workbench.editor().changes;
+  LookAndAnswer(Answer::kYes);
+  EXPECT_EQ(Text(), u"theirs\r\n");
+  EXPECT_EQ(workbench.editor().changes, changes + 1);
+  EXPECT_FALSE(document.IsChanged());
+  document.LookAtFile();
+
+  Edit(u"theirs and mine\r\n");
+  document.Save();
+  EXPECT_EQ(ReadWholeFile(path), "\xEF\xBB\xBFtheirs and mine\n");
+  document.LookAtFile();
+  ExpectQuestions(1);
+}
+
+TEST_F(AnothersChangeTest, IsNotReplacedWithoutAnotherQuestion) {
+  ChangeFile("theirs");
+  LookAndAnswer(Answer::kNo);
+  EXPECT_EQ(Text(), u"old");
+  EXPECT_TRUE(document.IsChanged()) << "closing the window has to ask";
+  document.LookAtFile();
+  ExpectQuestions(1);
+
+  workbench.prompts().Will(Answer::kCancel);
+  document.Save();
+  EXPECT_EQ(ReadWholeFile(path), "theirs");
+  workbench.prompts().Will(Answer::kNo);
+  workbench.prompts().Will(File("b.txt"));
+  document.Save();
+  EXPECT_EQ(ReadWholeFile(path), "theirs");
+  EXPECT_EQ(ReadWholeFile(File("b.txt")), "old");
+  EXPECT_FALSE(document.IsChanged());
+  document.Save();  // which is another file, that nobody has changed
+  ExpectQuestions(3);
+}
+
+TEST_F(AnothersChangeTest, IsAskedAboutOnSavingEvenIfTheWindowWasNeverLeft) {
+  Edit(u"mine");
+  ChangeFile("theirs");
+  workbench.prompts().Will(Answer::kYes);
+  document.Save();
+  EXPECT_EQ(ReadWholeFile(path), "mine");
+  document.Save();
+  ExpectQuestions(1);
+}
+
+TEST_F(AnothersChangeTest, ThatChangesNothingIsNoNews) {
+  Edit(u"new");
+  ChangeFile("new");
+  document.LookAtFile();
+  EXPECT_FALSE(document.IsChanged());
+  ExpectQuestions(0);
+}
+
+TEST_F(AnothersChangeTest, ToWhatIsNoTextIsNotLoaded) {
+  ChangeFile(std::string("a\0b\0", 4));
+  EXPECT_THROW(LookAndAnswer(Answer::kYes), ExplainedError);
+  EXPECT_EQ(Text(), u"old");
+}
+
+TEST_F(AnothersChangeTest, ADeletedFileIsToldOnceAndWrittenAgain) {
+  std::filesystem::remove(path);
+  document.LookAtFile();
+  EXPECT_TRUE(document.IsChanged());
+  document.LookAtFile();
+  ExpectQuestions(1);
+  document.Save();
+  EXPECT_EQ(ReadWholeFile(path), "old");
+  document.LookAtFile();
+  ExpectQuestions(1);
 }
 
 }  // namespace

@@ -56,6 +56,21 @@ ProgramProcess::ProgramProcess(const std::u16string& commandLine, const std::fil
   window_ = WaitFor("the window of the program's process", [this] { return FindMainWindow(processId_); });
 }
 
+ProgramProcess::ProgramProcess(HWND window) : window_(window) {
+  GetWindowThreadProcessId(window_, &processId_);
+  process_.Reset(OpenProcess(SYNCHRONIZE | PROCESS_TERMINATE | PROCESS_QUERY_INFORMATION, FALSE, processId_));
+}
+
+ProgramProcess ProgramProcess::StartedBy(const ProgramProcess& program) {
+  return ProgramProcess(WaitFor("the window of a program started by another", [&program] {
+    HWND window = nullptr;
+    do {
+      window = FindWindowExW(nullptr, window, kMainWindowClass, nullptr);
+    } while (window != nullptr && (window == program.window_ || IsWindowVisible(window) == FALSE));
+    return window;
+  }));
+}
+
 ProgramProcess::~ProgramProcess() {
   Kill();
 }
@@ -105,8 +120,16 @@ void ProgramProcess::Close() const {
   PostMessageW(window_, WM_SYSCOMMAND, SC_CLOSE, 0);
 }
 
+void ProgramProcess::AskForEndOfSession() const {
+  PostMessageW(window_, WM_QUERYENDSESSION, 0, 0);
+}
+
+bool ProgramProcess::HasEnded() const {
+  return WaitForSingleObject(process_.get(), 0) == WAIT_OBJECT_0;
+}
+
 int ProgramProcess::WaitForEnd() const {
-  WaitUntil("the program's process to end", [this] { return WaitForSingleObject(process_.get(), 0) == WAIT_OBJECT_0; });
+  WaitUntil("the program's process to end", [this] { return HasEnded(); });
   DWORD code = 0;
   GetExitCodeProcess(process_.get(), &code);
   return static_cast<int>(code);

@@ -21,6 +21,8 @@ class ProgramProcess {
   // there.
   explicit ProgramProcess(const std::u16string& commandLine = {},
                           const std::filesystem::path& program = BuiltProgram());
+  // One that was not started by the test, but by the program given. Waits for its window.
+  static ProgramProcess StartedBy(const ProgramProcess& program);
   ProgramProcess(const ProgramProcess&) = delete;
   ProgramProcess& operator=(const ProgramProcess&) = delete;
   // Ends the process if it has not ended.
@@ -44,12 +46,17 @@ class ProgramProcess {
   MessageBoxDriver ExpectBox(const Message& message) const;
   FileDialogDriver ExpectFileDialog() const;
   void Close() const;
+  // Asks whether the program is ready for the end of the session, as when its user logs off.
+  void AskForEndOfSession() const;
+  bool HasEnded() const;
   // Waits until the process has ended; its exit code.
   int WaitForEnd() const;
   // As when the machine loses its power.
   void Kill();
 
  private:
+  explicit ProgramProcess(HWND window);
+
   HWND Editor() const;
 
   OwnedKernelObject process_;

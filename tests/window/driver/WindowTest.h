@@ -1,4 +1,5 @@
-// What every window test has: a folder of its own, settings that nobody has written yet, and the program.
+// What every window test has: a folder of its own, settings that nobody has written yet, nothing left behind by
+// a program that was killed, and the program.
 #pragma once
 
 #include <gtest/gtest.h>

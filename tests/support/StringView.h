@@ -1,0 +1,59 @@
+// A window of a document that is a string; its rich text is the text in braces.
+#pragma once
+
+#include <filesystem>
+#include <functional>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "shell/DocumentFile.h"
+
+namespace scrivanta::testing {
+
+class StringView final : public DocumentView {
+ public:
+  explicit StringView(Editor& editor) : editor_(editor) {}
+
+  void ShowDocument(std::u16string_view text) override { editor_.SetText(text); }
+  bool ShowRichDocument(std::string_view rtf) override {
+    const auto text = TextOfRtf(rtf);
+    if (text) {
+      editor_.SetText(*text);
+    }
+    return text.has_value();
+  }
+  std::string DocumentRtf() const override {
+    const std::u16string text = editor_.Text();
+    return "{" + std::string(text.begin(), text.end()) + "}";
+  }
+  std::optional<std::u16string> TextOfRtf(std::string_view rtf) override {
+    if (!rtf.starts_with("{") || !rtf.ends_with("}")) {
+      return std::nullopt;
+    }
+    return std::u16string(rtf.begin() + 1, rtf.end() - 1);
+  }
+  bool HasFormatting() const override { return isFormatted; }
+  void SetReadOnly(bool readOnly) override { isReadOnly = readOnly; }
+  void NoteChanged(bool isChanged) override {
+    if (onChanged) {
+      onChanged(isChanged);
+    }
+  }
+  void ShowPath(const std::filesystem::path& path) override { shownPaths.push_back(path); }
+  void NoteUse(const std::filesystem::path& path) override { used.push_back(path); }
+  void ShowProgressBar(std::optional<int> percent) override { progress.push_back(percent); }
+
+  std::vector<std::filesystem::path> shownPaths;
+  std::vector<std::filesystem::path> used;
+  std::vector<std::optional<int>> progress;
+  bool isReadOnly = false;
+  bool isFormatted = false;
+  std::function<void(bool)> onChanged;
+
+ private:
+  Editor& editor_;
+};
+
+}  // namespace scrivanta::testing
