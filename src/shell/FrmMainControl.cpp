@@ -76,8 +76,9 @@ void FrmMainControl::ReplaceWhole(std::span<const ControlEdit> edits) {
   for (const ControlEdit& edit : edits) {
     text.Replace(edit.removedRange(), edit.inserted);
   }
+  const std::unique_ptr<BusyWork> work = host_.startWork();
   FreshRichEdit fresh(box_, RichTextBox0);
-  Fill(fresh, text.ControlText({{0}, text.length()}));
+  fresh.box().LoadText(text.ControlText({{0}, text.length()}), work->progress());
   fresh.box().Select(ToPlatform({edits.back().insertedRange().end(), 0}));
   fresh.box().SetScrollPosition(box_.ScrollPosition());
   Show(fresh, false);
@@ -88,11 +89,12 @@ RichText FrmMainControl::Capture() const {
 }
 
 void FrmMainControl::Rebuild(const RichText& richText, std::u16string_view documentText) {
+  const std::unique_ptr<BusyWork> work = host_.startWork();
   FreshRichEdit fresh(box_, RichTextBox0);
   if (richText) {
-    FillByRtf(fresh, *richText);
+    fresh.box().LoadRtf(*richText, work->progress());
   } else {
-    Fill(fresh, ToControlText(documentText));
+    fresh.box().LoadText(ToControlText(documentText), work->progress());
   }
   fresh.box().SetScrollPosition(box_.ScrollPosition());
   Show(fresh, richText != nullptr);
@@ -107,15 +109,20 @@ void FrmMainControl::Select(ControlRange range) {
 }
 
 void FrmMainControl::LoadText(std::u16string_view text) {
+  const std::unique_ptr<BusyWork> work = host_.startWork();
   FreshRichEdit fresh(box_, RichTextBox0);
-  Fill(fresh, ToControlText(text));
+  fresh.box().LoadText(ToControlText(text), work->progress());
   fresh.box().Select({0, 0});
   Show(fresh, false);
 }
 
 bool FrmMainControl::LoadRtf(std::string_view bytes) {
+  if (!IsRichText(bytes)) {
+    return false;
+  }
+  const std::unique_ptr<BusyWork> work = host_.startWork();
   FreshRichEdit fresh(box_, RichTextBox0);
-  if (!FillByRtf(fresh, bytes)) {
+  if (!fresh.box().LoadRtf(bytes, work->progress())) {
     return false;
   }
   fresh.box().Select({0, 0});
@@ -124,30 +131,27 @@ bool FrmMainControl::LoadRtf(std::string_view bytes) {
 }
 
 std::optional<std::u16string> FrmMainControl::TextOfRtf(std::string_view bytes) {
+  if (!IsRichText(bytes)) {
+    return std::nullopt;
+  }
+  const std::unique_ptr<BusyWork> work = host_.startWork();
   FreshRichEdit fresh(box_, RichTextBox0);
-  return FillByRtf(fresh, bytes) ? std::optional(ToDocumentText(fresh.box().Text())) : std::nullopt;
+  return fresh.box().LoadRtf(bytes, work->progress()) ? std::optional(ToDocumentText(fresh.box().Text()))
+                                                      : std::nullopt;
 }
 
 std::size_t FrmMainControl::CountLines(std::u16string_view controlText) {
+  const std::unique_ptr<BusyWork> work = host_.startWork();
   FreshRichEdit fresh(box_, RichTextBox0);
-  Fill(fresh, controlText);
-  return fresh.box().LineCount();
-}
-
-void FrmMainControl::Fill(FreshRichEdit& fresh, std::u16string_view controlText) const {
-  const std::unique_ptr<BusyWork> work = host_.startWork();
   fresh.box().LoadText(controlText, work->progress());
-}
-
-bool FrmMainControl::FillByRtf(FreshRichEdit& fresh, std::string_view bytes) const {
-  const std::unique_ptr<BusyWork> work = host_.startWork();
-  return IsRichText(bytes) && fresh.box().LoadRtf(bytes, work->progress());
+  return fresh.box().LineCount();
 }
 
 bool FrmMainControl::IsRichText(std::string_view bytes) {
   return bytes.starts_with("{\\rtf");
 }
 
+// While the work goes on: who waits for its end meets the new control only.
 void FrmMainControl::Show(FreshRichEdit& fresh, bool hasFormatting) {
   fresh.TakePlace();
   hasFormatting_ = hasFormatting;

@@ -55,8 +55,6 @@ class FrmMainControl final : public UndoTarget {
 
  private:
   void ReplaceWhole(std::span<const ControlEdit> edits);
-  void Fill(FreshRichEdit& fresh, std::u16string_view controlText) const;
-  bool FillByRtf(FreshRichEdit& fresh, std::string_view bytes) const;
   void Show(FreshRichEdit& fresh, bool hasFormatting);
 
   RichEdit& box_;
