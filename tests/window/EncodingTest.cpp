@@ -82,7 +82,7 @@ TEST_F(EncodingTest, MixedLineEndsBecomeOneKindAndAreAnnounced) {
   app.Start();
   app.Open(file);
   app.ExpectText(u"a\r\nb\r\nc\r\nd");
-  EXPECT_NE(app.Status(), file.u16string());
+  app.ExpectStatus(file.u16string() + u"    行尾不一致，存盘时将统一为 CR LF");
   app.Menu("mnuSave");
   EXPECT_EQ(ReadBytes(file), "a\r\nb\r\nc\r\nd");
 }

@@ -16,8 +16,8 @@ namespace {
 
 class InterruptTest : public WindowTest {};
 
-// A file that has no end: who reads it works as long as this lives. It is a pipe; whoever looks whether it is a folder
-// before reading it takes up a connection too, hence several.
+// A file that has no end: who reads it works as long as this lives. It is a pipe; whoever looks at it before reading
+// it, whether it is a folder and of when it is, takes up a connection too, hence several.
 class EndlessFile {
  public:
   EndlessFile() {
@@ -49,7 +49,7 @@ class EndlessFile {
     }
   }
 
-  std::array<OwnedFile, 4> pipes_;
+  std::array<OwnedFile, 12> pipes_;
   std::jthread feeder_;
 };
 
