@@ -6,9 +6,9 @@
 #include <vector>
 
 #include "lines/DuplicateReport.h"
+#include "regexp/LineBreakEscape.h"
 #include "regexp/Markers.h"
 #include "regexp/RegExpExtract.h"
-#include "regexp/RegExpReplace.h"
 
 namespace scrivanta {
 
@@ -16,20 +16,59 @@ namespace {
 
 constexpr std::u16string_view kLineBreak = u"\r\n";
 
-// Writes the lines of the text, those with the marker as empty ones.
-void WriteUnmarkedLines(std::u16string_view text, LineWriter& out, Encoding encoding) {
-  std::string bytes;
-  while (!text.empty()) {
-    const std::size_t end = text.find(kLineBreak);
-    const std::u16string_view line = text.substr(0, end);
-    bytes.clear();
-    if (line.find(kSplitMarker) == std::u16string_view::npos) {
-      EncodeAppend(encoding, line, bytes);
-    }
-    out.WriteLine(bytes);
-    text.remove_prefix(end == std::u16string_view::npos ? text.size() : end + kLineBreak.size());
+// Writes a text line by line, without what is taken out of it: a line from which something was taken is empty, and a
+// line break that was taken joins two lines. A line that holds the marker of such places itself is empty too.
+class UntakenLines {
+ public:
+  // With keepsLineFeeds a lone line feed is part of a line, else it ends one.
+  UntakenLines(std::u16string_view text, bool keepsLineFeeds, LineWriter& out, Encoding encoding)
+      : text_(text), keepsLineFeeds_(keepsLineFeeds), out_(out), encoding_(encoding) {}
+
+  // From left to right.
+  void Take(std::size_t start, std::size_t end) {
+    WriteLinesUpTo(start);
+    isTaken_ = true;
+    passed_ = end;
   }
-}
+  void Finish() {
+    WriteLinesUpTo(text_.size());
+    if (isTaken_ || lineStart_ < text_.size()) {
+      WriteLine(text_.size(), text_.size());
+    }
+  }
+
+ private:
+  void WriteLinesUpTo(std::size_t end) {
+    const std::u16string_view rest = text_.substr(0, end);
+    for (std::size_t at = rest.find(u'\n', passed_); at != rest.npos; at = rest.find(u'\n', at + 1)) {
+      const bool isAfterReturn = at > passed_ && text_[at - 1] == u'\r';
+      if (isAfterReturn || !keepsLineFeeds_) {
+        WriteLine(at - (isAfterReturn ? 1 : 0), at + 1);
+      }
+    }
+  }
+  // What was not taken out of a line stands in one piece.
+  void WriteLine(std::size_t end, std::size_t next) {
+    const std::u16string_view line = text_.substr(lineStart_, end - lineStart_);
+    bytes_.clear();
+    if (!isTaken_ && line.find(kSplitMarker) == line.npos) {
+      EncodeAppend(encoding_, line, bytes_);
+    }
+    out_.WriteLine(bytes_);
+    lineStart_ = next;
+    passed_ = next;
+    isTaken_ = false;
+  }
+
+  std::u16string_view text_;
+  bool keepsLineFeeds_;
+  LineWriter& out_;
+  Encoding encoding_;
+  std::size_t lineStart_ = 0;
+  std::size_t passed_ = 0;  // up to here everything is written or taken
+  bool isTaken_ = false;    // something of the line that begins at lineStart_
+  std::string bytes_;       // of one line, kept for its memory
+};
 
 // Makes of reports on a place in one line reports on the place of that line among all of them.
 class LineByLineProgress final : public Progress {
@@ -55,8 +94,16 @@ void RegExpWordFilter(std::u16string_view text, LineWriter& have, LineWriter& ha
     have.WriteLine(Encode(options.encoding, match));
   }
   WriteHaveNotHeader(haveNot, options);
-  WriteUnmarkedLines(ReplaceInText(engine, text, options.keyword, kSplitMarker, {}, progress), haveNot,
-                     options.encoding);
+  UntakenLines rest(text, EndsWithLineBreakEscape(options.keyword), haveNot, options.encoding);
+  engine.Compile(options.keyword, {.multiLine = true})
+      ->Scan(
+          text, 0,
+          [&rest](const RegExpMatch& match) {
+            rest.Take(match.start, match.end());
+            return true;
+          },
+          progress);
+  rest.Finish();
 }
 
 void RegExpFilterDuplicates(LineReader& in, LineWriter& kept, LineWriter& report, std::u16string_view pattern,

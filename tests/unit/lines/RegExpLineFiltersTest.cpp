@@ -1,7 +1,11 @@
+#include <random>
+
 #include <gtest/gtest.h>
 
 #include "lines/RegExpLineFilters.h"
+#include "regexp/Markers.h"
 #include "regexp/RegExpErrors.h"
+#include "regexp/RegExpReplace.h"
 
 namespace scrivanta::testing {
 namespace {
@@ -36,9 +40,44 @@ TEST(RegExpLineFilters, DivideMatchesAndLines) {
       {u"ab\r\ncd\r\n", u"^.*b.*?$", u"ab\r\n|\r\ncd\r\n"},
       {u"1dfvjew74ut*&^%$@!~695gjd*&^!~845ut\r\n2\r\n", u"q", u"|\r\n2\r\n"},  // the text holds the marker
       {u"", u"a", u"|"},
+      {u"ab\r\ncd\r\nef", u"b\\r\\n", u"b\r\n\r\n|\r\nef\r\n"},  // takes line breaks
+      {u"a\r\nb\r\n", u"\\r", u"|\r\n\r\n"},                     // leaves half of one, which is one
+      {u"a\r\n\r\nb", u"^", u"|\r\n\r\n\r\n"},
+      {u"a\nb\r\nc", u"c", u"c\r\n|a\r\nb\r\n\r\n"},
+      {u"a\nb\r\n", u"q|\\r\\n", u"\r\n\r\n|\r\n"},
   };
   for (const Case& c : cases) {
     EXPECT_EQ(HaveAndHaveNot(c.text, c.pattern), c.groups);
+  }
+}
+
+// The rule as it is told: the matches replaced by the marker, and every line that holds it emptied.
+std::u16string PlainHaveNot(std::u16string_view text, std::u16string_view pattern) {
+  NoProgress progress;
+  std::u16string rest = ReplaceInText(BuiltInRegExpEngine(), text, pattern, kSplitMarker, {}, progress);
+  std::u16string lines;
+  while (!rest.empty()) {
+    const std::size_t end = std::min(rest.find(u"\r\n"), rest.size());
+    const std::u16string line = rest.substr(0, end);
+    lines += (line.find(kSplitMarker) == std::u16string::npos ? line : std::u16string()) + u"\r\n";
+    rest.erase(0, end + 2);
+  }
+  return lines;
+}
+
+TEST(RegExpLineFilters, AgreeWithReplacingAndSplitting) {
+  std::mt19937 random(5);
+  const std::u16string pieces[] = {u"a", u"b", u"一", u"\r\n", u"\r\n", u"\r", u"\n"};
+  const std::u16string patterns[] = {u"a", u"b*", u"a|\\r\\n", u"\\r",   u"\\n",
+                                     u"^", u"$",  u"^.*?$",    u"[^a]+", u"(a|b)+\\s"};
+  for (int round = 0; round < 2'000; ++round) {
+    std::u16string text;
+    for (auto i = random() % 12; i > 0; --i) {
+      text += pieces[random() % std::size(pieces)];
+    }
+    const std::u16string& pattern = patterns[random() % std::size(patterns)];
+    const std::u16string groups = HaveAndHaveNot(text, pattern);
+    ASSERT_EQ(groups.substr(groups.find(u'|') + 1), PlainHaveNot(text, pattern));
   }
 }
 
