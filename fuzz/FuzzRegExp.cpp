@@ -99,6 +99,27 @@ void FuzzPattern(std::string_view bytes) {
   CheckPattern(pattern, {.ignoreCase = true, .multiLine = true});
 }
 
+// Where a pattern lets the lines be searched apart, they give together what the whole text gives.
+void CheckPieces(std::u16string_view pattern, std::u16string_view replacement) {
+  NoProgress progress;
+  const RegExpReplaceOptions options{.keepsLineFeeds = true};
+  TextReplacer pieces(BuiltInRegExpEngine(), pattern, replacement, options);
+  if (!pieces.StaysInLine()) {
+    return;
+  }
+  TextReplacer whole(BuiltInRegExpEngine(), pattern, replacement, options);
+  std::u16string joined;
+  for (std::u16string_view rest = kSubject; !rest.empty();) {
+    const std::size_t end = std::min(rest.find(u'\n') + 1, rest.size());
+    const std::size_t length = end == 0 ? rest.size() : end;
+    joined += pieces.Replace(rest.substr(0, length), progress, length == rest.size());
+    rest.remove_prefix(length);
+  }
+  const bool isSame = joined == whole.Replace(kSubject, progress);
+  EXPECT_TRUE(isSame);
+  EXPECT_EQ(pieces.count(), whole.count());
+}
+
 // Pattern and replacement, separated by a line feed.
 void FuzzReplacement(std::string_view bytes) {
   NoProgress progress;
@@ -110,6 +131,7 @@ void FuzzReplacement(std::string_view bytes) {
         ReplaceInText(BuiltInRegExpEngine(), kSubject, text.substr(0, lineFeed),
                       text.substr(std::min(lineFeed + 1, text.size())), {.keepsLineFeeds = true}, progress, &count);
     EXPECT_TRUE(count > 0 || result == kSubject);
+    CheckPieces(text.substr(0, lineFeed), text.substr(std::min(lineFeed + 1, text.size())));
   } catch (const ExplainedError& error) {
     EXPECT_FALSE(error.chinese().empty());
   }
@@ -138,7 +160,10 @@ TEST(Fuzz, Pattern) {
 }
 
 TEST(Fuzz, Replacement) {
-  static constexpr std::string_view kInputs[] = {"(a)(b)?\n$1\\2$&$$$`$'", "a\n$0$10$", "[a-\n\\1", "\\r\\n\n\n"};
+  static constexpr std::string_view kInputs[] = {
+      "(a)(b)?\n$1\\2$&$$$`$'", "a\n$0$10$",          "[a-\n\\1",   "\\r\\n\n\n", "^.*?$\n<$&>",
+      "\\b\\w*|$\n-",           "(?=a|$)[^\n]?\n\\1", "(?!b).?\n|",
+  };
   static constexpr std::string_view kReplacementTokens[] = {"$",  "\\1", "$1", "$99", "$&", "$`",
                                                             "$'", "\n",  "(",  ")",   "a"};
   RunFuzz(FuzzReplacement, kInputs, kReplacementTokens);

@@ -1,5 +1,4 @@
 #include <memory>
-#include <span>
 #include <string>
 #include <string_view>
 
@@ -7,6 +6,7 @@
 #include <nlohmann/json.hpp>
 
 #include "batch/BatchCommand.h"
+#include "batch/TextInput.h"
 #include "regexp/MultiReplace.h"
 #include "regexp/RegExp.h"
 #include "regexp/RegExpExecute.h"
@@ -19,35 +19,8 @@ namespace scrivanta {
 
 namespace {
 
-constexpr std::size_t kBlockSize = 256 * 1024;  // bytes
-
 std::u16string FromArgument(const std::string& argument) {
   return Decode(Encoding::kUtf8, argument);
-}
-
-// Decoded block by block, so that the bytes of the input need no memory of their own. A block ends behind a line feed,
-// which is never part of another character.
-std::u16string ReadText(BatchContext& context) {
-  const std::uint64_t total = context.input.Size().value_or(0);
-  std::u16string text;
-  text.reserve(static_cast<std::size_t>(total));
-  std::string bytes;  // not yet decoded
-  std::uint64_t read = 0;
-  for (;;) {
-    const std::size_t kept = bytes.size();
-    bytes.resize(kept + kBlockSize);
-    const std::size_t count = context.input.Read(std::span(bytes).subspan(kept));
-    bytes.resize(kept + count);
-    const std::size_t lineFeed = std::string_view(bytes).substr(kept).rfind('\n');
-    const std::size_t whole = count == 0 ? bytes.size() : lineFeed == std::string::npos ? 0 : kept + lineFeed + 1;
-    DecodeAppend(context.encoding, std::string_view(bytes).substr(0, whole), text);
-    bytes.erase(0, whole);
-    if (count == 0) {
-      return text;
-    }
-    read += count;
-    context.progress.Report(read, total);
-  }
 }
 
 void WriteText(BatchContext& context, std::u16string_view text) {
@@ -132,7 +105,7 @@ struct ExecuteArguments {
 ExitStatus ListMatches(const ExecuteArguments& arguments, BatchContext& context) {
   const auto regExp = BuiltInRegExpEngine().Compile(FromArgument(arguments.pattern),
                                                     {arguments.options.ignoreCase, arguments.options.multiLine});
-  const std::u16string text = ReadText(context);
+  const std::u16string text = TextInput(context).ReadAll();
   bool found = false;
   regExp->Scan(
       text, 0,
@@ -146,7 +119,7 @@ ExitStatus ListMatches(const ExecuteArguments& arguments, BatchContext& context)
 }
 
 ExitStatus ReplaceMatches(const ExecuteArguments& arguments, BatchContext& context) {
-  std::u16string text = ReadText(context);
+  std::u16string text = TextInput(context).ReadAll();
   const MatchList matches = RegExpExecute(BuiltInRegExpEngine(), text, FromArgument(arguments.pattern),
                                           FromArgument(arguments.replacement), arguments.options, context.progress);
   WriteText(context, text);
@@ -190,9 +163,13 @@ BatchWork ConfigureExtract(CLI::App& parser) {
                                        .repeat = arguments->repeat,
                                        .groupList = FromArgument(arguments->groups),
                                        .groupSeparator = FromArgument(arguments->separator)};
-    RegExpExtractor extractor(BuiltInRegExpEngine(), FromArgument(arguments->pattern), options, context.progress);
+    TextInput input(context);
+    RegExpExtractor extractor(BuiltInRegExpEngine(), FromArgument(arguments->pattern), options, input);
     ResultWriter writer(context);
-    extractor.VisitResults(ReadText(context), [&writer](std::u16string_view result) { writer.Add(result); });
+    // A match at the end of a piece is empty, and so is none of the results.
+    input.Visit(extractor.StaysInLine(), [&](std::u16string_view piece, bool) {
+      extractor.VisitResults(piece, [&writer](std::u16string_view result) { writer.Add(result); });
+    });
     writer.Flush();
     return writer.any() ? ExitStatus::kDone : ExitStatus::kNothingFound;
   };
@@ -216,12 +193,13 @@ BatchWork ConfigureReplace(CLI::App& parser) {
   parser.add_flag("--first-only", arguments->firstOnly, "Replace only the first match");
   parser.add_flag("--single-line", arguments->singleLine, "Let ^ and $ hold at the ends of the text only");
   return [arguments](BatchContext& context) {
-    WriteText(context, ReplaceInText(BuiltInRegExpEngine(), ReadText(context), FromArgument(arguments->pattern),
-                                     FromArgument(arguments->replacement),
-                                     {.ignoreCase = arguments->ignoreCase,
-                                      .global = !arguments->firstOnly,
-                                      .multiLine = !arguments->singleLine},
-                                     context.progress));
+    TextReplacer replacer(
+        BuiltInRegExpEngine(), FromArgument(arguments->pattern), FromArgument(arguments->replacement),
+        {.ignoreCase = arguments->ignoreCase, .global = !arguments->firstOnly, .multiLine = !arguments->singleLine});
+    TextInput input(context);
+    input.Visit(replacer.StaysInLine(), [&](std::u16string_view piece, bool isLast) {
+      WriteText(context, replacer.Replace(piece, input, isLast));
+    });
     return ExitStatus::kDone;
   };
 }
@@ -249,7 +227,7 @@ BatchWork ConfigureMultiReplace(CLI::App& parser) {
   parser.add_flag("--ignore-case", arguments->ignoreCase, "Take upper and lower case for the same");
   return [arguments](BatchContext& context) {
     const MultiReplace replace = MakeMultiReplace(*arguments);
-    std::u16string text = ReadText(context);
+    std::u16string text = TextInput(context).ReadAll();
     replace.Apply(text, context.progress);
     WriteText(context, text);
     return ExitStatus::kDone;

@@ -36,6 +36,29 @@ bool HoldsCasedCharacter(const RegExpNode& node) {
          });
 }
 
+bool TakesLineFeed(const RegExpNode& node) {
+  switch (node.kind) {
+    case RegExpNodeKind::kLiteral:
+      return node.character == u'\n';
+    case RegExpNodeKind::kClassEscape:
+      return node.character == u's' || node.character == u'W' || node.character == u'D';
+    case RegExpNodeKind::kClass:
+      return node.negated == std::none_of(node.ranges.begin(), node.ranges.end(), [](const CharacterRange& range) {
+               return range.first <= u'\n' && range.last >= u'\n';
+             });
+    default:
+      return false;
+  }
+}
+
+bool StaysInLine(const RegExpNode& root, RegExpOptions options) {
+  return !AnyNode(root, [options](const RegExpNode& node) {
+    const bool isEndOfText =
+        !options.multiLine && (node.kind == RegExpNodeKind::kStart || node.kind == RegExpNodeKind::kEnd);
+    return isEndOfText || TakesLineFeed(node);
+  });
+}
+
 bool CanMatchNothing(const RegExpNode& node) {
   const auto& children = node.children;
   switch (node.kind) {
@@ -102,6 +125,7 @@ class Translator {
   Translator(const RegExpTree& tree, RegExpOptions options) : options_(options) {
     out_.groups.resize(tree.groupCount);
     out_.needsUnicodeCase = options.ignoreCase && AnyNode(tree.root, HoldsCasedCharacter);
+    out_.staysInLine = StaysInLine(tree.root, options);
   }
 
   PcrePattern Translate(const RegExpTree& tree) {

@@ -42,6 +42,7 @@ struct PcrePattern {
   std::vector<PcreGroup> groups;     // group n of the dialect stands at n - 1
   std::vector<PcreCheck> checks;
   bool needsUnicodeCase = false;  // compile with PCRE2_UCP
+  bool staysInLine = false;       // as RegExp::StaysInLine
 };
 
 PcrePattern TranslateToPcre(const RegExpTree& tree, RegExpOptions options);

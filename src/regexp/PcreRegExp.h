@@ -22,6 +22,7 @@ class PcreRegExp final : public RegExp {
 
   void Scan(std::u16string_view text, std::size_t from, const RegExpVisitor& visit, Progress& progress) override;
   std::size_t groupCount() const noexcept override { return pattern_.groups.size(); }
+  bool StaysInLine() const noexcept override { return pattern_.staysInLine; }
 
  private:
   class Program;

@@ -43,6 +43,9 @@ class RegExp {
   // empty match the search goes on one character further, so it always ends. Throws RegExpTooComplex, Interrupted.
   virtual void Scan(std::u16string_view text, std::size_t from, const RegExpVisitor& visit, Progress& progress) = 0;
   virtual std::size_t groupCount() const noexcept = 0;
+  // Whether no match holds a line feed or minds what is beyond one. A text may then be searched in pieces that end
+  // behind a line feed; only a match at the very end of a piece is none of the text, unless the piece is the last one.
+  virtual bool StaysInLine() const noexcept { return false; }
 
   // Whether the pattern matches anywhere in the text.
   bool Matches(std::u16string_view text, Progress& progress);

@@ -34,6 +34,8 @@ class RegExpExtractor {
   RegExpExtractor(const RegExpEngine& engine, std::u16string_view pattern, const RegExpExtractOptions& options,
                   Progress& progress);
 
+  // Whether a text may be given in pieces, as RegExp::StaysInLine says.
+  bool StaysInLine() const noexcept { return regExp_->StaysInLine(); }
   // As ExtractFromText.
   std::vector<std::u16string> Extract(std::u16string_view text);
   // The same, without a list of results that may be longer than the text.

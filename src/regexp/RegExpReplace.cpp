@@ -15,39 +15,60 @@ constexpr std::size_t kLargestResult = std::size_t{1} << 30;
 
 }  // namespace
 
-std::u16string ReplaceInText(const RegExpEngine& engine, std::u16string_view text, std::u16string_view pattern,
-                             std::u16string_view replacement, RegExpReplaceOptions options, Progress& progress,
-                             std::size_t* count) {
-  if (count != nullptr) {
-    *count = 0;
+TextReplacer::TextReplacer(const RegExpEngine& engine, std::u16string_view pattern, std::u16string_view replacement,
+                           RegExpReplaceOptions options)
+    : options_(options) {
+  if (!pattern.empty() && pattern != replacement) {
+    replacer_.emplace(engine, pattern, replacement, RegExpOptions{options.ignoreCase, options.multiLine});
   }
-  if (pattern.empty() || pattern == replacement) {
+  options_.keepsLineFeeds = options_.keepsLineFeeds || EndsWithLineBreakEscape(pattern);
+}
+
+bool TextReplacer::StaysInLine() const {
+  return !replacer_ || replacer_->StaysInLine();
+}
+
+std::u16string TextReplacer::Replace(std::u16string_view text, Progress& progress, bool isLastPiece) {
+  if (!replacer_) {
     return std::u16string(text);
   }
-  const RegExpReplacer replacer(engine, pattern, replacement, {options.ignoreCase, options.multiLine});
+  const bool isDone = count_ > 0 && !options_.global;
+  std::u16string result = isDone ? std::u16string(text) : ReplaceMatches(text, progress, isLastPiece);
+  return options_.keepsLineFeeds ? result : WithFullLineBreaks(std::move(result));
+}
+
+std::u16string TextReplacer::ReplaceMatches(std::u16string_view text, Progress& progress, bool isLastPiece) {
   std::u16string result;
   result.reserve(text.size());
   std::size_t copied = 0;  // of the text
-  std::size_t replaced = 0;
-  replacer.regExp().Scan(
+  replacer_->regExp().Scan(
       text, 0,
       [&](const RegExpMatch& match) {
+        if (match.start == text.size() && !isLastPiece) {
+          return false;
+        }
         result += text.substr(copied, match.start - copied);
-        replacer.AppendReplacement(result, text, match);
+        replacer_->AppendReplacement(result, text, match);
         copied = match.end();
-        ++replaced;
+        ++count_;
         if (result.size() > kLargestResult) {
           throw ExplainedError("the text would become too long by this replacement", u"替换后的文本太长，放弃替换。");
         }
-        return options.global;
+        return options_.global;
       },
       progress);
-  result += text.substr(copied);
+  return result += text.substr(copied);
+}
+
+std::u16string ReplaceInText(const RegExpEngine& engine, std::u16string_view text, std::u16string_view pattern,
+                             std::u16string_view replacement, RegExpReplaceOptions options, Progress& progress,
+                             std::size_t* count) {
+  TextReplacer replacer(engine, pattern, replacement, options);
+  std::u16string result = replacer.Replace(text, progress);
   if (count != nullptr) {
-    *count = replaced;
+    *count = replacer.count();
   }
-  const bool keepsLineFeeds = options.keepsLineFeeds || EndsWithLineBreakEscape(pattern);
-  return keepsLineFeeds ? result : WithFullLineBreaks(std::move(result));
+  return result;
 }
 
 std::u16string RegExpReplace(const RegExpEngine& engine, std::u16string_view source, std::u16string_view pattern,

@@ -17,6 +17,8 @@ class RegExpReplacer {
   RegExpReplacer(const RegExpEngine& engine, std::u16string_view pattern, std::u16string_view replacement,
                  RegExpOptions options);
 
+  // Whether a text may be given in pieces, as RegExp::StaysInLine says.
+  bool StaysInLine() const { return regExp_->StaysInLine() && !template_.NeedsWholeText(); }
   RegExp& regExp() const noexcept { return *regExp_; }
   // Appends what takes the place of a match in the text.
   void AppendReplacement(std::u16string& out, std::u16string_view text, const RegExpMatch& match) const {

@@ -69,6 +69,11 @@ void ReplacementTemplate::AddText(std::u16string_view text) {
   parts_.back().text += text;
 }
 
+bool ReplacementTemplate::NeedsWholeText() const {
+  return std::any_of(parts_.begin(), parts_.end(),
+                     [](const Part& part) { return part.kind == Kind::kBefore || part.kind == Kind::kBehind; });
+}
+
 void ReplacementTemplate::AppendTo(std::u16string& out, std::u16string_view text, const RegExpMatch& match) const {
   for (const Part& part : parts_) {
     switch (part.kind) {

@@ -16,6 +16,8 @@ class ReplacementTemplate {
   ReplacementTemplate(std::u16string_view replacement, std::size_t groupCount);
 
   // Appends what takes the place of a match in a text.
+  // Whether it refers to the text before or behind the match.
+  bool NeedsWholeText() const;
   void AppendTo(std::u16string& out, std::u16string_view text, const RegExpMatch& match) const;
 
  private:

@@ -1,3 +1,5 @@
+#include <algorithm>
+
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
 
@@ -68,6 +70,23 @@ TEST(RegExpCommands, Extract) {
       {{"regexp-extract", "--pattern", "A"}, "xa", "", 1},
       {{"regexp-extract", "--pattern", "^"}, "xa", "", 1},
   });
+}
+
+// Longer than what is read at once, so that a pattern which stays in its line sees the text in pieces.
+TEST(RegExpCommands, FindsTheSameInALongText) {
+  std::string text;
+  for (int i = 0; i < 40'000; ++i) {
+    text += i % 3 == 0 ? "\xD6\xD0 ab\n" : i % 3 == 1 ? "b\r\n" : "\r\n";
+  }
+  const auto output = [&text](const std::vector<std::string>& arguments) { return RunBatchOn(text, arguments).output; };
+  const std::string lines = output({"regexp-extract", "--pattern", "^.*?$"});
+  EXPECT_EQ(lines, output({"regexp-extract", "--pattern", "^.*?$|\\n{9}"}));
+  EXPECT_EQ(std::count(lines.begin(), lines.end(), 'b'), 26'667);
+  const std::string replaced = output({"regexp-replace", "--pattern", "$|^b?", "--replacement", "<$&>"});
+  EXPECT_EQ(replaced, output({"regexp-replace", "--pattern", "$|^b?|\\n{9}", "--replacement", "<$&>"}));
+  EXPECT_EQ(std::count(replaced.begin(), replaced.end(), '\n'), 40'000);
+  EXPECT_EQ(output({"regexp-replace", "--pattern", "^b", "--replacement", "c", "--first-only"}),
+            output({"regexp-replace", "--pattern", "^b|\\n{9}", "--replacement", "c", "--first-only"}));
 }
 
 TEST(RegExpCommands, Replace) {
