@@ -81,7 +81,7 @@ uninstall() {
 }
 # What lies in the user's folders and in the parts of the registry that a program may write to, without the times.
 traces() {
-  find "$drive/users" "$drive/Program Files" "$drive" -maxdepth 9 -not -path '*/Temp/*' -not -path "$drive/windows/*" | sort -u
+  find "$drive/users" "$drive/Program Files" "$drive" -maxdepth 9 -not -path '*/Temp/*' -not -path "$drive/windows/*" -not -path '*/Windows/Recent*' | sort -u
   for key in 'HKCU\Software\Classes' 'HKCU\Software\Scrivanta' "$uninstall_key"; do
     ! key_exists "$key" || wine reg query "$key" /s | tr -d '\r' | iconv -f GB18030 -t UTF-8 | sed '/^$/d'
   done

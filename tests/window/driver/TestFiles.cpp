@@ -66,7 +66,8 @@ std::filesystem::path TestProgramFolder() {
 }
 
 TestFolder::TestFolder() : temporaryBefore_(TemporaryVariable()) {
-  const std::string test = ::testing::UnitTest::GetInstance()->current_test_info()->name();
+  const auto* const running = ::testing::UnitTest::GetInstance()->current_test_info();
+  const std::string test = running == nullptr ? "without a test" : running->name();
   path_ = std::filesystem::path(temporaryBefore_) / (L"文本 工作台 " + std::wstring(test.begin(), test.end()));
   RemoveTree(kAnyLength + path_.native());
   std::filesystem::create_directories(path_);

@@ -10,8 +10,9 @@ namespace scrivanta {
 // Where the test program and the program it tests lie.
 std::filesystem::path TestProgramFolder();
 
-// A folder of the running test's own, empty at first and gone with the test. It is also the temporary folder of this
-// process, and of those that it starts, while it lives. Its name holds a blank and Chinese, as the folders of users do.
+// A folder of the running test's own, or of the program's, empty at first and gone with it. It is also the temporary
+// folder of this process, and of those that it starts, while it lives. Its name holds a blank and Chinese, as the
+// folders of users do.
 class TestFolder {
  public:
   TestFolder();
