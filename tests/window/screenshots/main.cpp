@@ -3,10 +3,13 @@
 //   screenshots SAMPLES IMAGES
 #include <windows.h>
 
+#include <array>
 #include <cstdio>
 #include <exception>
 #include <filesystem>
+#include <string>
 
+#include "win/WideText.h"
 #include "window/driver/ProgramProcess.h"
 #include "window/driver/Screenshot.h"
 #include "window/driver/Wait.h"
@@ -15,21 +18,43 @@
 namespace scrivanta {
 namespace {
 
-constexpr wchar_t kMenuClass[] = L"#32768";
-
 RECT BoundsOf(HWND window) {
   RECT bounds{};
   GetWindowRect(window, &bounds);
   return bounds;
 }
 
-// As Alt and the access key do.
-HWND OpenMenu(const ProgramProcess& program, wchar_t accessKey) {
-  PostMessageW(program.MainWindow(), WM_SYSCOMMAND, SC_KEYMENU, accessKey);
-  return WaitFor("the menu", [&] {
-    const auto menus = TopWindows(program.processId(), kMenuClass);
-    return menus.empty() ? nullptr : menus.front();
+// Of a window and all that is in it.
+bool IsDrawn(HWND window) {
+  bool isDrawn = GetUpdateRect(window, nullptr, FALSE) == FALSE;
+  EnumChildWindows(
+      window,
+      [](HWND control, LPARAM parameter) -> BOOL {
+        *reinterpret_cast<bool*>(parameter) &= GetUpdateRect(control, nullptr, FALSE) == FALSE;
+        return TRUE;
+      },
+      reinterpret_cast<LPARAM>(&isDrawn));
+  return isDrawn;
+}
+
+struct DialogPicture {
+  const char* command;
+  const wchar_t* caption;
+  const wchar_t* file;
+};
+
+// A dialog as it opens.
+void TakeDialogPicture(const ProgramProcess& program, const DialogPicture& picture,
+                       const std::filesystem::path& images) {
+  program.Menu(picture.command);
+  const HWND dialog = WaitFor("the dialog of " + std::string(picture.command), [&] {
+    return FindTopWindow(program.processId(), kDialogClass, FromWide(picture.caption));
   });
+  program.WaitUntilDrawn();
+  WaitUntil("the dialog to be drawn", [dialog] { return IsDrawn(dialog); });
+  TakeScreenshot(BoundsOf(dialog), images / picture.file);
+  PostMessageW(dialog, WM_CLOSE, 0, 0);
+  WaitUntil("the dialog to go", [dialog] { return IsWindow(dialog) == FALSE || IsWindowVisible(dialog) == FALSE; });
 }
 
 void TakePictures(const std::filesystem::path& samples, const std::filesystem::path& images) {
@@ -39,13 +64,16 @@ void TakePictures(const std::filesystem::path& samples, const std::filesystem::p
   program.WaitUntilDrawn();
   TakeScreenshot(BoundsOf(program.MainWindow()), images / L"main-window.png");
 
-  RECT both{};
-  const RECT menu = BoundsOf(OpenMenu(program, L't'));
-  const RECT window = BoundsOf(program.MainWindow());
-  UnionRect(&both, &menu, &window);
-  program.WaitUntilDrawn();
-  TakeScreenshot(both, images / L"menu.png");
-  PostMessageW(program.MainWindow(), WM_CANCELMODE, 0, 0);
+  program.Menu("mnuSelectAll");
+  // The options dialog is left out: it shows where the ini file is on this machine.
+  constexpr std::array kDialogs = {DialogPicture{"mnuFind", L"查找", L"find.png"},
+                                   DialogPicture{"mnuDelLineFromXtoY", L"删除开始行至结束行", L"delete-lines.png"},
+                                   DialogPicture{"mnuSort", L"文件排序", L"sort.png"},
+                                   DialogPicture{"mnuRegTest", L"RegularTest正则表达式测试", L"workbench.png"},
+                                   DialogPicture{"mnuEncryptSelectedText", L"密钥", L"key.png"}};
+  for (const DialogPicture& picture : kDialogs) {
+    TakeDialogPicture(program, picture, images);
+  }
   program.Close();
   program.WaitForEnd();
 }

@@ -99,6 +99,8 @@ class Soak {
   std::u16string text_;
   TextRange selection_;
   std::optional<std::u16string> clipboard_;
+  bool hasFormats_ = false;  // some of the text has, or had, a format of its own
+  std::string steps_;        // their names so far
 };
 
 }  // namespace scrivanta

@@ -1,5 +1,7 @@
 #include "window/soak/TextStates.h"
 
+#include "window/driver/WindowProbe.h"
+
 namespace scrivanta {
 
 void TextStates::Reset(const std::u16string& text) {
@@ -24,6 +26,16 @@ bool TextStates::Undo(const std::u16string& result) {
     }
   }
   return false;
+}
+
+std::string TextStates::Describe() const {
+  constexpr std::size_t kDescribed = 4;
+  std::string description;
+  for (std::size_t back = 1; back <= kDescribed && back <= current_; ++back) {
+    const State& state = states_[current_ - back];
+    description += "\n  " + Shown(state.text) + (state.typed ? " (typed)" : "");
+  }
+  return description;
 }
 
 bool TextStates::Redo(const std::u16string& result) {

@@ -15,11 +15,13 @@ class TextStates {
 
   const std::u16string& text() const noexcept { return states_[current_].text; }
   bool canUndo() const noexcept { return current_ > 0; }
-  bool canRedo() const noexcept { return current_ + 1 < states_.size(); }
 
   // Whether undoing, or redoing, may have led to this text; it is the present one then.
   bool Undo(const std::u16string& result);
   bool Redo(const std::u16string& result);
+  // The texts before the present one, the last first, for a person to read.
+  std::string Describe() const;
+  void ForgetUndone() { states_.resize(current_ + 1); }
 
  private:
   struct State {
