@@ -17,8 +17,6 @@ ManifestSupportedOS all
 !include FileFunc.nsh
 !include LogicLib.nsh
 !include Sections.nsh
-!include Win/COM.nsh
-!include Win/Propkey.nsh
 
 !define NAME "Scrivanta"
 !define UNINSTALL_KEY "Software\Microsoft\Windows\CurrentVersion\Uninstall\${NAME}"
@@ -136,38 +134,8 @@ Section "!${NAME}程序和使用说明" SectionProgram
   WriteRegDWORD HKCU "${UNINSTALL_KEY}" "EstimatedSize" $0
 SectionEnd
 
-; SetApplicationId LINK: the identity that the program gives itself, so that its windows belong to the pinned shortcut.
-!macro SetApplicationId LINK
-  !insertmacro ComHlpr_CreateInProcInstance ${CLSID_ShellLink} ${IID_IShellLink} r0 ""
-  ${If} $0 P<> 0
-    ${IUnknown::QueryInterface} $0 '("${IID_IPersistFile}",.r1)'
-    ${IUnknown::QueryInterface} $0 '("${IID_IPropertyStore}",.r2)'
-    ${If} $1 P<> 0
-    ${AndIf} $2 P<> 0
-      ${IPersistFile::Load} $1 '("${LINK}",${STGM_READWRITE})'
-      System::Call '*${SYSSTRUCT_PROPERTYKEY}(${PKEY_AppUserModel_ID})p.r3'
-      System::Call '*(&w64 "Scrivanta.Workbench")p.r4'
-      System::Call '*${SYSSTRUCT_PROPVARIANT}(${VT_LPWSTR},,p r4)p.r5'
-      ${IPropertyStore::SetValue} $2 '($3,$5)'
-      ${IPropertyStore::Commit} $2 ""
-      System::Free $5
-      System::Free $4
-      System::Free $3
-      ${IPersistFile::Save} $1 '("${LINK}",1)'
-    ${EndIf}
-    ${If} $2 P<> 0
-      ${IUnknown::Release} $2 ""
-    ${EndIf}
-    ${If} $1 P<> 0
-      ${IUnknown::Release} $1 ""
-    ${EndIf}
-    ${IUnknown::Release} $0 ""
-  ${EndIf}
-!macroend
-
 Section "开始菜单里的快捷方式" SectionStartMenu
   CreateShortcut "$SMPROGRAMS\${NAME}.lnk" "$INSTDIR\${NAME}.exe"
-  !insertmacro SetApplicationId "$SMPROGRAMS\${NAME}.lnk"
 SectionEnd
 
 Section ".txt文件的“打开方式”里列出${NAME}" SectionTxt

@@ -1,7 +1,6 @@
 #include "ScrivantaApp.h"
 
 #include <commctrl.h>
-#include <shobjidl.h>
 
 #include <memory>
 
@@ -30,9 +29,6 @@ namespace scrivanta {
 
 namespace {
 
-// The installer gives the same to the program's entry in the start menu.
-constexpr wchar_t kApplicationId[] = L"Scrivanta.Workbench";
-
 std::unique_ptr<RegistryStore> OpenRegistryStore(const IniFile& iniFile) {
   if (IsPortable(iniFile)) {
     return std::make_unique<PortableStore>(iniFile);
@@ -43,8 +39,6 @@ std::unique_ptr<RegistryStore> OpenRegistryStore(const IniFile& iniFile) {
 }  // namespace
 
 int RunApp(HINSTANCE instance, const std::u16string& commandLine, std::atomic<HWND>* window) {
-  // All instances stand together in the list of windows, wherever the program lies.
-  SetCurrentProcessExplicitAppUserModelID(kApplicationId);
   // What was copied from the edit box lies on the clipboard as an object of this library, so the library goes last.
   const OwnedLibrary richEdit = LoadRichEditLibrary();
   const ComApartment apartment;
