@@ -3,6 +3,7 @@
 
 #include <regex>
 #include <string>
+#include <string_view>
 
 #include "window/driver/Clipboard.h"
 #include "window/driver/Wait.h"
@@ -80,6 +81,67 @@ TEST_F(EditBoxTest, ClipboardCommandsWorkOnTheSelection) {
   app.ExpectText(u"一六四");
   app.Menu("mnuSelectAll");
   EXPECT_EQ(app.Editor().SelectedText(), u"一六四");
+}
+
+TEST_F(EditBoxTest, TheFontOfTheLineStaysWhenAnotherDocumentIsOpened) {
+  app.Start();
+  app.Type(u"正文");
+  app.Menu("mnuFont");
+  app.AnswerInput({.prompt = u"字体设置：",
+                   .preset = u"字体：宋体|字号：10.5|颜色：0|粗体：False|斜体：False|下划线：False|删除线：False"},
+                  u"字号：18|斜体：是|颜色：255");
+  const auto expectFont = [&] {
+    const CHARFORMAT2W format = app.Editor().SelectionFormat();
+    EXPECT_EQ(std::wstring_view(format.szFaceName), L"宋体");
+    EXPECT_EQ(format.yHeight, 360);  // twips
+    EXPECT_EQ(format.crTextColor, RGB(255, 0, 0));
+    EXPECT_EQ(format.dwEffects & (CFE_BOLD | CFE_ITALIC | CFE_AUTOCOLOR), DWORD{CFE_ITALIC});
+  };
+  app.Editor().SelectText(u"正文");
+  expectFont();
+  app.Menu("mnuSaveAs");
+  app.ChooseFile(folder / u"字.txt");
+  app.Open(folder.Write(u"另.txt", Gbk(u"另一篇")));
+  app.Editor().SelectText(u"一");
+  expectFont();
+  app.Menu("mnuFont");
+  app.AnswerInput({.prompt = u"字体设置：",
+                   .preset = u"字体：宋体|字号：18|颜色：255|粗体：False|斜体：True|下划线：False|删除线：False"},
+                  u"");
+  expectFont();
+}
+
+TEST_F(EditBoxTest, FormattingIsSavedAndComesBack) {
+  app.Start();
+  app.Type(u"标题 正文");
+  app.Press("Enter");
+  app.Type(u"结尾 {\\}");
+  app.Editor().SelectText(u"标题");
+  app.Menu("mnuBold");
+  app.Editor().SelectText(u"尾");
+  app.Menu("mnuUnderline");
+  const auto document = folder / u"格式.rtf";
+  app.Menu("mnuSaveAs");
+  app.ChooseFile(document);
+  app.ExpectCaption(u"Scrivanta " + document.u16string());
+  EXPECT_TRUE(ReadBytes(document).starts_with("{\\rtf"));
+
+  app.Open(folder.Write("a.txt", "plain"));
+  app.ExpectText(u"plain");
+  app.Open(document);
+  app.ExpectText(u"标题 正文\r\n结尾 {\\}");
+  EXPECT_FALSE(app.MenuEntry("mnuUndo").enabled);
+  app.Editor().SelectText(u"标题");
+  EXPECT_TRUE(Has(CFE_BOLD));
+  app.Editor().SelectText(u"正文");
+  EXPECT_FALSE(Has(CFE_BOLD));
+  app.Editor().SelectText(u"尾");
+  EXPECT_TRUE(Has(CFE_UNDERLINE));
+  app.Type(u"声");
+  app.ExpectText(u"标题 正文\r\n结声 {\\}");
+  app.Menu("mnuUndo");
+  app.ExpectText(u"标题 正文\r\n结尾 {\\}");
+  EXPECT_TRUE(Has(CFE_UNDERLINE));
 }
 
 TEST_F(EditBoxTest, CapitalsAndMarks) {

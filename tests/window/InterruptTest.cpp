@@ -3,6 +3,7 @@
 
 #include <array>
 #include <string>
+#include <string_view>
 #include <thread>
 
 #include "shell/FrmInterruptControls.h"
@@ -162,6 +163,57 @@ TEST_F(InterruptTest, ClosingAWindowWhileACommandRunsAsksWhatToDo) {
   PostMessageW(app.MainWindow(), WM_SYSCOMMAND, SC_CLOSE, 0);
   answer(stopAndClose, Answer::kYes);
   EXPECT_EQ(app.WaitForEnd(), 0);
+}
+
+// Chinese with an empty line now and then.
+std::string LargeText(std::size_t bytes) {
+  const std::string lines = Gbk(u"天地玄黄，宇宙洪荒。日月盈昃，辰宿列张。\r\n\r\n寒来暑往，秋收冬藏。\r\n");
+  std::string text;
+  while (text.size() < bytes) {
+    text += lines;
+  }
+  return text;
+}
+
+TEST_F(InterruptTest, LoadingALargeFileCanBeStopped) {
+  const auto document = folder.Write(u"原稿.txt", Gbk(u"原稿"));
+  app.Start(document.u16string());
+  app.Editor().Select({{1}, 1});
+  const HWND box = app.Editor().window();
+
+  app.StartToDrop(folder.Write(u"长卷.txt", LargeText(6'000'000)));
+  app.ExpectInterruptWindow().Press(CmdStop).WaitUntilGone();
+  app.Settle();
+  EXPECT_EQ(app.Editor().window(), box);
+  app.ExpectText(u"原稿");
+  app.ExpectStatus(document.u16string());
+  EXPECT_EQ(app.Editor().SelectedText(), u"稿");
+  app.Type(u"纸");
+  app.ExpectText(u"原纸");
+}
+
+TEST_F(InterruptTest, PuttingAResultBackCanBeStoppedAndSoCanUndoingIt) {
+  app.Start(folder.Write(u"长卷.txt", LargeText(500'000)).u16string());
+  const std::u16string text = app.Text();
+  const auto stop = [&](std::string_view controlName) {
+    app.StartMenu(controlName);
+    WaitUntil("the program to be busy", [&] { return IsWindowEnabled(app.Editor().window()) == FALSE; });
+    app.Press("Esc");
+  };
+  stop("mnuDelEmptyLine");
+  EXPECT_EQ(app.Text(), text);
+  EXPECT_FALSE(app.MenuEntry("mnuUndo").enabled);
+
+  app.Menu("mnuDelEmptyLine");
+  const std::u16string shorter = app.Text();
+  EXPECT_LT(shorter.size(), text.size());
+  stop("mnuUndo");
+  EXPECT_EQ(app.Text(), shorter);
+  EXPECT_FALSE(app.MenuEntry("mnuRedo").enabled);
+  app.Menu("mnuUndo");
+  EXPECT_EQ(app.Text(), text);
+  app.Type(u"始");
+  EXPECT_EQ(app.Text(), u"始" + text);
 }
 
 }  // namespace

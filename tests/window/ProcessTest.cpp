@@ -2,18 +2,47 @@
 #include <windows.h>
 
 #include <algorithm>
+#include <array>
+#include <filesystem>
 #include <string>
 #include <vector>
 
+#include "shell/FrmMain.h"
+#include "win/Handles.h"
 #include "window/driver/ProgramProcess.h"
 #include "window/driver/StoredSettings.h"
 #include "window/driver/Wait.h"
+#include "window/driver/WindowProbe.h"
 #include "window/driver/WindowTest.h"
 
 namespace scrivanta {
 namespace {
 
 class ProcessTest : public WindowTest {};
+
+// The main window of an instance that the first one has started.
+HWND ExpectStarted(const ProgramProcess& first) {
+  return WaitFor("the window of the instance that was started", [&] {
+    const std::vector<HWND> windows = TopWindows(0, kMainWindowClass);
+    const auto found = std::ranges::find_if(windows, [&](HWND window) { return window != first.MainWindow(); });
+    return found != windows.end() ? *found : nullptr;
+  });
+}
+
+void CloseStarted(HWND window) {
+  PostMessageW(window, WM_SYSCOMMAND, SC_CLOSE, 0);
+  WaitUntil("the instance that was started to end", [&] { return IsWindow(window) == FALSE; });
+}
+
+std::filesystem::path ProgramOf(HWND window) {
+  DWORD processId = 0;
+  GetWindowThreadProcessId(window, &processId);
+  const OwnedKernelObject process(OpenProcess(PROCESS_QUERY_LIMITED_INFORMATION, FALSE, processId));
+  std::array<wchar_t, 1024> path{};
+  auto length = static_cast<DWORD>(path.size());
+  QueryFullProcessImageNameW(process.get(), 0, path.data(), &length);
+  return std::wstring(path.data(), length);
+}
 
 TEST_F(ProcessTest, InstancesNumberThemselves) {
   const ProgramProcess first;
@@ -70,6 +99,36 @@ TEST_F(ProcessTest, PlacementIsKeptBetweenRuns) {
   GetWindowRect(again.MainWindow(), &found);
   EXPECT_TRUE(EqualRect(&placed, &found) != FALSE)
       << found.left << "," << found.top << " " << found.right - found.left << "x" << found.bottom - found.top;
+}
+
+TEST_F(ProcessTest, NewStartsAnotherInstanceAtTheSamePlace) {
+  const ProgramProcess first;
+  SetWindowPos(first.MainWindow(), nullptr, 75, 45, 600, 450, SWP_NOZORDER);
+  first.Menu("mnuNew");
+  const HWND second = ExpectStarted(first);
+  ExpectShown("the caption of the new instance", u"Scrivanta.2", [&] { return TextOf(second); });
+  EXPECT_EQ(ProgramOf(second).filename(), L"Scrivanta.exe");
+  RECT bounds{};
+  WaitUntil("the new instance to stand where the first one does", [&] {
+    GetWindowRect(second, &bounds);
+    return bounds.left == 75 && bounds.top == 45 && bounds.right == 675 && bounds.bottom == 495;
+  });
+  EXPECT_EQ(StoredSetting(u"MainLeft"), u"1125");  // twips, 15 a pixel
+  EXPECT_EQ(StoredSetting(u"MainHeight"), u"6750");
+  CloseStarted(second);
+}
+
+// A copy of the program plays the calculator's part: it can be seen that it runs, and as what.
+TEST_F(ProcessTest, StartsTheCalculator) {
+  std::filesystem::copy_file(ProgramProcess::BuiltProgram(), folder / L"CALC.EXE");
+  std::wstring searched(1U << 15U, L'\0');
+  searched.resize(GetEnvironmentVariableW(L"PATH", searched.data(), static_cast<DWORD>(searched.size())));
+  SetEnvironmentVariableW(L"PATH", (folder.path().wstring() + L";" + searched).c_str());
+  const ProgramProcess first;
+  first.Menu("mnuCalculator");
+  const HWND calculator = ExpectStarted(first);
+  EXPECT_EQ(ProgramOf(calculator).filename(), L"CALC.EXE");
+  CloseStarted(calculator);
 }
 
 TEST_F(ProcessTest, KilledWhileSavingLeavesTheOldFileOrTheNew) {

@@ -76,6 +76,32 @@ TEST_F(UndoTest, LeavesTheFormattingOfUntouchedText) {
   EXPECT_EQ(app.Editor().SelectionFormat().dwEffects & CFE_BOLD, 0U);
 }
 
+TEST_F(UndoTest, BringsBackTheFormattingThatACommandTookAway) {
+  app.Start();
+  app.Open(folder.Write("a.txt", Gbk(u"标题\r\n\r\n正文 汉\r\n\r\n结尾")));
+  const auto isBold = [this](std::u16string_view text) {
+    app.Editor().SelectText(text);
+    return (app.Editor().SelectionFormat().dwEffects & CFE_BOLD) != 0;
+  };
+  app.Editor().SelectText(u"正文");
+  app.Menu("mnuBold");
+  app.Editor().Select({{2}, 0});
+  app.Menu("mnuDelEmptyLine");
+  app.ExpectText(u"标题\r\n正文 汉\r\n结尾");
+  EXPECT_FALSE(isBold(u"正文"));
+  app.Menu("mnuUndo");
+  app.ExpectText(u"标题\r\n\r\n正文 汉\r\n\r\n结尾");
+  EXPECT_EQ(app.Editor().Selection(), (TextRange{{2}, 0}));
+  app.Type(u"：");
+  app.ExpectText(u"标题：\r\n\r\n正文 汉\r\n\r\n结尾");
+  EXPECT_TRUE(isBold(u"正文"));
+  EXPECT_FALSE(isBold(u"标题"));
+  app.Menu("mnuUndo");
+  app.Menu("mnuRedo");
+  app.Menu("mnuUndo");
+  EXPECT_TRUE(isBold(u"正文"));
+}
+
 TEST_F(UndoTest, ACommandIsOneStep) {
   app.Start();
   app.Open(folder.Write("a.txt", "one two\r\nthree"));

@@ -138,11 +138,15 @@ bool App::HasQuestion() const {
 }
 
 void App::Menu(std::string_view controlName) {
+  StartMenu(controlName);
+  Settle();
+}
+
+void App::StartMenu(std::string_view controlName) {
   if (!MenuEntry(controlName).enabled) {
     FailWithPicture("the menu entry is disabled: " + std::string(controlName));
   }
   PostMessageW(MainWindow(), WM_COMMAND, static_cast<WPARAM>(*MenuCommandId(controlName)), 0);
-  Settle();
 }
 
 ShownMenuEntry App::MenuEntry(std::string_view controlName) const {

@@ -55,6 +55,8 @@ class App {
 
   // Chooses a menu entry by the name of its control. Throws DriverFailure when it is disabled.
   void Menu(std::string_view controlName);
+  // The same, and returns at once: for what lasts.
+  void StartMenu(std::string_view controlName);
   ShownMenuEntry MenuEntry(std::string_view controlName) const;
   // Every caption of the menu, without its shortcut, in order: an entry of the bar is followed by those below it.
   std::vector<std::u16string> MenuCaptions() const;
