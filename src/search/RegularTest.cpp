@@ -16,8 +16,6 @@ namespace {
 
 constexpr std::u16string_view kForm = u"ScrivantaRegularTest";
 constexpr std::u16string_view kSection = u"HistoryRegularPattern";
-// Keys of a history edited by hand may have gaps.
-constexpr std::size_t kLongestGap = 20;
 constexpr std::size_t kKeyDigits = 5;
 // Coloured between two looks at the events of the window.
 constexpr std::size_t kRangesAtOnce = 200;
@@ -37,35 +35,36 @@ std::u16string KeyOf(std::size_t number) {
   return std::u16string(kKeyDigits - std::min(digits.size(), kKeyDigits), u'0') + digits;
 }
 
+bool IsNumber(std::u16string_view key) {
+  return std::all_of(key.begin(), key.end(), [](char16_t c) { return c >= u'0' && c <= u'9'; });
+}
+
 }  // namespace
 
 void RegularTest::Load() {
-  stored_.clear();
+  stored_ = workbench_.settings().Entries(Store::kIniFile, kSection);
+  std::erase_if(stored_, [](const auto& entry) { return !IsNumber(entry.first); });
   std::vector<std::u16string> items;
-  std::size_t gap = 0;
-  for (std::size_t number = 0; gap < kLongestGap; ++number) {
-    const auto item = workbench_.settings().Find(KeyOf(number), Store::kIniFile, kSection);
-    gap = item ? 0 : gap + 1;
-    stored_.push_back(item.value_or(u""));
-    if (item && !item->empty()) {
-      items.push_back(*item);
+  for (const auto& [key, item] : stored_) {
+    if (!item.empty()) {
+      items.push_back(item);
     }
   }
-  stored_.resize(stored_.size() - gap);
   history_ = ComboHistory(std::move(items));
 }
 
 void RegularTest::Save() {
-  std::vector<std::u16string> items = history_.items();
-  std::erase(items, u"");
-  // What stood behind the last item goes.
-  items.resize(std::max(items.size(), stored_.size()));
-  for (std::size_t number = 0; number < items.size(); ++number) {
-    if (number >= stored_.size() || stored_[number] != items[number]) {
-      workbench_.settings().Save(KeyOf(number), items[number], Store::kIniFile, kSection);
+  // Keys behind the last item are emptied.
+  for (auto& [key, item] : stored_) {
+    item.clear();
+  }
+  std::size_t number = 0;
+  for (const std::u16string& item : history_.items()) {
+    if (!item.empty()) {
+      stored_[KeyOf(number++)] = item;
     }
   }
-  stored_ = std::move(items);
+  workbench_.settings().SaveAll(stored_, Store::kIniFile, kSection);
 }
 
 void RegularTest::Open(RegularTestView& view) {

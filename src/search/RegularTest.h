@@ -49,8 +49,8 @@ class RegularTest {
 
   Workbench& workbench_;
   ComboHistory history_;
-  std::vector<std::u16string> stored_;  // as the ini file has it
-  std::vector<TextRange> coloured_;     // by the last test, in a text of this length
+  SettingEntries stored_;            // as the ini file has them
+  std::vector<TextRange> coloured_;  // by the last test, in a text of this length
   std::size_t colouredLength_ = 0;
 };
 

@@ -76,6 +76,27 @@ TEST_F(RegularTestTest, KeepsItsHistoryUnderKeysOfFiveDigits) {
   EXPECT_EQ(view.list.size(), 7U);
 }
 
+TEST_F(RegularTestTest, TakesAHistoryWithGapsAndEmptiesWhatStandsBehindIt) {
+  const auto put = [this](std::u16string_view key, std::u16string_view item) {
+    workbench.settings().Save(key, item, Store::kIniFile, u"HistoryRegularPattern");
+  };
+  put(u"00003", u"late");
+  put(u"00001", u"early");
+  put(u"00900", u"far");
+  put(u"Remark", u"by hand");
+  dialog.Reload(view);
+  EXPECT_EQ(view.list, (std::vector<std::u16string>{u"early", u"late", u"far"}));
+  view.pattern = u"early";
+  dialog.Test(view);
+  EXPECT_EQ(Kept(u"00000"), u"early");
+  EXPECT_EQ(Kept(u"00002"), u"far");
+  EXPECT_EQ(Kept(u"00003"), u"");
+  EXPECT_EQ(Kept(u"00900"), u"");
+  EXPECT_EQ(Kept(u"Remark"), u"by hand");
+  dialog.Reload(view);
+  EXPECT_EQ(view.list.size(), 3U);
+}
+
 TEST(SyntaxReference, HasARowForEveryConstruct) {
   for (const std::u16string_view row :
        {u".",     u"*",     u"?",   u"+",      u"(表达式)", u"^",       u"\\",   u"\\<",    u"\\>",   u"\\t",
