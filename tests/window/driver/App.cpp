@@ -43,6 +43,34 @@ std::u16string CaptionOf(HMENU menu, int position) {
   return caption.substr(0, caption.find(u'\t'));
 }
 
+// The first of the controls, however deep, that shows a tree; null when there is none.
+HWND TreeIn(HWND window) {
+  HWND found = nullptr;
+  EnumChildWindows(
+      window,
+      [](HWND child, LPARAM result) -> BOOL {
+        if (ClassOf(child) != WC_TREEVIEWW) {
+          return TRUE;
+        }
+        *reinterpret_cast<HWND*>(result) = child;
+        return FALSE;
+      },
+      reinterpret_cast<LPARAM>(&found));
+  return found;
+}
+
+std::u16string SelectedInTree(HWND tree) {
+  std::array<wchar_t, MAX_PATH> text{};
+  TVITEMW item{};
+  item.mask = TVIF_TEXT;
+  item.hItem = reinterpret_cast<HTREEITEM>(Send(tree, TVM_GETNEXTITEM, TVGN_CARET));
+  item.pszText = text.data();
+  item.cchTextMax = static_cast<int>(text.size());
+  return item.hItem != nullptr && Send(tree, TVM_GETITEMW, 0, reinterpret_cast<LPARAM>(&item)) != FALSE
+             ? FromWide(text.data())
+             : std::u16string();
+}
+
 struct MenuPlace {
   HMENU popup = nullptr;
   int barPosition = 0;
@@ -210,6 +238,24 @@ void App::CancelFileDialog() {
   Settle();
 }
 
+void App::ChooseFolder(const std::filesystem::path& chosen) {
+  const HWND dialog = WaitFor("the dialog for choosing a folder", [] {
+    for (const HWND window : TopWindows(GetCurrentProcessId(), kDialogClass)) {
+      if (IsWindowEnabled(window) != FALSE && TreeIn(window) != nullptr) {
+        return window;
+      }
+    }
+    return HWND{};
+  });
+  WaitUntil("the folder to be selected", [&] {
+    Send(dialog, BFFM_SETSELECTIONW, TRUE, reinterpret_cast<LPARAM>(chosen.c_str()));
+    return SelectedInTree(TreeIn(dialog)) == chosen.filename().u16string();
+  });
+  PostMessageW(GetDlgItem(dialog, IDOK), BM_CLICK, 0, 0);
+  WaitUntil("the dialog for choosing a folder to go", [&] { return IsWindow(dialog) == FALSE; });
+  Settle();
+}
+
 HWND App::FindMainWindow() const {
   if (const HWND window = window_) {
     return window;
@@ -291,8 +337,12 @@ void App::Type(std::u16string_view text) {
 }
 
 void App::Drop(std::initializer_list<std::filesystem::path> files) {
-  PostMessageW(Editor().window(), WM_DROPFILES, reinterpret_cast<WPARAM>(MakeDrop(files)), 0);
+  DropOn(Editor().window(), files);
   Settle();  // the edit box has handed them on to the window
+}
+
+void App::DropOn(HWND window, std::initializer_list<std::filesystem::path> files) {
+  PostMessageW(window, WM_DROPFILES, reinterpret_cast<WPARAM>(MakeDrop(files)), 0);
   Settle();
 }
 

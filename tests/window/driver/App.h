@@ -71,6 +71,8 @@ class App {
   FileDialogDriver ExpectFileDialog();
   void ChooseFile(const std::filesystem::path& file);
   void CancelFileDialog();
+  // Waits for the dialog for choosing a folder, and chooses one.
+  void ChooseFolder(const std::filesystem::path& chosen);
 
   HWND MainWindow() const;
   EditBoxDriver Editor() const;
@@ -90,6 +92,7 @@ class App {
 
   // One or several files at a time, on the edit box.
   void Drop(std::initializer_list<std::filesystem::path> files);
+  void DropOn(HWND window, std::initializer_list<std::filesystem::path> files);
   // The same, and returns at once: for what lasts.
   void StartToDrop(const std::filesystem::path& file);
   void Minimise();
