@@ -428,6 +428,9 @@ void FrmMain::OnDrop(HDROP drop) {
 }
 
 void FrmMain::OnClose() {
+  if (prompts_.isAsking()) {
+    return;  // first the question that stands
+  }
   if (work_.IsBusy()) {
     OfferToStopAndClose();
     return;

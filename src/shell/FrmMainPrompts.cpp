@@ -81,8 +81,36 @@ Answer ShowMessage(HWND owner, const Message& message) {
 
 }  // namespace
 
+// Lives while a box stands. A box disables its owner alone: with a dialog for owner, commands could be given in the
+// main window behind the question.
+class FrmMainPrompts::Asking {
+ public:
+  explicit Asking(FrmMainPrompts& prompts)
+      : prompts_(prompts), owner_(prompts.owner_()), mainWindow_(GetAncestor(owner_, GA_ROOTOWNER)) {
+    ++prompts_.asking_;
+    disabled_ = mainWindow_ != owner_ && EnableWindow(mainWindow_, FALSE) == FALSE;
+  }
+  Asking(const Asking&) = delete;
+  Asking& operator=(const Asking&) = delete;
+  ~Asking() {
+    if (disabled_) {
+      EnableWindow(mainWindow_, TRUE);
+    }
+    --prompts_.asking_;
+  }
+
+  HWND owner() const noexcept { return owner_; }
+
+ private:
+  FrmMainPrompts& prompts_;
+  HWND owner_;
+  HWND mainWindow_;
+  bool disabled_ = false;
+};
+
 Answer FrmMainPrompts::Ask(const Message& message) {
-  return ShowMessage(owner_(), message);
+  const Asking asking(*this);
+  return ShowMessage(asking.owner(), message);
 }
 
 std::u16string FrmMainPrompts::Input(const InputQuestion& question) {
@@ -92,7 +120,8 @@ std::u16string FrmMainPrompts::Input(const InputQuestion& question) {
                        .ok = u"确定",
                        .cancel = u"取消",
                        .hidden = question.hidden});
-  return box.Ask(owner_());
+  const Asking asking(*this);
+  return box.Ask(asking.owner());
 }
 
 std::filesystem::path FrmMainPrompts::AskForFile(const FileQuestion& question) {
@@ -101,11 +130,13 @@ std::filesystem::path FrmMainPrompts::AskForFile(const FileQuestion& question) {
   options.filters = {{u"筛选文件(" + question.filter + u")", question.filter}, {u"All Files(*.*)", u"*.*"}};
   options.initialFolder = question.initialFolder;
   options.initialName = question.initialName;
-  return ShowFileDialog(owner_(), options);
+  const Asking asking(*this);
+  return ShowFileDialog(asking.owner(), options);
 }
 
 std::filesystem::path FrmMainPrompts::AskForFolder(const std::u16string& title) {
-  return ShowFolderDialog(owner_(), title);
+  const Asking asking(*this);
+  return ShowFolderDialog(asking.owner(), title);
 }
 
 void ShowFailure(HWND owner, const std::exception_ptr& failure) {

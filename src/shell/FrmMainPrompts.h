@@ -20,10 +20,15 @@ class FrmMainPrompts final : public Prompts {
   std::u16string Input(const InputQuestion& question) override;
   std::filesystem::path AskForFile(const FileQuestion& question) override;
   std::filesystem::path AskForFolder(const std::u16string& title) override;
+  // Whether a box stands. The main window is disabled then, whichever window is the owner.
+  bool isAsking() const noexcept { return asking_ > 0; }
 
  private:
+  class Asking;
+
   WindowHost& host_;
   std::function<HWND()> owner_;
+  int asking_ = 0;
 };
 
 // One message box for what has reached a window from inside; none for an Interrupted.
