@@ -65,7 +65,8 @@ double ColourInBareControl(const App& app, std::u16string_view text, std::size_t
   CHARFORMAT2W format = app.Editor().SelectionFormat();
   box.SetDefaultFormat(format);
   box.SetWordWrap(false);
-  box.LoadText(text);
+  NoProgress progress;
+  box.LoadText(text, progress);
   format.dwMask = CFM_COLOR | CFM_BACKCOLOR;
   format.dwEffects = 0;
   format.crTextColor = RGB(255, 0, 0);

@@ -77,7 +77,7 @@ class Soak::Dialogs final : public LineDialogs, public SearchDialogs, private De
     dialog.Capture(*this);
     dialog.Sort(*this);
   }
-  void ShowFind(FindDialog&) override {}
+  void ShowFind(FindDialog&, FindDialogFocus) override {}
   void ShowRegularTest(RegularTest&) override {}
 
   std::u16string first;
