@@ -156,7 +156,7 @@ TEST_F(InterruptTest, ClosingAWindowWhileACommandRunsAsksWhatToDo) {
   EXPECT_EQ(IsWindowEnabled(app.Editor().window()), FALSE) << "the command goes on";
 
   const Message stopAndClose{
-      .text = u"正在处理，是否中断并退出？", .buttons = Buttons::kYesNo, .icon = Icon::kQuestion};
+      .text = u"正在处理，是否中断并退出？", .buttons = Buttons::kYesNo, .icon = Icon::kQuestion, .systemModal = true};
   PostMessageW(app.MainWindow(), WM_SYSCOMMAND, SC_CLOSE, 0);
   answer(stopAndClose, Answer::kNo);
   EXPECT_EQ(IsWindowEnabled(app.Editor().window()), FALSE);
