@@ -150,7 +150,8 @@ bool DocumentFile::SaveTo(const std::filesystem::path& path) {
       return choice == OverAnothers::kSaveAs && SaveAs();
     }
   }
-  if (!IsRichText(wanted) && !ChooseEncoding(workbench_.editor().Text())) {
+  const std::u16string text = IsRichText(wanted) ? std::u16string() : workbench_.editor().Text();
+  if (!ChooseEncoding(text)) {
     return false;
   }
   if (wanted != path_) {
@@ -160,7 +161,7 @@ bool DocumentFile::SaveTo(const std::filesystem::path& path) {
   view_.ShowPath(path_);
   const std::unique_ptr<BusyWork> work = workbench_.StartWork();
   const ShownProgressBar bar(view_);
-  WriteFile(Bytes(), work->progress());
+  WriteFile(BytesOf(text), work->progress());
   file_ = KnownFile(path_);
   saver_ = nullptr;
   if (std::exchange(isReadOnly_, false)) {
@@ -171,8 +172,8 @@ bool DocumentFile::SaveTo(const std::filesystem::path& path) {
   return true;
 }
 
-std::string DocumentFile::Bytes() const {
-  return IsRichText(path_) ? view_.DocumentRtf() : EncodeDocument(workbench_.editor().Text(), format_);
+std::string DocumentFile::BytesOf(std::u16string_view text) const {
+  return IsRichText(path_) ? view_.DocumentRtf() : EncodeDocument(text, format_);
 }
 
 void DocumentFile::LookAtFile() {
@@ -198,7 +199,7 @@ void DocumentFile::OfferToReload() {
     file_.TellAgain();  // the other program is not done with it
     return;
   }
-  if (bytes == Bytes()) {
+  if (bytes == BytesOf(workbench_.editor().Text())) {
     file_.Accept();
     SetChanged(false);
     return;

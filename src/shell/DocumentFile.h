@@ -103,8 +103,8 @@ class DocumentFile final : public Document {
   void SetChanged(bool isChanged);
   bool ConfirmBinary(const std::filesystem::path& path);
   bool ChooseEncoding(std::u16string_view text);
-  // What saving would write.
-  std::string Bytes() const;
+  // What saving would write; the text counts when the document is a plain one.
+  std::string BytesOf(std::u16string_view text) const;
   void OfferToReload();
   void Reload(std::string_view bytes);
   enum class OverAnothers { kSave, kSaveAs, kCancel };

@@ -20,9 +20,9 @@ std::u16string ToControlText(std::u16string_view text) {
   return controlText;
 }
 
-std::u16string ToDocumentText(std::u16string_view controlText) {
-  std::u16string text;
-  text.reserve(controlText.size() + static_cast<std::size_t>(std::ranges::count(controlText, u'\r')));
+namespace {
+
+void AppendDocumentText(std::u16string_view controlText, std::u16string& text) {
   while (!controlText.empty()) {
     const std::size_t stop = std::min(controlText.find(u'\r'), controlText.size());
     text.append(controlText.substr(0, stop));
@@ -32,6 +32,14 @@ std::u16string ToDocumentText(std::u16string_view controlText) {
       controlText.remove_prefix(1);
     }
   }
+}
+
+}  // namespace
+
+std::u16string ToDocumentText(std::u16string_view controlText) {
+  std::u16string text;
+  text.reserve(controlText.size() + static_cast<std::size_t>(std::ranges::count(controlText, u'\r')));
+  AppendDocumentText(controlText, text);
   return text;
 }
 
@@ -77,8 +85,8 @@ void ShadowText::EnlargeGap(std::size_t needed) {
 std::u16string ShadowText::Text() const {
   std::u16string text;
   text.reserve(breaks_.textLength());
-  text += ToDocumentText(front());
-  text += ToDocumentText(back());
+  AppendDocumentText(front(), text);
+  AppendDocumentText(back(), text);
   return text;
 }
 
