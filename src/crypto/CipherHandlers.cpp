@@ -8,6 +8,7 @@
 #include "crypto/RijndaelText.h"
 #include "crypto/cRijndael.h"
 #include "shell/ErrorText.h"
+#include "text/DecimalText.h"
 #include "text/ExplainedError.h"
 #include "text/PathParts.h"
 #include "text/PlatformFile.h"
@@ -63,9 +64,7 @@ std::optional<std::u16string> Deciphered(Workbench& workbench, const KeyAndSelec
 void SaveAndRemark(Workbench& workbench, const std::filesystem::path& path, const SecretKey& key) {
   SaveEnciphered(workbench, path, key.digits);
   // What was typed was hidden; its length is one way to notice a slip while the plaintext is still there.
-  const std::string length = std::to_string(key.digits.size());
-  workbench.ShowStatus(u"已加密保存（密钥 " + std::u16string(length.begin(), length.end()) + u" 位）：" +
-                       TextOfPath(path));
+  workbench.ShowStatus(u"已加密保存（密钥 " + DecimalText(key.digits.size()) + u" 位）：" + TextOfPath(path));
 }
 
 // Saves a document that is kept in an enciphered file.

@@ -6,6 +6,7 @@
 #include <stdexcept>
 
 #include "crypto/Octets.h"
+#include "text/DecimalText.h"
 #include "text/Encoding.h"
 #include "text/ExplainedError.h"
 #include "text/Surrogates.h"
@@ -31,10 +32,10 @@ std::int32_t Mask(std::uint64_t key) {
 [[noreturn]] void RefuseCharacter(std::u16string_view text, std::size_t at) {
   const bool pair = IsHighSurrogate(text[at]) && at + 1 < text.size() && IsLowSurrogate(text[at + 1]);
   const std::u16string character(text.substr(at, pair ? 2 : 1));
-  const std::string number = std::to_string(at + 1);
-  throw ExplainedError("character " + number + " is not in code page 936, so the numeric cipher has no code for it",
-                       u"第 " + std::u16string(number.begin(), number.end()) + u" 个字符“" + character +
-                           u"”不在 GBK 字符集中，数字加密无法处理。请选用 Rijndael 加密。");
+  throw ExplainedError(
+      "character " + std::to_string(at + 1) + " is not in code page 936, so the numeric cipher has no code for it",
+      u"第 " + DecimalText(at + 1) + u" 个字符“" + character +
+          u"”不在 GBK 字符集中，数字加密无法处理。请选用 Rijndael 加密。");
 }
 
 // A single byte as itself, two bytes as a signed number of 16 bits; nothing for the longer forms.
@@ -101,10 +102,10 @@ std::uint64_t NumericKey(std::u16string_view digits) {
   for (const char16_t digit : digits) {
     key = key * 10 + (digit - u'0');
     if (key > kLargestNumericKey) {
-      const std::string largest = std::to_string(kLargestNumericKey);
-      throw ExplainedError("the numeric key is too large: at most " + largest + " can be used",
-                           u"密钥太大：数字加密的密钥不能超过 " + std::u16string(largest.begin(), largest.end()) +
-                               u"。请改用较小的密钥，或选用 Rijndael 加密。");
+      throw ExplainedError(
+          "the numeric key is too large: at most " + std::to_string(kLargestNumericKey) + " can be used",
+          u"密钥太大：数字加密的密钥不能超过 " + DecimalText(kLargestNumericKey) +
+              u"。请改用较小的密钥，或选用 Rijndael 加密。");
     }
   }
   return key;

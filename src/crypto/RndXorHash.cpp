@@ -7,17 +7,13 @@
 #include "crypto/CipherError.h"
 #include "crypto/HexText.h"
 #include "shell/DateTimeText.h"
+#include "text/DecimalText.h"
 
 namespace scrivanta {
 
 namespace {
 
 constexpr int kMostSalts = 10'000;  // one in 300 fails, so this many fail only when all do
-
-std::u16string Digits(int number) {
-  const std::string ascii = std::to_string(number);
-  return {ascii.begin(), ascii.end()};
-}
 
 std::u16string UnitsToHex(std::u16string_view units) {
   constexpr std::u16string_view kDigits = u"0123456789ABCDEF";
@@ -89,7 +85,7 @@ std::u16string RndXorHash::Encipher(std::u16string_view plaintext, std::u16strin
     if (counter == kMostSalts) {
       throw CipherError(1, "CRndXorHash.StringEncrypt - no ciphertext passes its own check");
     }
-    units = EncipherWithSalt(plaintext, password, saltText + Digits(counter));
+    units = EncipherWithSalt(plaintext, password, saltText + DecimalText(counter));
   }
   return UnitsToHex(units);
 }

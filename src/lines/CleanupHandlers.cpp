@@ -3,6 +3,7 @@
 #include "lines/DelLinesDialog.h"
 #include "lines/LineCleanup.h"
 #include "lines/LineWork.h"
+#include "text/DecimalText.h"
 
 namespace scrivanta {
 
@@ -40,9 +41,8 @@ void mnuDelLineFromXtoY(Workbench& workbench, LineDialogs& dialogs) {
 }
 
 void mnuAddTAB(Workbench& workbench) {
-  const std::string tabs = std::to_string(PadTabs(workbench));
-  workbench.prompts().Ask(
-      {.text = u"各行TAB符均已经加足至" + std::u16string(tabs.begin(), tabs.end()) + u"个", .title = u"提示"});
+  const std::u16string tabs = DecimalText(PadTabs(workbench));
+  workbench.prompts().Ask({.text = u"各行TAB符均已经加足至" + tabs + u"个", .title = u"提示"});
 }
 
 }  // namespace scrivanta

@@ -5,6 +5,7 @@
 
 #include "lines/LineCleanup.h"
 #include "lines/LineWork.h"
+#include "text/DecimalText.h"
 #include "text/Numbers.h"
 
 namespace scrivanta {
@@ -17,11 +18,6 @@ long long Whole(double number) {
   return static_cast<long long>(std::clamp(number, -kLargest, kLargest));
 }
 
-std::u16string ToText(long long number) {
-  const std::string digits = std::to_string(number);
-  return {digits.begin(), digits.end()};
-}
-
 }  // namespace
 
 void DelLinesDialog::Delete(DelLinesView& view) {
@@ -31,7 +27,7 @@ void DelLinesDialog::Delete(DelLinesView& view) {
     const Answer answer = workbench_.prompts().Ask(
         {.text = u"后数<前数，是否交换！", .buttons = Buttons::kYesNo, .icon = Icon::kQuestion});
     if (answer == Answer::kYes) {
-      view.SetRange(ToText(Whole(last)), ToText(Whole(first)));
+      view.SetRange(DecimalText(Whole(last)), DecimalText(Whole(first)));
       first = LeadingNumber(view.Start());
       last = LeadingNumber(view.End());
     }

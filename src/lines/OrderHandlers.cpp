@@ -3,17 +3,9 @@
 #include "lines/LineShuffle.h"
 #include "lines/LineWork.h"
 #include "lines/TextStatistics.h"
+#include "text/DecimalText.h"
 
 namespace scrivanta {
-
-namespace {
-
-std::u16string ToText(std::uint64_t number) {
-  const std::string digits = std::to_string(number);
-  return {digits.begin(), digits.end()};
-}
-
-}  // namespace
 
 void mnuSort(Workbench& workbench, LineDialogs& dialogs) {
   dialogs.ShowSort(workbench);
@@ -29,7 +21,7 @@ void mnuRandOrder(Workbench& workbench) {
 
 void mnuStatistics(Workbench& workbench) {
   Editor& editor = workbench.editor();
-  std::u16string message = u"当前行号：" + ToText(editor.CaretDisplayLine()) + u"\n";
+  std::u16string message = u"当前行号：" + DecimalText(editor.CaretDisplayLine()) + u"\n";
   {
     const std::unique_ptr<BusyWork> work = workbench.StartWork();
     const CapturedInput counted = CaptureInput(workbench, u"retLineNumRuanFile.Txt", WholeTextEnd::kAsItStands);
@@ -37,9 +29,9 @@ void mnuStatistics(Workbench& workbench) {
     MemorySource bytes(counted.bytes);
     const TextStatistics statistics = CountText(bytes, LineEnds::kCrLf, kWorkFileEncoding, work->progress());
     message += isSelection ? u"所选字符数：" : u"全文字符数：";
-    message += ToText(counted.text.size()) + u"\n";
+    message += DecimalText(counted.text.size()) + u"\n";
     message += isSelection ? u"所选内容 软行数：硬行数 = " : u"全文  软行数：硬行数 = ";
-    message += ToText(editor.CountDisplayLines(counted.text)) + u"：" + ToText(statistics.hardLines);
+    message += DecimalText(editor.CountDisplayLines(counted.text)) + u"：" + DecimalText(statistics.hardLines);
   }
   workbench.prompts().Ask({.text = message, .title = u"统计字符数", .icon = Icon::kInformation});
 }

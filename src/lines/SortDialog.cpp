@@ -4,18 +4,10 @@
 
 #include "lines/LineSort.h"
 #include "lines/LineWork.h"
+#include "text/DecimalText.h"
 #include "text/Numbers.h"
 
 namespace scrivanta {
-
-namespace {
-
-std::u16string ToText(long long number) {
-  const std::string digits = std::to_string(number);
-  return {digits.begin(), digits.end()};
-}
-
-}  // namespace
 
 void SortDialog::Capture(SortView& view) {
   input_ = CaptureInput(workbench_);
@@ -24,7 +16,7 @@ void SortDialog::Capture(SortView& view) {
   while (lines.reader().Next()) {
   }
   lineCount_ = static_cast<std::size_t>(lines.reader().number());
-  const std::u16string count = ToText(static_cast<long long>(lineCount_));
+  const std::u16string count = DecimalText(lineCount_);
   view.SetTotal(count);
   view.SetRange(u"1", count);
 }
@@ -41,10 +33,10 @@ void SortDialog::Sort(SortView& view) {
   const long long first = std::clamp(askedFirst, 1LL, count);
   const long long last = std::clamp(askedLast, 1LL, count);
   if (first != askedFirst || last != askedLast) {
-    view.SetRange(ToText(first), ToText(last));
-    workbench_.prompts().Ask(
-        {.text = u"排序范围应在1至" + ToText(count) + u"之间，已改为" + ToText(first) + u"至" + ToText(last) + u"。",
-         .icon = Icon::kInformation});
+    view.SetRange(DecimalText(first), DecimalText(last));
+    workbench_.prompts().Ask({.text = u"排序范围应在1至" + DecimalText(count) + u"之间，已改为" + DecimalText(first) +
+                                      u"至" + DecimalText(last) + u"。",
+                              .icon = Icon::kInformation});
   }
   const SortOptions options{.by = view.IsByNumber() ? SortBy::kNumber : SortBy::kString,
                             .descending = view.IsDescending(),

@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "text/DecimalText.h"
 #include "text/Numbers.h"
 
 namespace scrivanta {
@@ -18,8 +19,7 @@ int ReadNumber(const Settings& settings, std::u16string_view key, int highest, i
 }
 
 void SaveNumber(Settings& settings, std::u16string_view key, int number) {
-  const std::string digits = std::to_string(number);
-  settings.Save(key, std::u16string(digits.begin(), digits.end()), Store::kRegistry, kWindowSection);
+  settings.Save(key, DecimalText(number), Store::kRegistry, kWindowSection);
 }
 
 }  // namespace

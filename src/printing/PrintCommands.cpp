@@ -2,16 +2,12 @@
 
 #include <algorithm>
 
+#include "text/DecimalText.h"
 #include "text/PlatformFile.h"
 
 namespace scrivanta {
 
 namespace {
-
-std::u16string Digits(std::size_t number) {
-  const std::string digits = std::to_string(number);
-  return {digits.begin(), digits.end()};
-}
 
 std::u16string DocumentName(const Document& document) {
   const std::u16string name = TextOfPath(document.Path().filename());
@@ -35,7 +31,7 @@ std::size_t Print(Workbench& workbench, const PrintOrder& order, const PrintedTe
   order.job->Start(name);
   for (std::size_t page = first; page < last; ++page) {
     work->progress().Report(page - first, last - first);
-    const std::u16string number = u"第 " + Digits(page + 1) + u" 页，共 " + Digits(pages) + u" 页";
+    const std::u16string number = u"第 " + DecimalText(page + 1) + u" 页，共 " + DecimalText(pages) + u" 页";
     order.job->PrintPage(page, {.name = name, .number = number});
   }
   work->progress().Report(last - first, last - first);
@@ -62,7 +58,7 @@ void mnuPrint(Workbench& workbench, PrintDialogs& dialogs) {
   if (printed == 0) {
     Tell(workbench, u"文档没有这些页，什么也没有打印！");
   } else {
-    workbench.ShowStatus(u"已打印 " + Digits(printed) + u" 页");
+    workbench.ShowStatus(u"已打印 " + DecimalText(printed) + u" 页");
   }
 }
 

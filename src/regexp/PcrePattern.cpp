@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include "regexp/LetterCase.h"
+#include "text/DecimalText.h"
 
 namespace scrivanta {
 
@@ -151,10 +152,7 @@ class Translator {
     out_.text.append(text);
     out_.sources.resize(out_.text.size(), source_);
   }
-  void PutNumber(unsigned number) {
-    const std::string digits = std::to_string(number);
-    Put(std::u16string(digits.begin(), digits.end()));
-  }
+  void PutNumber(unsigned number) { Put(DecimalText(number)); }
   // One character that stands for itself, inside a class and outside.
   void PutCharacter(char16_t c) {
     if ((c >= u'0' && c <= u'9') || IsAsciiLetter(c) || c > 0x9F) {

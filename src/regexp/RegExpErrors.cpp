@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "text/DecimalText.h"
+
 namespace scrivanta {
 
 namespace {
@@ -42,25 +44,19 @@ Explanation ExplanationOf(RegExpFault fault) {
   return {"", u""};
 }
 
-// Positions count from 1 for people.
-std::u16string Digits(std::size_t position) {
-  const std::string digits = std::to_string(position + 1);
-  return {digits.begin(), digits.end()};
-}
-
 }  // namespace
 
 RegExpSyntaxError::RegExpSyntaxError(RegExpFault fault, std::size_t position)
     : ExplainedError(
           "the pattern cannot be used: character " + std::to_string(position + 1) + ": " + ExplanationOf(fault).english,
-          u"正则表达式有误：第" + Digits(position) + u"个字符：" + ExplanationOf(fault).chinese + u"。"),
+          u"正则表达式有误：第" + DecimalText(position + 1) + u"个字符：" + ExplanationOf(fault).chinese + u"。"),
       fault_(fault),
       position_(position) {}
 
 RegExpTooComplex::RegExpTooComplex(std::size_t position)
     : ExplainedError("the pattern is too complex for this text: the search was given up at character " +
                          std::to_string(position + 1),
-                     u"正则表达式过于复杂：在正文第" + Digits(position) +
+                     u"正则表达式过于复杂：在正文第" + DecimalText(position + 1) +
                          u"个字符处放弃了查找。请简化表达式，例如去掉套在一起的重复。"),
       position_(position) {}
 

@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
-#include "search/DecimalText.h"
 #include "search/FindTokens.h"
+#include "text/DecimalText.h"
 #include "text/PlatformFile.h"
 
 namespace scrivanta {

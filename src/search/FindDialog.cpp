@@ -7,7 +7,6 @@
 #include "regexp/RegExpMarkerFilter.h"
 #include "regexp/RegExpReplace.h"
 #include "regexp/RegExpReplacer.h"
-#include "search/DecimalText.h"
 #include "search/EditSelection.h"
 #include "search/FileReplace.h"
 #include "search/FileReport.h"
@@ -19,6 +18,7 @@
 #include "search/RtfText.h"
 #include "shell/FormState.h"
 #include "shell/ResultFiles.h"
+#include "text/DecimalText.h"
 #include "text/LiteralFinder.h"
 #include "text/PlatformFile.h"
 

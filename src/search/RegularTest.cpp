@@ -6,9 +6,9 @@
 #include <utility>
 
 #include "regexp/RegExpExecute.h"
-#include "search/DecimalText.h"
 #include "search/EditSelection.h"
 #include "search/TextRanges.h"
+#include "text/DecimalText.h"
 
 namespace scrivanta {
 

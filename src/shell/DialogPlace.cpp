@@ -4,6 +4,7 @@
 #include <string>
 
 #include "shell/FormState.h"
+#include "text/DecimalText.h"
 #include "text/Numbers.h"
 
 namespace scrivanta {
@@ -18,11 +19,6 @@ int Twips(std::u16string_view text) {
   return static_cast<int>(std::clamp(LeadingWholeNumber(text), -kFarthest, kFarthest));
 }
 
-std::u16string NumberText(int number) {
-  const std::string digits = std::to_string(number);
-  return {digits.begin(), digits.end()};
-}
-
 }  // namespace
 
 std::optional<DialogPlace> ReadDialogPlace(const Settings& settings, std::u16string_view form) {
@@ -32,8 +28,8 @@ std::optional<DialogPlace> ReadDialogPlace(const Settings& settings, std::u16str
 }
 
 void SaveDialogPlace(Settings& settings, std::u16string_view form, const DialogPlace& place) {
-  settings.Save(FormKey(form, kLeft), NumberText(place.left));
-  settings.Save(FormKey(form, kTop), NumberText(place.top));
+  settings.Save(FormKey(form, kLeft), DecimalText(place.left));
+  settings.Save(FormKey(form, kTop), DecimalText(place.top));
 }
 
 }  // namespace scrivanta

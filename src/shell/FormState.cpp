@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "text/DecimalText.h"
 #include "text/Numbers.h"
 
 namespace scrivanta {
@@ -10,14 +11,6 @@ namespace {
 constexpr std::u16string_view kLineBreak = u"\r\n";
 constexpr std::u16string_view kMaximized = u"Maximized";
 constexpr std::u16string_view kWindow = u"Window";
-
-std::u16string NumberText(int number) {
-  std::u16string text;
-  for (const char digit : std::to_string(number)) {
-    text += static_cast<char16_t>(digit);
-  }
-  return text;
-}
 
 bool IsTrue(std::u16string_view text) {
   return text == u"True" || LeadingNumber(text) != 0;
@@ -73,7 +66,7 @@ bool TakeValue(FormControl& control, const std::u16string* value) {
 std::u16string FormKey(std::u16string_view form, std::u16string_view control, std::optional<int> index) {
   std::u16string key(form);
   key.append(u".").append(control);
-  return index ? key + u"(" + NumberText(*index) + u")" : key;
+  return index ? key + u"(" + DecimalText(*index) + u")" : key;
 }
 
 std::u16string FormListKey(std::u16string_view form, std::u16string_view control, std::optional<int> index) {
@@ -92,10 +85,10 @@ void SaveForm(const Form& form, Settings& settings, Store store) {
     }
   }
   const FormPlacement placement = form.Placement();
-  entries[FormKey(name, u"Left")] = NumberText(placement.left);
-  entries[FormKey(name, u"Top")] = NumberText(placement.top);
-  entries[FormKey(name, u"Width")] = NumberText(placement.width);
-  entries[FormKey(name, u"Height")] = NumberText(placement.height);
+  entries[FormKey(name, u"Left")] = DecimalText(placement.left);
+  entries[FormKey(name, u"Top")] = DecimalText(placement.top);
+  entries[FormKey(name, u"Width")] = DecimalText(placement.width);
+  entries[FormKey(name, u"Height")] = DecimalText(placement.height);
   entries[FormKey(name, u"State")] = placement.maximized ? kMaximized : kWindow;
   settings.SaveAll(entries, store);
 }

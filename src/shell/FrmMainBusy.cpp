@@ -3,13 +3,14 @@
 #include <algorithm>
 #include <string>
 
+#include "text/DecimalText.h"
+
 namespace scrivanta {
 
 namespace {
 
 std::u16string PercentText(int percent) {
-  const std::string digits = std::to_string(percent);
-  return u"已完成:" + std::u16string(digits.begin(), digits.end()) + u"%";
+  return u"已完成:" + DecimalText(percent) + u"%";
 }
 
 }  // namespace

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "text/DecimalText.h"
+
 namespace scrivanta {
 
 namespace {
@@ -19,11 +21,6 @@ int NumberIn(std::u16string_view text) {
   return number;
 }
 
-std::u16string DigitsOf(int number) {
-  const std::string digits = std::to_string(number);
-  return {digits.begin(), digits.end()};
-}
-
 }  // namespace
 
 std::u16string NumberedCaption(std::u16string_view caption, std::span<const std::u16string> titles) {
@@ -34,7 +31,7 @@ std::u16string NumberedCaption(std::u16string_view caption, std::span<const std:
       largest = std::max(largest, NumberIn(title.substr(prefix.size())));
     }
   }
-  return prefix + DigitsOf(largest + 1);
+  return prefix + DecimalText(largest + 1);
 }
 
 }  // namespace scrivanta

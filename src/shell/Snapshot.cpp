@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "shell/IniText.h"
+#include "text/DecimalText.h"
 #include "text/Encoding.h"
 
 namespace scrivanta {
@@ -56,7 +57,7 @@ class Header {
   void Set(std::u16string_view key, std::u16string_view value) { text_.Set(kSection, key, value); }
   template <typename Number>
   void SetNumber(std::u16string_view key, Number value) {
-    Set(key, Decode(Encoding::kUtf8, std::to_string(value)));
+    Set(key, DecimalText(value));
   }
   std::u16string Get(std::u16string_view key) const { return text_.Find(kSection, key).value_or(u""); }
   // 0 when there is none.

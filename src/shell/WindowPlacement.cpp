@@ -6,6 +6,8 @@
 #include <optional>
 #include <string>
 
+#include "text/DecimalText.h"
+
 namespace scrivanta {
 
 namespace {
@@ -35,8 +37,7 @@ int ReadTwips(const Settings& settings, std::u16string_view key, double least, i
 }
 
 void SaveTwips(Settings& settings, std::u16string_view key, int twips) {
-  const std::string digits = std::to_string(twips);
-  settings.Save(key, std::u16string(digits.begin(), digits.end()), Store::kRegistry, kWindowSection);
+  settings.Save(key, DecimalText(twips), Store::kRegistry, kWindowSection);
 }
 
 bool HoldsCaption(const TwipRect& area, const TwipRect& window) {
