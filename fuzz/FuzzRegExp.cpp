@@ -19,31 +19,6 @@ namespace {
 constexpr std::size_t kLongestPattern = 60;
 constexpr std::u16string_view kSubject = u"abAB a1_\r\n\r汉b字\tab\n01aa";
 
-bool AnyNode(const RegExpNode& node, const auto& test) {
-  return test(node) || std::any_of(node.children.begin(), node.children.end(),
-                                   [&](const auto& child) { return AnyNode(child, test); });
-}
-
-bool CanMatchNothing(const RegExpNode& node) {
-  switch (node.kind) {
-    case RegExpNodeKind::kLiteral:
-    case RegExpNodeKind::kAnyButLineFeed:
-    case RegExpNodeKind::kClassEscape:
-    case RegExpNodeKind::kClass:
-      return false;
-    case RegExpNodeKind::kSequence:
-    case RegExpNodeKind::kGroup:
-    case RegExpNodeKind::kPlainGroup:
-      return std::all_of(node.children.begin(), node.children.end(), CanMatchNothing);
-    case RegExpNodeKind::kAlternatives:
-      return std::any_of(node.children.begin(), node.children.end(), CanMatchNothing);
-    case RegExpNodeKind::kRepeat:
-      return node.least == 0 || CanMatchNothing(node.children.front());
-    default:
-      return true;
-  }
-}
-
 // The known differences between engine and dialect: a group in a look-ahead in a repetition, and rounds that match
 // nothing although they are required.
 bool IsKnownToDiffer(const RegExpTree& tree) {

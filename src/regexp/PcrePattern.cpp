@@ -22,11 +22,6 @@ bool IsAsciiLetter(char16_t c) {
   return (c >= u'a' && c <= u'z') || (c >= u'A' && c <= u'Z');
 }
 
-bool AnyNode(const RegExpNode& node, const auto& test) {
-  return test(node) || std::any_of(node.children.begin(), node.children.end(),
-                                   [&test](const RegExpNode& child) { return AnyNode(child, test); });
-}
-
 bool HoldsCasedCharacter(const RegExpNode& node) {
   if (node.kind == RegExpNodeKind::kLiteral) {
     return MayHaveCase(node.character, node.character);
@@ -58,28 +53,6 @@ bool StaysInLine(const RegExpNode& root, RegExpOptions options) {
         !options.multiLine && (node.kind == RegExpNodeKind::kStart || node.kind == RegExpNodeKind::kEnd);
     return isEndOfText || TakesLineFeed(node);
   });
-}
-
-bool CanMatchNothing(const RegExpNode& node) {
-  const auto& children = node.children;
-  switch (node.kind) {
-    case RegExpNodeKind::kLiteral:
-    case RegExpNodeKind::kAnyButLineFeed:
-    case RegExpNodeKind::kClassEscape:
-    case RegExpNodeKind::kClass:
-      return false;
-    case RegExpNodeKind::kSequence:
-      return std::all_of(children.begin(), children.end(), CanMatchNothing);
-    case RegExpNodeKind::kAlternatives:
-      return std::any_of(children.begin(), children.end(), CanMatchNothing);
-    case RegExpNodeKind::kGroup:
-    case RegExpNodeKind::kPlainGroup:
-      return CanMatchNothing(children.front());
-    case RegExpNodeKind::kRepeat:
-      return node.least == 0 || CanMatchNothing(children.front());
-    default:
-      return true;
-  }
 }
 
 // Whether it makes a difference that a round which matches nothing is refused.

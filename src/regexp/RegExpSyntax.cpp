@@ -462,6 +462,28 @@ std::vector<CharacterRange> ClassEscapeRanges(char16_t lowerCaseLetter) {
   }
 }
 
+bool CanMatchNothing(const RegExpNode& node) {
+  const auto& children = node.children;
+  switch (node.kind) {
+    case RegExpNodeKind::kLiteral:
+    case RegExpNodeKind::kAnyButLineFeed:
+    case RegExpNodeKind::kClassEscape:
+    case RegExpNodeKind::kClass:
+      return false;
+    case RegExpNodeKind::kSequence:
+      return std::all_of(children.begin(), children.end(), CanMatchNothing);
+    case RegExpNodeKind::kAlternatives:
+      return std::any_of(children.begin(), children.end(), CanMatchNothing);
+    case RegExpNodeKind::kGroup:
+    case RegExpNodeKind::kPlainGroup:
+      return CanMatchNothing(children.front());
+    case RegExpNodeKind::kRepeat:
+      return node.least == 0 || CanMatchNothing(children.front());
+    default:
+      return true;
+  }
+}
+
 RegExpTree ParseRegExp(std::u16string_view pattern) {
   return Parser(pattern).Parse();
 }

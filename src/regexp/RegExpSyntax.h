@@ -1,6 +1,7 @@
 // A pattern of the dialect as a tree. Knows the dialect and no engine.
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
 #include <limits>
 #include <string_view>
@@ -55,6 +56,15 @@ struct RegExpTree {
 
 // The characters of \d, \w or \s (the letter in lower case), in ascending order.
 std::vector<CharacterRange> ClassEscapeRanges(char16_t lowerCaseLetter);
+
+// Whether the test holds for the node or for one anywhere below it.
+bool AnyNode(const RegExpNode& node, const auto& test) {
+  return test(node) || std::any_of(node.children.begin(), node.children.end(),
+                                   [&test](const RegExpNode& child) { return AnyNode(child, test); });
+}
+
+// False when every match of the node takes a character at least.
+bool CanMatchNothing(const RegExpNode& node);
 
 // Throws RegExpSyntaxError. The tree is never deeper than a fixed limit, so it can be walked by recursion.
 RegExpTree ParseRegExp(std::u16string_view pattern);

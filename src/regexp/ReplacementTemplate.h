@@ -15,9 +15,9 @@ class ReplacementTemplate {
   // A $ before anything else, or before the number of a group that the pattern does not have, stands for itself.
   ReplacementTemplate(std::u16string_view replacement, std::size_t groupCount);
 
-  // Appends what takes the place of a match in a text.
   // Whether it refers to the text before or behind the match.
   bool NeedsWholeText() const;
+  // Appends what takes the place of a match in a text.
   void AppendTo(std::u16string& out, std::u16string_view text, const RegExpMatch& match) const;
 
  private:
