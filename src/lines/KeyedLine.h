@@ -1,6 +1,7 @@
 // Lines that stand in for themselves while they are sorted.
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <span>
@@ -27,5 +28,16 @@ class KeySorter {
   Progress& progress_;
   std::vector<KeyedLine> scratch_;
 };
+
+// Calls work(run) for every run of lines with the same key, which may change the order within it.
+void ForEachRun(std::span<KeyedLine> lines, const auto& work) {
+  while (!lines.empty()) {
+    const std::uint64_t key = lines.front().key;
+    const auto end = std::ranges::find_if(lines, [key](const KeyedLine& line) { return line.key != key; });
+    const auto length = static_cast<std::size_t>(end - lines.begin());
+    work(lines.first(length));
+    lines = lines.subspan(length);
+  }
+}
 
 }  // namespace scrivanta

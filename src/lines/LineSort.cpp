@@ -21,17 +21,14 @@ void SortByNumber(const LineStore& lines, std::span<KeyedLine> range, Encoding e
   }
   KeySorter(progress).Sort(range);
   PacedProgress comparing(progress, 0);
-  for (auto begin = range.begin(); begin != range.end();) {
-    const std::uint64_t key = begin->key;
-    const auto end = std::find_if(begin, range.end(), [key](const KeyedLine& line) { return line.key != key; });
-    if (!LineNumber::IsExactKey(key)) {
-      std::ranges::stable_sort(std::span(begin, end), [&](const KeyedLine& left, const KeyedLine& right) {
+  ForEachRun(range, [&](std::span<KeyedLine> run) {
+    if (!LineNumber::IsExactKey(run.front().key)) {
+      std::ranges::stable_sort(run, [&](const KeyedLine& left, const KeyedLine& right) {
         comparing.Step();
         return LineNumber(lines[left.index], encoding) < LineNumber(lines[right.index], encoding);
       });
     }
-    begin = end;
-  }
+  });
 }
 
 }  // namespace

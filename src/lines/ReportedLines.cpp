@@ -46,15 +46,12 @@ bool ReportedLines::HasAtLineBegin(std::string_view line) const {
 void ReportedLines::Sort(Progress& progress) {
   KeySorter(progress).Sort(sorted_);
   PacedProgress comparing(progress, 0);
-  for (auto begin = sorted_.begin(); begin != sorted_.end();) {
-    const std::uint64_t key = begin->key;
-    const auto end = std::find_if(begin, sorted_.end(), [key](const KeyedLine& line) { return line.key != key; });
-    std::sort(begin, end, [&](const KeyedLine& left, const KeyedLine& right) {
+  ForEachRun(sorted_, [&](std::span<KeyedLine> run) {
+    std::ranges::sort(run, [&](const KeyedLine& left, const KeyedLine& right) {
       comparing.Step();
       return lines_[left.index] < lines_[right.index];
     });
-    begin = end;
-  }
+  });
 }
 
 const KeyedLine* ReportedLines::FirstNotLess(std::string_view line) const {
