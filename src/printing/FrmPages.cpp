@@ -21,10 +21,7 @@ RECT ToTwips(const PageRect& area, const PaperMetrics& paper) {
           ToTwips(area.right, paper.dotsPerInchX), ToTwips(area.bottom, paper.dotsPerInchY)};
 }
 
-int LineHeight(HDC device, HGDIOBJ font) {
-  const SelectedObject selected(device, font);
-  TEXTMETRICW metrics{};
-  GetTextMetricsW(device, &metrics);
+int LineHeight(const TEXTMETRICW& metrics) {
   return std::max<int>(metrics.tmHeight + metrics.tmExternalLeading, 1);
 }
 
@@ -36,6 +33,13 @@ OwnedFont MakeDeviceFont(HDC device, const FontDescription& font) {
       CreateFontW(-std::max(height, 1), 0, 0, 0, font.bold ? FW_BOLD : FW_NORMAL, font.italic ? TRUE : FALSE,
                   font.underline ? TRUE : FALSE, font.strikeThrough ? TRUE : FALSE, GB2312_CHARSET, OUT_DEFAULT_PRECIS,
                   CLIP_DEFAULT_PRECIS, DEFAULT_QUALITY, DEFAULT_PITCH | FF_DONTCARE, ToWide(font.name).c_str()));
+}
+
+TEXTMETRICW FontMetrics(HDC device, const OwnedFont& font) {
+  const SelectedObject selected(device, font.get());
+  TEXTMETRICW metrics{};
+  GetTextMetricsW(device, &metrics);
+  return metrics;
 }
 
 FrmRichPages::FrmRichPages(HDC device, const PaperMetrics& paper, const PageRect& area, HWND box, CHARRANGE range)
@@ -79,7 +83,7 @@ FrmTextPages::FrmTextPages(HDC device, const PageRect& area, const FontDescripti
     : device_(device),
       area_(area),
       font_(MakeDeviceFont(device, font)),
-      lineHeight_(LineHeight(device, font_.get())),
+      lineHeight_(LineHeight(FontMetrics(device, font_))),
       pages_(text, *this, static_cast<std::size_t>(std::max(area.height() / lineHeight_, 1))) {}
 
 bool FrmTextPages::LayOut(Progress& progress) {

@@ -19,6 +19,8 @@ namespace scrivanta {
 
 // A font in the size that it has on the device.
 OwnedFont MakeDeviceFont(HDC device, const FontDescription& font);
+// Its measures there.
+TEXTMETRICW FontMetrics(HDC device, const OwnedFont& font);
 
 // While it lives the object is selected into the device.
 class SelectedObject {

@@ -28,13 +28,6 @@ OwnedFont MakeHeaderFont(HDC device, const FontDescription& font) {
   return MakeDeviceFont(device, {.name = font.name, .size = kHeaderSize});
 }
 
-int HeightOf(HDC device, HGDIOBJ font) {
-  const SelectedObject selected(device, font);
-  TEXTMETRICW metrics{};
-  GetTextMetricsW(device, &metrics);
-  return metrics.tmHeight;
-}
-
 // The answer of the device to a step of printing.
 void Require(int answer) {
   if (answer > 0) {
@@ -57,7 +50,7 @@ FrmPrintJob::FrmPrintJob(OwnedDeviceContext device, const PageMargins& margins, 
       headerFont_(MakeHeaderFont(device_.get(), font_)),
       box_(box),
       paper_(MetricsOf(device_.get())),
-      areas_(AreasOf(paper_, margins, HeightOf(device_.get(), headerFont_.get()))) {}
+      areas_(AreasOf(paper_, margins, FontMetrics(device_.get(), headerFont_).tmHeight)) {}
 
 FrmPrintJob::~FrmPrintJob() {
   if (isStarted_) {

@@ -7,6 +7,7 @@
 
 #include "search/FrmFindControls.h"
 #include "search/ScrivantaComboBox.h"
+#include "win/DroppedFiles.h"
 #include "win/Registry.h"
 #include "win/WideText.h"
 
@@ -17,17 +18,6 @@ namespace {
 // Tells the registry editor where to open.
 void PointRegistryEditorAt(const std::u16string& key) {
   WriteRegistryText(u"Software\\Microsoft\\Windows\\CurrentVersion\\Applets\\Regedit", u"LastKey", key);
-}
-
-std::vector<std::filesystem::path> PathsOfDrop(HDROP drop) {
-  std::vector<std::filesystem::path> paths;
-  const UINT count = DragQueryFileW(drop, 0xFFFFFFFF, nullptr, 0);
-  for (UINT i = 0; i < count; ++i) {
-    std::wstring path(DragQueryFileW(drop, i, nullptr, 0) + 1, L'\0');
-    path.resize(DragQueryFileW(drop, i, path.data(), static_cast<UINT>(path.size())));
-    paths.emplace_back(path);
-  }
-  return paths;
 }
 
 }  // namespace
@@ -182,8 +172,7 @@ bool FrmFind::OnKey(int controlId, WPARAM key) {
 }
 
 void FrmFind::TakeDrop(HDROP drop) {
-  const std::vector<std::filesystem::path> paths = PathsOfDrop(drop);
-  DragFinish(drop);
+  const std::vector<std::filesystem::path> paths = TakeDroppedFiles(drop);
   // The keys as they are: those of the drag went to the window that it came from.
   dialog_->Drop(*this, paths, GetAsyncKeyState(VK_MENU) < 0);
 }

@@ -19,6 +19,7 @@
 #include "shell/Options.h"
 #include "shell/WindowPlacement.h"
 #include "text/PlatformFile.h"
+#include "win/DroppedFiles.h"
 #include "win/Monitors.h"
 #include "win/TopLevelWindows.h"
 #include "win/WideText.h"
@@ -56,16 +57,6 @@ void Place(HWND window, const TwipRect& bounds, int dpi) {
 
 bool IsDown(int key) {
   return GetKeyState(key) < 0;
-}
-
-std::vector<std::filesystem::path> PathsOf(HDROP drop) {
-  std::vector<std::filesystem::path> paths(DragQueryFileW(drop, 0xFFFFFFFF, nullptr, 0));
-  for (UINT i = 0; i < paths.size(); ++i) {
-    std::wstring path(DragQueryFileW(drop, i, nullptr, 0) + std::size_t{1}, L'\0');
-    path.resize(DragQueryFileW(drop, i, path.data(), static_cast<UINT>(path.size())));
-    paths[i] = path;
-  }
-  return paths;
 }
 
 }  // namespace
@@ -420,8 +411,7 @@ void FrmMain::OnTrayClick() {
 }
 
 void FrmMain::OnDrop(HDROP drop) {
-  const std::vector<std::filesystem::path> paths = PathsOf(drop);
-  DragFinish(drop);
+  const std::vector<std::filesystem::path> paths = TakeDroppedFiles(drop);
   if (!work_.IsBusy()) {
     RunGuarded([this, &paths] { documentFile_.OpenDropped(paths); });
   }
