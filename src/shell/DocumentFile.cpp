@@ -145,7 +145,7 @@ bool DocumentFile::SaveTo(const std::filesystem::path& path) {
                          u"只读打开的文件不能存盘，请另存为其他文件名：\n" + TextOfPath(path));
   }
   if (wanted == path_ && file_.IsAnothers()) {
-    const OverAnothers choice = AskAboutAnothers(path_);
+    const OverAnothers choice = AskAboutAnothers();
     if (choice != OverAnothers::kSave) {
       return choice == OverAnothers::kSaveAs && SaveAs();
     }
@@ -243,8 +243,8 @@ void DocumentFile::Reload(std::string_view bytes) {
   SetChanged(false);
 }
 
-DocumentFile::OverAnothers DocumentFile::AskAboutAnothers(const std::filesystem::path& path) {
-  switch (workbench_.prompts().Ask({.text = u"文件在打开以后被其他程序改动过：\n" + TextOfPath(path) +
+DocumentFile::OverAnothers DocumentFile::AskAboutAnothers() {
+  switch (workbench_.prompts().Ask({.text = u"文件在打开以后被其他程序改动过：\n" + TextOfPath(path_) +
                                             u"\n\n“是”：用这里的文本代替文件现在的内容\n"
                                             u"“否”：另存为其他文件\n"
                                             u"“取消”：不存盘",

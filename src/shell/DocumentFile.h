@@ -108,7 +108,7 @@ class DocumentFile final : public Document {
   void OfferToReload();
   void Reload(std::string_view bytes);
   enum class OverAnothers { kSave, kSaveAs, kCancel };
-  OverAnothers AskAboutAnothers(const std::filesystem::path& path);
+  OverAnothers AskAboutAnothers();
   void TakeOver(KnownFile file, const std::filesystem::path& path, const DocumentFormat& format);
   static std::string ReadFile(const std::filesystem::path& path, Progress& progress);
   void WriteFile(std::string_view bytes, Progress& progress);
