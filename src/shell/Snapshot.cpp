@@ -8,6 +8,7 @@
 #include "shell/IniText.h"
 #include "text/DecimalText.h"
 #include "text/Encoding.h"
+#include "text/Utf16.h"
 
 namespace scrivanta {
 
@@ -18,8 +19,7 @@ constexpr std::u16string_view kYes = u"1";
 constexpr std::string_view kTextBody = "\r\n[Text]\r\n";
 constexpr std::string_view kRichTextBody = "\r\n[RichText]\r\n";
 constexpr std::size_t kUnit = 2;  // bytes
-constexpr unsigned kByteBits = 8;
-constexpr unsigned kByteMask = 0xFF;
+constexpr ByteOrder kByteOrder = ByteOrder::kLittleEndian;
 
 constexpr std::array<std::pair<DocumentEncoding, std::u16string_view>, 5> kEncodings{{
     {DocumentEncoding::kGbk, u"GBK"},
@@ -96,16 +96,6 @@ DocumentFormat GetFormat(const Header& header) {
           .endsInHalfUnit = header.Has(u"EndsInHalfUnit")};
 }
 
-std::u16string TextOfBody(std::string_view bytes) {
-  std::u16string text(bytes.size() / kUnit, u'\0');
-  for (std::size_t i = 0; i < text.size(); ++i) {
-    const auto low = static_cast<unsigned char>(bytes[kUnit * i]);
-    const auto high = static_cast<unsigned char>(bytes[kUnit * i + 1]);
-    text[i] = static_cast<char16_t>(low | (high << kByteBits));
-  }
-  return text;
-}
-
 }  // namespace
 
 std::string SnapshotHeader(const Snapshot& snapshot) {
@@ -131,11 +121,8 @@ std::string SnapshotBody(const Snapshot& snapshot, std::size_t offset, std::size
     return snapshot.rtf->substr(offset, count);
   }
   const std::u16string_view text = std::u16string_view(snapshot.text).substr(offset / kUnit, count / kUnit);
-  std::string bytes(kUnit * text.size(), '\0');
-  for (std::size_t i = 0; i < text.size(); ++i) {
-    bytes[kUnit * i] = static_cast<char>(text[i] & kByteMask);
-    bytes[kUnit * i + 1] = static_cast<char>(text[i] >> kByteBits);
-  }
+  std::string bytes;
+  EncodeUtf16Append(kByteOrder, text, bytes);
   return bytes;
 }
 
@@ -163,7 +150,8 @@ std::optional<Snapshot> ReadSnapshot(std::string_view bytes) {
                                .modified = header.GetNumber<std::int64_t>(u"FileModified")};
   }
   if (headerEnd == textBody) {
-    snapshot.text = TextOfBody(bytes.substr(headerEnd + kTextBody.size()));
+    const std::string_view body = bytes.substr(headerEnd + kTextBody.size());
+    snapshot.text = DecodeUtf16(kByteOrder, body.substr(0, body.size() - body.size() % kUnit));
   } else {
     snapshot.rtf = bytes.substr(headerEnd + kRichTextBody.size());
   }

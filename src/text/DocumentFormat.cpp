@@ -5,6 +5,7 @@
 
 #include "text/CodePage.h"
 #include "text/Encoding.h"
+#include "text/Utf16.h"
 #include "text/Utf8.h"
 
 namespace scrivanta {
@@ -54,45 +55,20 @@ DocumentEncoding Recognise(std::string_view bytes) {
   return IsRecognisedAsUtf8(bytes) ? DocumentEncoding::kUtf8 : DocumentEncoding::kGbk;
 }
 
-// Which of the two bytes of a unit is the low one.
-std::size_t LowByte(DocumentEncoding encoding) {
-  return encoding == DocumentEncoding::kUtf16Le ? 0 : 1;
-}
-
-std::u16string DecodeUtf16(DocumentEncoding encoding, std::string_view bytes) {
-  const std::size_t low = LowByte(encoding);
-  std::u16string text(bytes.size() / 2, u'\0');
-  for (std::size_t i = 0; i < text.size(); ++i) {
-    const auto lowByte = static_cast<unsigned char>(bytes[2 * i + low]);
-    const auto highByte = static_cast<unsigned char>(bytes[2 * i + 1 - low]);
-    text[i] = static_cast<char16_t>(lowByte | (highByte << 8U));
-  }
-  if (bytes.size() % 2 != 0) {
-    text += static_cast<char16_t>(0xDC00U + static_cast<unsigned char>(bytes.back()));
-  }
-  return text;
-}
-
-void EncodeUtf16Append(DocumentEncoding encoding, std::u16string_view text, std::string& bytes) {
-  const std::size_t low = LowByte(encoding);
-  const std::size_t begin = bytes.size();
-  bytes.resize(begin + 2 * text.size());
-  for (std::size_t i = 0; i < text.size(); ++i) {
-    bytes[begin + 2 * i + low] = static_cast<char>(text[i] & 0xFFU);
-    bytes[begin + 2 * i + 1 - low] = static_cast<char>(text[i] >> 8U);
-  }
+ByteOrder ByteOrderOf(DocumentEncoding encoding) {
+  return encoding == DocumentEncoding::kUtf16Le ? ByteOrder::kLittleEndian : ByteOrder::kBigEndian;
 }
 
 std::u16string DecodeBytes(DocumentEncoding encoding, std::string_view bytes) {
   if (IsUtf16(encoding)) {
-    return DecodeUtf16(encoding, bytes);
+    return DecodeUtf16(ByteOrderOf(encoding), bytes);
   }
   return Decode(encoding == DocumentEncoding::kGbk ? Encoding::kGbk : Encoding::kUtf8, bytes);
 }
 
 void EncodeTextAppend(DocumentEncoding encoding, std::u16string_view text, std::string& bytes) {
   if (IsUtf16(encoding)) {
-    EncodeUtf16Append(encoding, text, bytes);
+    EncodeUtf16Append(ByteOrderOf(encoding), text, bytes);
   } else {
     EncodeAppend(encoding == DocumentEncoding::kGbk ? Encoding::kGbk : Encoding::kUtf8, text, bytes);
   }
