@@ -3,22 +3,18 @@
 #include <algorithm>
 #include <cmath>
 
+#include "text/Twips.h"
 #include "win/WideText.h"
 
 namespace scrivanta {
 
 namespace {
 
-constexpr int kTwipsPerInch = 1440;
 constexpr double kPointsPerInch = 72;
 
-LONG ToTwips(int pixels, int dotsPerInch) {
-  return MulDiv(pixels, kTwipsPerInch, dotsPerInch);
-}
-
 RECT ToTwips(const PageRect& area, const PaperMetrics& paper) {
-  return {ToTwips(area.left, paper.dotsPerInchX), ToTwips(area.top, paper.dotsPerInchY),
-          ToTwips(area.right, paper.dotsPerInchX), ToTwips(area.bottom, paper.dotsPerInchY)};
+  return {PixelsToTwips(area.left, paper.dotsPerInchX), PixelsToTwips(area.top, paper.dotsPerInchY),
+          PixelsToTwips(area.right, paper.dotsPerInchX), PixelsToTwips(area.bottom, paper.dotsPerInchY)};
 }
 
 int LineHeight(const TEXTMETRICW& metrics) {
@@ -73,8 +69,8 @@ LONG FrmRichPages::Format(LONG start, LONG end, bool draw) const {
   range.hdc = device_;
   range.hdcTarget = device_;
   range.rc = ToTwips(area_, paper_);
-  range.rcPage = {0, 0, ToTwips(paper_.paperWidth, paper_.dotsPerInchX),
-                  ToTwips(paper_.paperHeight, paper_.dotsPerInchY)};
+  range.rcPage = {0, 0, PixelsToTwips(paper_.paperWidth, paper_.dotsPerInchX),
+                  PixelsToTwips(paper_.paperHeight, paper_.dotsPerInchY)};
   range.chrg = {start, end};
   return static_cast<LONG>(SendMessageW(box_, EM_FORMATRANGE, draw ? TRUE : FALSE, reinterpret_cast<LPARAM>(&range)));
 }

@@ -19,6 +19,7 @@
 #include "shell/Options.h"
 #include "shell/WindowPlacement.h"
 #include "text/PlatformFile.h"
+#include "text/Twips.h"
 #include "win/DroppedFiles.h"
 #include "win/Monitors.h"
 #include "win/TopLevelWindows.h"

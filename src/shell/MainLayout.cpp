@@ -1,18 +1,6 @@
 #include "shell/MainLayout.h"
 
-#include <cmath>
-
 namespace scrivanta {
-
-namespace {
-
-constexpr int kTwipsPerInch = 1440;
-
-int Scaled(int value, int numerator, int denominator) {
-  return static_cast<int>(std::lround(static_cast<double>(value) * numerator / denominator));
-}
-
-}  // namespace
 
 std::optional<MainLayout> LayOutMainWindow(int innerWidth, int innerHeight) {
   MainLayout layout;
@@ -23,14 +11,6 @@ std::optional<MainLayout> LayOutMainWindow(int innerWidth, int innerHeight) {
     return std::nullopt;
   }
   return layout;
-}
-
-int TwipsToPixels(int twips, int dotsPerInch) {
-  return Scaled(twips, dotsPerInch, kTwipsPerInch);
-}
-
-int PixelsToTwips(int pixels, int dotsPerInch) {
-  return Scaled(pixels, kTwipsPerInch, dotsPerInch);
 }
 
 }  // namespace scrivanta

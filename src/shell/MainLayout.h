@@ -23,8 +23,4 @@ struct MainLayout {
 // Nothing when the window is too small for its controls: they stay where they are.
 std::optional<MainLayout> LayOutMainWindow(int innerWidth, int innerHeight);
 
-// Rounded to the nearer pixel.
-int TwipsToPixels(int twips, int dotsPerInch);
-int PixelsToTwips(int pixels, int dotsPerInch);
-
 }  // namespace scrivanta

@@ -4,14 +4,13 @@
 #include <iterator>
 #include <string_view>
 
+#include "text/Twips.h"
 #include "win/Monitors.h"
 #include "win/WideText.h"
 
 namespace scrivanta {
 
 namespace {
-
-constexpr int kTwipsPerInch = 1440;
 
 // The form store's name for the type of a control; empty for one that it does not keep.
 std::u16string_view TypeOf(HWND control) {
@@ -111,14 +110,6 @@ FormControl Read(HWND window, const NamedControl& named) {
   return control;
 }
 
-int TwipsOf(LONG pixels, UINT dotsPerInch) {
-  return MulDiv(pixels, kTwipsPerInch, static_cast<int>(dotsPerInch));
-}
-
-LONG PixelsOf(int twips, UINT dotsPerInch) {
-  return MulDiv(twips, static_cast<int>(dotsPerInch), kTwipsPerInch);
-}
-
 WINDOWPLACEMENT PlacementOf(HWND window) {
   WINDOWPLACEMENT placement{};
   placement.length = sizeof(placement);
@@ -159,24 +150,24 @@ void ScrivantaForm::SetControl(const FormControl& control) {
 FormPlacement ScrivantaForm::Placement() const {
   const WINDOWPLACEMENT placement = PlacementOf(dialog_);
   const RECT& bounds = placement.rcNormalPosition;
-  const UINT dotsPerInch = GetDpiForWindow(dialog_);
-  return {.left = TwipsOf(bounds.left, dotsPerInch),
-          .top = TwipsOf(bounds.top, dotsPerInch),
-          .width = TwipsOf(bounds.right - bounds.left, dotsPerInch),
-          .height = TwipsOf(bounds.bottom - bounds.top, dotsPerInch),
+  const auto dotsPerInch = static_cast<int>(GetDpiForWindow(dialog_));
+  return {.left = PixelsToTwips(bounds.left, dotsPerInch),
+          .top = PixelsToTwips(bounds.top, dotsPerInch),
+          .width = PixelsToTwips(bounds.right - bounds.left, dotsPerInch),
+          .height = PixelsToTwips(bounds.bottom - bounds.top, dotsPerInch),
           .maximized = IsZoomed(dialog_) != FALSE};
 }
 
 void ScrivantaForm::SetPlacement(const FormPlacement& placement) {
   WINDOWPLACEMENT place = PlacementOf(dialog_);
-  const UINT dotsPerInch = GetDpiForWindow(dialog_);
+  const auto dotsPerInch = static_cast<int>(GetDpiForWindow(dialog_));
   const LONG style = GetWindowLongW(dialog_, GWL_STYLE);
   const bool hasOwnSize = (style & WS_THICKFRAME) != 0 && placement.width > 0 && placement.height > 0;
   const RECT& now = place.rcNormalPosition;
-  const LONG left = PixelsOf(placement.left, dotsPerInch);
-  const LONG top = PixelsOf(placement.top, dotsPerInch);
-  const LONG width = hasOwnSize ? PixelsOf(placement.width, dotsPerInch) : now.right - now.left;
-  const LONG height = hasOwnSize ? PixelsOf(placement.height, dotsPerInch) : now.bottom - now.top;
+  const LONG left = TwipsToPixels(placement.left, dotsPerInch);
+  const LONG top = TwipsToPixels(placement.top, dotsPerInch);
+  const LONG width = hasOwnSize ? TwipsToPixels(placement.width, dotsPerInch) : now.right - now.left;
+  const LONG height = hasOwnSize ? TwipsToPixels(placement.height, dotsPerInch) : now.bottom - now.top;
   place.rcNormalPosition = KeepOnScreen({left, top, left + width, top + height});
   const bool maximizes = placement.maximized && (style & WS_MAXIMIZEBOX) != 0;
   // A dialog that is not shown yet is not shown by this.

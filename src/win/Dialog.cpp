@@ -1,5 +1,6 @@
 #include "win/Dialog.h"
 
+#include "text/Twips.h"
 #include "win/Monitors.h"
 #include "win/PlatformError.h"
 #include "win/WideText.h"
@@ -9,7 +10,6 @@ namespace scrivanta {
 namespace {
 
 constexpr int kDotsPerInch = 96;  // of a screen that is not scaled
-constexpr int kTwipsPerInch = 1440;
 
 int SystemDotsPerInch() {
   return static_cast<int>(GetDpiForSystem());
@@ -174,15 +174,15 @@ POINT Dialog::CornerInTwips() const {
   RECT bounds{};
   GetWindowRect(handle_, &bounds);
   const int dotsPerInch = SystemDotsPerInch();
-  return {MulDiv(bounds.left, kTwipsPerInch, dotsPerInch), MulDiv(bounds.top, kTwipsPerInch, dotsPerInch)};
+  return {PixelsToTwips(bounds.left, dotsPerInch), PixelsToTwips(bounds.top, dotsPerInch)};
 }
 
 void Dialog::MoveToTwips(POINT corner) {
   RECT bounds{};
   GetWindowRect(handle_, &bounds);
   const int dotsPerInch = SystemDotsPerInch();
-  OffsetRect(&bounds, MulDiv(corner.x, dotsPerInch, kTwipsPerInch) - bounds.left,
-             MulDiv(corner.y, dotsPerInch, kTwipsPerInch) - bounds.top);
+  OffsetRect(&bounds, TwipsToPixels(corner.x, dotsPerInch) - bounds.left,
+             TwipsToPixels(corner.y, dotsPerInch) - bounds.top);
   const RECT kept = KeepOnScreen(bounds);
   SetWindowPos(handle_, nullptr, kept.left, kept.top, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
 }

@@ -12,6 +12,7 @@
 #include "shell/MainLayout.h"
 #include "shell/WindowPlacement.h"
 #include "support/ScriptedWorkbench.h"
+#include "text/Twips.h"
 
 namespace scrivanta {
 namespace {
