@@ -19,8 +19,7 @@ if ! dpkg-query -W -f '${Status}\n' nsis 2>/dev/null | grep -q 'ok installed'; t
   "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get install -y -qq --no-install-recommends nsis >/dev/null
 fi
 
-cmake --preset windows >/dev/null
-cmake --build --preset windows --target scrivanta scrivanta-batch help_document >/dev/null
+scripts/build.sh windows scrivanta scrivanta-batch help_document
 
 # What is delivered, without what only a debugger reads.
 stage=$output/stage

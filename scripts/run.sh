@@ -17,12 +17,7 @@ windows_path() {
 
 build() {
   echo 'building'
-  mkdir -p "$root/build"
-  local log=$root/build/run.log
-  (cd "$root" && cmake --preset windows && cmake --build --preset windows --target "$@") >"$log" 2>&1 || {
-    tail -n 50 "$log" >&2
-    exit 1
-  }
+  "$root/scripts/build.sh" windows "$@"
 }
 
 "$root/scripts/setup.sh"

@@ -3,11 +3,8 @@
 set -euo pipefail
 cd "$(dirname "$0")/.."
 scripts/setup.sh
-mkdir -p build docs/images
-(cmake --preset windows && cmake --build --preset windows --target screenshots) >build/screenshots.log 2>&1 || {
-  tail -n 50 build/screenshots.log >&2
-  exit 1
-}
+scripts/build.sh windows screenshots
+mkdir -p docs/images
 # Relative paths are the same to both systems but for the strokes.
 scripts/wine-env.sh wine build/windows/bin/screenshots.exe samples docs/images
 ls -l docs/images

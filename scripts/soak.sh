@@ -7,9 +7,5 @@
 set -euo pipefail
 cd "$(dirname "$0")/.."
 scripts/setup.sh
-mkdir -p build
-(cmake --preset windows && cmake --build --preset windows --target soak) >build/soak.log 2>&1 || {
-  tail -n 50 build/soak.log >&2
-  exit 1
-}
+scripts/build.sh windows soak
 scripts/wine-env.sh wine build/windows/bin/soak.exe "${1:-2000}" ${2:+"$2"}

@@ -21,17 +21,6 @@ check() {
   fi
 }
 
-build() {
-  cmake --preset "$1" >"build/$1.configure.log" 2>&1 || {
-    cat "build/$1.configure.log"
-    return 1
-  }
-  cmake --build --preset "$1" >"build/$1.build.log" 2>&1 || {
-    grep -E -A 5 'error|FAILED|undefined' "build/$1.build.log" | head -n 100
-    return 1
-  }
-}
-
 # tests PRESET COMMAND...: runs ctest and adds its counts; a run that executed no test has failed.
 tests() {
   local preset=$1 log=build/$1.test.log line
@@ -61,11 +50,11 @@ scripts/setup.sh || {
 }
 mkdir -p build
 
-check 'build: native' build native
+check 'build: native' scripts/build.sh native
 tests native
-check 'build: sanitize' build sanitize
+check 'build: sanitize' scripts/build.sh sanitize
 tests sanitize
-check 'build: windows' build windows
+check 'build: windows' scripts/build.sh windows
 tests windows scripts/wine-env.sh
 check 'format' formatted
 check 'lint' scripts/lint.py

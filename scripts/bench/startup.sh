@@ -2,10 +2,7 @@
 # Start of the program, and its memory with a document of 10 MB, beside a bare window with a rich edit control.
 set -euo pipefail
 cd "$(dirname "$0")/../.."
-(cmake --preset windows && cmake --build --preset windows --target startup) >build/startup.log 2>&1 || {
-  tail -n 50 build/startup.log >&2
-  exit 1
-}
+scripts/build.sh windows bench_startup
 mkdir -p build/bench
 document=build/bench/ten-megabytes.txt
 python3 - "$document" <<'SCRIPT'
@@ -20,4 +17,4 @@ with open(sys.argv[1], "wb") as file:
         if file.tell() >= 10 * 2**20:
             break
 SCRIPT
-scripts/wine-env.sh wine build/windows/bin/startup.exe "${TURNS:-10}" "$document"
+scripts/wine-env.sh wine build/windows/bin/bench_startup.exe "${TURNS:-10}" "$document"

@@ -2,6 +2,7 @@
 # Times the window at work on a large GBK document beside the bare edit control: scripts/bench.sh window [MEGABYTES].
 set -euo pipefail
 cd "$(dirname "$0")/../.."
+scripts/build.sh windows bench_timings
 megabytes=${1:-10}
 document=build/bench/window/$megabytes.txt
 mkdir -p "$(dirname "$document")"
@@ -17,4 +18,4 @@ with open(path, 'wb') as file:
         if random.randrange(5) == 0:
             file.write(b'\r\n')
 PYTHON
-exec scripts/wine-env.sh wine build/windows/bin/timings.exe "Z:${PWD//\//\\}\\${document//\//\\}"
+exec scripts/wine-env.sh wine build/windows/bin/bench_timings.exe "Z:${PWD//\//\\}\\${document//\//\\}"

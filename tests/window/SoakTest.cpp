@@ -16,6 +16,8 @@ TEST_F(SoakTest, AHundredStepsAtRandomLeaveTheDocumentRightAndNothingBehind) {
   const SoakFigures after = MeasureProcess();
   EXPECT_LE(after.handles, before.handles + 20) << before.Text() << " before, after: " << after.Text();
   EXPECT_LE(after.windows, before.windows + 2) << before.Text() << " before, after: " << after.Text();
+  EXPECT_GE(after.roomForGdiObjects + 20, before.roomForGdiObjects)
+      << before.Text() << " before, after: " << after.Text();
 }
 
 }  // namespace

@@ -8,7 +8,6 @@ namespace scrivanta {
 
 std::optional<std::u16string> StoredSetting(const std::u16string& key, const std::u16string& section = u"Settings");
 void StoreSetting(const std::u16string& key, const std::u16string& value, const std::u16string& section = u"Settings");
-// As on a machine where the program has never run.
 void ForgetSettings();
 
 }  // namespace scrivanta

@@ -1,13 +1,11 @@
 #include "window/driver/WindowTest.h"
 
-#include "window/driver/LeftBehind.h"
-#include "window/driver/StoredSettings.h"
+#include "window/driver/FirstRun.h"
 
 namespace scrivanta {
 
 WindowTest::WindowTest() {
-  ForgetSettings();
-  ForgetSnapshots();
+  ForgetEarlierRuns();
 }
 
 }  // namespace scrivanta

@@ -11,6 +11,7 @@
 #include <string>
 #include <string_view>
 
+#include "window/driver/FirstRun.h"
 #include "window/driver/ProgramProcess.h"
 #include "window/driver/Screenshot.h"
 #include "window/driver/TestFiles.h"
@@ -63,6 +64,7 @@ int wmain(int argc, wchar_t** argv) {
     return 2;
   }
   try {
+    scrivanta::ForgetEarlierRuns();
     scrivanta::RunErrand(argv[1], argv[2], argv[3]);
   } catch (const std::exception& error) {
     std::fprintf(stderr, "%s\n", error.what());

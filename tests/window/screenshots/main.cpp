@@ -10,6 +10,7 @@
 #include <string>
 
 #include "win/WideText.h"
+#include "window/driver/FirstRun.h"
 #include "window/driver/ProgramProcess.h"
 #include "window/driver/Screenshot.h"
 #include "window/driver/Wait.h"
@@ -88,6 +89,7 @@ int wmain(int argc, wchar_t** argv) {
     return 2;
   }
   try {
+    scrivanta::ForgetEarlierRuns();
     scrivanta::TakePictures(argv[1], argv[2]);
   } catch (const std::exception& error) {
     std::fprintf(stderr, "%s\n", error.what());

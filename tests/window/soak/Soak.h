@@ -22,10 +22,10 @@ namespace scrivanta {
 
 // What the process holds.
 struct SoakFigures {
-  unsigned long handles = 0;
+  std::size_t handles = 0;
   std::size_t windows = 0;
-  std::size_t gdiObjects = 0;  // 0 where the system does not tell
-  std::size_t megabytes = 0;   // of private memory
+  std::size_t roomForGdiObjects = 0;  // how many more of them it may have
+  std::size_t megabytes = 0;          // committed
 
   std::string Text() const;
 };
@@ -82,8 +82,10 @@ class Soak {
   void SelectRandomly();
   std::u16string Selected() const { return text_.substr(selection_.start.value, selection_.length); }
 
+  void RunOnModel(std::string_view command, const Answers& answers = {});
   // The command on the model; then the same in the window, its questions answered alike.
   void RunOnBoth(std::string_view command, const Answers& answers);
+  void ExpectModel(const Answers& answers = {});
   // What stands there now is this.
   void Expect(const std::u16string& text, bool typed = false);
   void ExpectReplaced(const std::u16string& replacement, bool typed = false);

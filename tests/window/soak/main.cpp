@@ -8,7 +8,7 @@
 #include <exception>
 #include <random>
 
-#include "window/driver/StoredSettings.h"
+#include "window/driver/FirstRun.h"
 #include "window/soak/Soak.h"
 
 namespace scrivanta {
@@ -20,7 +20,7 @@ constexpr std::size_t kFirstSteps = 100;
 void RunSoak(std::size_t steps, std::uint64_t seed) {
   std::printf("seed %llu\n", static_cast<unsigned long long>(seed));
   std::fflush(stdout);
-  ForgetSettings();
+  ForgetEarlierRuns();
   const TestFolder folder;
   App app;
   app.Start();

@@ -1,7 +1,7 @@
 // Times the program at work on a large document, each step beside what the bare edit control needs for its part of it:
 // to take in the text once, or to give it back once.
 //
-//   timings DOCUMENT
+//   bench_timings DOCUMENT
 //
 // The document is a plain GBK text with empty lines; it is saved as it was. Processor seconds tell more than those of
 // the wall where other work goes on.
@@ -30,6 +30,7 @@
 #include "win/RichEdit.h"
 #include "window/driver/Drop.h"
 #include "window/driver/EditBoxDriver.h"
+#include "window/driver/FirstRun.h"
 #include "window/driver/TestFiles.h"
 #include "window/driver/Wait.h"
 
@@ -217,10 +218,11 @@ void Measure(const std::filesystem::path& document) {
 
 int wmain(int argc, wchar_t** argv) {
   if (argc != 2) {
-    std::fputs("usage: timings DOCUMENT\n", stderr);
+    std::fputs("usage: bench_timings DOCUMENT\n", stderr);
     return 2;
   }
   try {
+    scrivanta::ForgetEarlierRuns();
     scrivanta::Measure(argv[1]);
   } catch (const std::exception& error) {
     std::fprintf(stderr, "%s\n", error.what());

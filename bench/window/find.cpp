@@ -18,7 +18,7 @@
 #include "win/RichEdit.h"
 #include "win/WideText.h"
 #include "window/driver/App.h"
-#include "window/driver/StoredSettings.h"
+#include "window/driver/FirstRun.h"
 #include "window/driver/Wait.h"
 #include "window/driver/WindowProbe.h"
 
@@ -154,11 +154,11 @@ void CompareFindNext(App& app) {
 int wmain(int argc, wchar_t** argv) {
   const std::wstring_view what = argc == 2 ? argv[1] : L"";
   if (what != L"find" && what != L"colour") {
-    std::fputs("usage: find_bench find|colour\n", stderr);
+    std::fputs("usage: bench_find find|colour\n", stderr);
     return 2;
   }
   try {
-    scrivanta::ForgetSettings();
+    scrivanta::ForgetEarlierRuns();
     // The program is left running and ends with the process: the control takes long to give up a large text.
     auto app = std::make_unique<scrivanta::App>();
     app->Start();

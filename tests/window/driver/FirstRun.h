@@ -1,0 +1,8 @@
+#pragma once
+
+namespace scrivanta {
+
+// As on a machine where the program has never run: no settings, no documents left behind.
+void ForgetEarlierRuns();
+
+}  // namespace scrivanta
