@@ -5,6 +5,7 @@
 #include <cmath>
 
 #include "shell/FrmMainControls.h"
+#include "win/Clipboard.h"
 #include "win/WideText.h"
 
 namespace scrivanta {
@@ -175,6 +176,16 @@ ScrollPosition FrmMainEditor::Scroll() const {
 
 void FrmMainEditor::SetScroll(ScrollPosition position) {
   box_.SetScrollPosition({position.x, position.y});
+}
+
+void FrmMainEditor::Cut() {
+  Copy();
+  DeleteSelection();
+}
+
+// Not by the control, whose rich text need not hold the same characters.
+void FrmMainEditor::Copy() {
+  PutOnClipboard(box_.handle(), SelectedText(), SelectedRtf());
 }
 
 void FrmMainEditor::Paste() {

@@ -73,8 +73,8 @@ class FrmMainEditor final : public Editor, public RichBox {
   ScrollPosition Scroll() const override;
   void SetScroll(ScrollPosition position) override;
 
-  void Cut() override { box_.Send(WM_CUT); }
-  void Copy() override { box_.Send(WM_COPY); }
+  void Cut() override;
+  void Copy() override;
   void Paste() override;
   void DeleteSelection() override { box_.Send(WM_CLEAR); }
   bool HasEffect(TextEffect effect) const override;

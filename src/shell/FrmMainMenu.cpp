@@ -1,5 +1,6 @@
 #include "shell/FrmMainMenu.h"
 
+#include <array>
 #include <optional>
 #include <string>
 #include <vector>
@@ -47,6 +48,16 @@ std::optional<ACCEL> ParseShortcut(std::u16string_view shortcut, int commandId) 
   return accelerator;
 }
 
+struct OtherKeys {
+  const char* controlName;
+  BYTE modifier;
+  WORD key;
+};
+
+// The older keys of the clipboard. The edit control knows them, but its way of copying is not the program's.
+constexpr std::array kOtherKeys = {OtherKeys{"mnuCut", FSHIFT, VK_DELETE}, OtherKeys{"mnuCopy", FCONTROL, VK_INSERT},
+                                   OtherKeys{"mnuPaste", FSHIFT, VK_INSERT}};
+
 }  // namespace
 
 OwnedMenu BuildMainMenu() {
@@ -70,6 +81,10 @@ OwnedAccelerators BuildAccelerators() {
     if (const auto accelerator = ParseShortcut(entry.shortcut, *MenuCommandId(entry.controlName))) {
       accelerators.push_back(*accelerator);
     }
+  }
+  for (const OtherKeys& other : kOtherKeys) {
+    accelerators.push_back({static_cast<BYTE>(FVIRTKEY | other.modifier), other.key,
+                            static_cast<WORD>(*MenuCommandId(other.controlName))});
   }
   return OwnedAccelerators(CreateAcceleratorTableW(accelerators.data(), static_cast<int>(accelerators.size())));
 }

@@ -5,6 +5,7 @@
 #include <exception>
 #include <limits>
 
+#include "text/StandardRtf.h"
 #include "text/Surrogates.h"
 #include "win/PlatformError.h"
 #include "win/WideText.h"
@@ -16,6 +17,7 @@ namespace {
 constexpr wchar_t kControlClass[] = L"RICHEDIT50W";
 constexpr LPARAM kNoLimit = 0x7ffffffe;
 constexpr UINT kUtf16 = 1200;
+constexpr WPARAM kUtf8Rtf = SF_RTF | SF_USECODEPAGE | (WPARAM{CP_UTF8} << 16U);
 
 // Of a piece of text: about 10 ms for the slowest control known. In UTF-16 code units.
 constexpr std::size_t kPiece = 4096;
@@ -167,11 +169,11 @@ bool RichEdit::LoadRtf(std::string_view bytes, Progress& progress) {
 }
 
 std::string RichEdit::Rtf() const {
-  return StreamOut(*this, SF_RTF);
+  return StandardRtf(StreamOut(*this, kUtf8Rtf), [this] { return Text(); });
 }
 
 std::string RichEdit::SelectedRtf() const {
-  return StreamOut(*this, SF_RTF | SFF_SELECTION);
+  return StandardRtf(StreamOut(*this, kUtf8Rtf | SFF_SELECTION), [this] { return Text(Selection()); });
 }
 
 void RichEdit::ReplaceSelectionByRtf(std::string_view bytes) {

@@ -5,6 +5,7 @@
 #include <string>
 #include <string_view>
 
+#include "win/Clipboard.h"
 #include "window/driver/Clipboard.h"
 #include "window/driver/Wait.h"
 #include "window/driver/WindowProbe.h"
@@ -71,7 +72,7 @@ TEST_F(EditBoxTest, ClipboardCommandsWorkOnTheSelection) {
   app.Menu("mnuCut");
   app.ExpectText(u"一四");
   EXPECT_EQ(TextOnClipboard(), u"二三");
-  PutOnClipboard(u"五\r\n六");
+  PutOnClipboard(nullptr, u"五\r\n六");
   app.Menu("mnuPaste");
   app.ExpectText(u"一五\r\n六四");
   app.Editor().SelectText(u"五\r\n");
@@ -81,6 +82,19 @@ TEST_F(EditBoxTest, ClipboardCommandsWorkOnTheSelection) {
   app.ExpectText(u"一六四");
   app.Menu("mnuSelectAll");
   EXPECT_EQ(app.Editor().SelectedText(), u"一六四");
+
+  // What the code page lacks but has something like it for, in whatever format.
+  const std::u16string rare = u"9m² ¥É㎡😀\xD83D";
+  app.Editor().Insert(rare);
+  app.Menu("mnuSelectAll");
+  app.Menu("mnuBold");
+  app.Press("Ctrl+Insert");
+  EXPECT_EQ(TextOnClipboard(), rare);
+  app.Press("Shift+Delete");
+  app.ExpectText(u"");
+  app.Press("Shift+Insert");
+  app.Press("Shift+Insert");
+  app.ExpectText(rare + rare);
 }
 
 TEST_F(EditBoxTest, TheFontOfTheLineStaysWhenAnotherDocumentIsOpened) {
@@ -116,6 +130,8 @@ TEST_F(EditBoxTest, FormattingIsSavedAndComesBack) {
   app.Type(u"标题 正文");
   app.Press("Enter");
   app.Type(u"结尾 {\\}");
+  app.Editor().Select({{0}, 0});
+  app.Editor().Insert(u"9m²É ");
   app.Editor().SelectText(u"标题");
   app.Menu("mnuBold");
   app.Editor().SelectText(u"尾");
@@ -129,7 +145,7 @@ TEST_F(EditBoxTest, FormattingIsSavedAndComesBack) {
   app.Open(folder.Write("a.txt", "plain"));
   app.ExpectText(u"plain");
   app.Open(document);
-  app.ExpectText(u"标题 正文\r\n结尾 {\\}");
+  app.ExpectText(u"9m²É 标题 正文\r\n结尾 {\\}");
   EXPECT_FALSE(app.MenuEntry("mnuUndo").enabled);
   app.Editor().SelectText(u"标题");
   EXPECT_TRUE(Has(CFE_BOLD));
@@ -138,9 +154,9 @@ TEST_F(EditBoxTest, FormattingIsSavedAndComesBack) {
   app.Editor().SelectText(u"尾");
   EXPECT_TRUE(Has(CFE_UNDERLINE));
   app.Type(u"声");
-  app.ExpectText(u"标题 正文\r\n结声 {\\}");
+  app.ExpectText(u"9m²É 标题 正文\r\n结声 {\\}");
   app.Menu("mnuUndo");
-  app.ExpectText(u"标题 正文\r\n结尾 {\\}");
+  app.ExpectText(u"9m²É 标题 正文\r\n结尾 {\\}");
   EXPECT_TRUE(Has(CFE_UNDERLINE));
 }
 

@@ -22,18 +22,6 @@ class OpenedClipboard {
 
 }  // namespace
 
-void PutOnClipboard(std::u16string_view text) {
-  const std::wstring wide = ToWide(text);
-  const SIZE_T bytes = (wide.size() + 1) * sizeof(wchar_t);
-  const HGLOBAL memory = GlobalAlloc(GMEM_MOVEABLE, bytes);
-  CopyMemory(GlobalLock(memory), wide.c_str(), bytes);
-  GlobalUnlock(memory);
-
-  const OpenedClipboard clipboard;
-  EmptyClipboard();
-  SetClipboardData(CF_UNICODETEXT, memory);  // the memory is the clipboard's from now on
-}
-
 std::u16string TextOnClipboard() {
   const OpenedClipboard clipboard;
   const HANDLE memory = GetClipboardData(CF_UNICODETEXT);

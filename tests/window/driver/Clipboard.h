@@ -2,11 +2,9 @@
 #pragma once
 
 #include <string>
-#include <string_view>
 
 namespace scrivanta {
 
-void PutOnClipboard(std::u16string_view text);
 // Empty when there is no text on it.
 std::u16string TextOnClipboard();
 

@@ -32,10 +32,11 @@ void Enter(std::vector<INPUT>& inputs) {
 
 WORD VirtualKey(std::string_view name) {
   static const std::map<std::string_view, WORD> kNames = {
-      {"Ctrl", VK_CONTROL}, {"Shift", VK_SHIFT},   {"Alt", VK_MENU},  {"Tab", VK_TAB},   {"Enter", VK_RETURN},
-      {"Esc", VK_ESCAPE},   {"Delete", VK_DELETE}, {"Back", VK_BACK}, {"Home", VK_HOME}, {"End", VK_END},
-      {"Left", VK_LEFT},    {"Right", VK_RIGHT},   {"Up", VK_UP},     {"Down", VK_DOWN}, {"Space", VK_SPACE},
-      {";", VK_OEM_1},      {"F1", VK_F1},         {"F2", VK_F2},     {"F3", VK_F3},     {"F4", VK_F4},
+      {"Ctrl", VK_CONTROL},  {"Shift", VK_SHIFT},   {"Alt", VK_MENU},  {"Tab", VK_TAB},   {"Enter", VK_RETURN},
+      {"Esc", VK_ESCAPE},    {"Delete", VK_DELETE}, {"Back", VK_BACK}, {"Home", VK_HOME}, {"End", VK_END},
+      {"Left", VK_LEFT},     {"Right", VK_RIGHT},   {"Up", VK_UP},     {"Down", VK_DOWN}, {"Space", VK_SPACE},
+      {"Insert", VK_INSERT}, {";", VK_OEM_1},       {"F1", VK_F1},     {"F2", VK_F2},     {"F3", VK_F3},
+      {"F4", VK_F4},
   };
   if (const auto found = kNames.find(name); found != kNames.end()) {
     return found->second;
