@@ -11,6 +11,7 @@ namespace scrivanta {
 namespace {
 
 constexpr std::u16string_view kLineBreak = u"\r\n";
+constexpr std::u16string_view kFolderKey = u"FindInFileFolder";
 constexpr std::u16string_view kFilterKey = u"FindInFileFilter";
 constexpr std::u16string_view kAllFiles = u"*.*";
 constexpr std::size_t kMostFailuresShown = 20;
@@ -82,6 +83,15 @@ std::vector<std::filesystem::path> PathsOfLines(std::u16string_view text, PathLi
     text.remove_prefix(std::min(end + 1, text.size()));
   }
   return paths;
+}
+
+std::filesystem::path AskForFolderToSearch(Workbench& workbench) {
+  std::filesystem::path folder = workbench.prompts().AskForFolder(
+      {.title = u"选择要查找的文件夹（包括其下的子文件夹）", .initialFolder = workbench.settings().Get(kFolderKey)});
+  if (!folder.empty()) {
+    workbench.settings().Save(kFolderKey, TextOfPath(folder));
+  }
+  return folder;
 }
 
 std::u16string AskForFileFilter(Workbench& workbench) {

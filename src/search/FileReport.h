@@ -27,6 +27,9 @@ enum class PathLines {
 };
 std::vector<std::filesystem::path> PathsOfLines(std::u16string_view text, PathLines which);
 
+// Asks for the folder to search, beginning at the last answer; empty when the user cancels.
+std::filesystem::path AskForFolderToSearch(Workbench& workbench);
+
 // Asks for the names of the files to search, with the last answer as preset; empty when the user cancels.
 std::u16string AskForFileFilter(Workbench& workbench);
 

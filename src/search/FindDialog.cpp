@@ -326,7 +326,7 @@ void FindDialog::SearchInFiles(FindView& view) {
   }
   std::vector<std::filesystem::path> places = DroppedFiles(view);
   if (places.empty()) {
-    const std::filesystem::path folder = workbench_.prompts().AskForFolder(u"选择要查找的文件夹（包括其下的子文件夹）");
+    const std::filesystem::path folder = AskForFolderToSearch(workbench_);
     if (folder.empty()) {
       return;
     }

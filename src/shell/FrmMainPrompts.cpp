@@ -134,9 +134,9 @@ std::filesystem::path FrmMainPrompts::AskForFile(const FileQuestion& question) {
   return ShowFileDialog(asking.owner(), options);
 }
 
-std::filesystem::path FrmMainPrompts::AskForFolder(const std::u16string& title) {
+std::filesystem::path FrmMainPrompts::AskForFolder(const FolderQuestion& question) {
   const Asking asking(*this);
-  return ShowFolderDialog(asking.owner(), title);
+  return ShowFolderDialog(asking.owner(), question.title, question.initialFolder);
 }
 
 void ShowFailure(HWND owner, const std::exception_ptr& failure) {

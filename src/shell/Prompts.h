@@ -34,6 +34,11 @@ struct FileQuestion {
   std::u16string initialName = {};
 };
 
+struct FolderQuestion {
+  std::u16string title = {};
+  std::filesystem::path initialFolder = {};  // need not be there
+};
+
 class Prompts {
  public:
   Prompts() = default;
@@ -47,7 +52,7 @@ class Prompts {
   virtual std::u16string Input(const InputQuestion& question) = 0;
   // Empty when the dialog was cancelled. The name need not exist: the same dialog serves for opening and saving.
   virtual std::filesystem::path AskForFile(const FileQuestion& question) = 0;
-  virtual std::filesystem::path AskForFolder(const std::u16string& title) = 0;
+  virtual std::filesystem::path AskForFolder(const FolderQuestion& question) = 0;
 };
 
 }  // namespace scrivanta

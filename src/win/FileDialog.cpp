@@ -55,6 +55,14 @@ struct CoTaskDeleter {
   void operator()(void* memory) const noexcept { CoTaskMemFree(memory); }
 };
 
+// The folder of the last parameter is selected as soon as the dialog for folders is there.
+int CALLBACK SelectWhenShown(HWND dialog, UINT message, LPARAM, LPARAM folder) {
+  if (message == BFFM_INITIALIZED && *reinterpret_cast<const wchar_t*>(folder) != L'\0') {
+    SendMessageW(dialog, BFFM_SETSELECTIONW, TRUE, folder);
+  }
+  return 0;
+}
+
 }  // namespace
 
 std::filesystem::path ShowFileDialog(HWND owner, const FileDialogOptions& options) {
@@ -79,12 +87,15 @@ std::vector<std::filesystem::path> ShowMultipleFileDialog(HWND owner, const File
   return files;
 }
 
-std::filesystem::path ShowFolderDialog(HWND owner, const std::u16string& title) {
+std::filesystem::path ShowFolderDialog(HWND owner, const std::u16string& title,
+                                       const std::filesystem::path& initialFolder) {
   const std::wstring caption = ToWide(title);
   BROWSEINFOW dialog{};
   dialog.hwndOwner = owner;
   dialog.lpszTitle = caption.c_str();
   dialog.ulFlags = BIF_RETURNONLYFSDIRS | BIF_NEWDIALOGSTYLE;
+  dialog.lpfn = &SelectWhenShown;
+  dialog.lParam = reinterpret_cast<LPARAM>(initialFolder.c_str());
   const std::unique_ptr<ITEMIDLIST, CoTaskDeleter> chosen(SHBrowseForFolderW(&dialog));
   std::wstring path(kSingleNameBuffer, L'\0');
   if (chosen == nullptr ||

@@ -24,6 +24,7 @@ std::filesystem::path ShowFileDialog(HWND owner, const FileDialogOptions& option
 std::vector<std::filesystem::path> ShowMultipleFileDialog(HWND owner, const FileDialogOptions& options);
 
 // Empty when the dialog was cancelled.
-std::filesystem::path ShowFolderDialog(HWND owner, const std::u16string& title);
+std::filesystem::path ShowFolderDialog(HWND owner, const std::u16string& title,
+                                       const std::filesystem::path& initialFolder);
 
 }  // namespace scrivanta

@@ -149,9 +149,9 @@ std::filesystem::path ScriptedPrompts::AskForFile(const FileQuestion& question) 
   return NextAnswer(question.filter, std::filesystem::path());
 }
 
-std::filesystem::path ScriptedPrompts::AskForFolder(const std::u16string& title) {
-  folders.push_back(title);
-  return NextAnswer(title, std::filesystem::path());
+std::filesystem::path ScriptedPrompts::AskForFolder(const FolderQuestion& question) {
+  folders.push_back(question);
+  return NextAnswer(question.title, std::filesystem::path());
 }
 
 void MapSettings::Save(std::u16string_view key, std::u16string_view value, Store store, std::u16string_view section) {

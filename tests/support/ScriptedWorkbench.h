@@ -67,12 +67,12 @@ class ScriptedPrompts final : public Prompts {
   Answer Ask(const Message& message) override;
   std::u16string Input(const InputQuestion& question) override;
   std::filesystem::path AskForFile(const FileQuestion& question) override;
-  std::filesystem::path AskForFolder(const std::u16string& title) override;
+  std::filesystem::path AskForFolder(const FolderQuestion& question) override;
 
   std::vector<Message> messages;
   std::vector<InputQuestion> inputs;
   std::vector<FileQuestion> files;
-  std::vector<std::u16string> folders;  // titles
+  std::vector<FolderQuestion> folders;
 
  private:
   template <typename T>

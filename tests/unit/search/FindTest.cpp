@@ -325,6 +325,10 @@ TEST_F(FindDialogTest, SearchesAndReplacesInFiles) {
   EXPECT_EQ(workbench.editor().Text(), expected);
   EXPECT_EQ(workbench.prompts().messages.back().text, u"全部完成！");
   EXPECT_EQ(workbench.editor().Selection().start.value, 6U);
+  workbench.prompts().Will(std::filesystem::path());
+  dialog.SearchInFiles(view);
+  EXPECT_EQ(workbench.prompts().folders.back().initialFolder, folder.path());
+  EXPECT_EQ(workbench.editor().Text(), expected) << "cancelled";
 
   workbench.prompts().Will(Answer::kYes);
   dialog.ReplaceInFiles(view);
