@@ -18,7 +18,7 @@ constexpr std::u16string_view kForm = u"ScrivantaRegularTest";
 constexpr std::u16string_view kSection = u"HistoryRegularPattern";
 constexpr std::size_t kKeyDigits = 5;
 // Coloured between two looks at the events of the window.
-constexpr std::size_t kRangesAtOnce = 200;
+constexpr std::size_t kRangesAtOnce = 100;
 constexpr TextColours kMatchColours{.text = 0x0000FF, .background = 0x00FFFF};  // red on yellow
 
 constexpr std::array<std::u16string_view, 5> kExamples = {
@@ -126,7 +126,7 @@ void RegularTest::Test(RegularTestView& view) {
       }
       const TextRange last = ranges.back();
       colouredLength_ = text.size();
-      Colour(MergeRanges(std::move(ranges)), kMatchColours, work->progress());
+      Colour(MergeRanges(std::move(ranges)), work->progress());
       setRtxtColor(workbench_.editor(), last, kMatchColours);
     }
   }
@@ -138,19 +138,25 @@ void RegularTest::TakeColoursAway(std::u16string_view text, Progress& progress) 
   if (coloured_.empty()) {
     return;
   }
-  std::vector<TextRange> ranges = std::exchange(coloured_, {});
   if (text.size() != colouredLength_) {
-    ranges = {{{0}, text.size()}};
+    const TextRange all{{0}, text.size()};
+    workbench_.editor().SetColours({&all, 1}, {});
+    coloured_.clear();
   }
-  Colour(ranges, {}, progress);
-  coloured_.clear();
+  const std::size_t count = coloured_.size();
+  while (!coloured_.empty()) {  // what is left when it is interrupted, the next test takes away
+    const std::size_t left = coloured_.size() - std::min(kRangesAtOnce, coloured_.size());
+    workbench_.editor().SetColours(std::span(coloured_).subspan(left), {});
+    coloured_.resize(left);
+    progress.Report(count - left, count);
+  }
 }
 
-void RegularTest::Colour(const std::vector<TextRange>& ranges, const TextColours& colours, Progress& progress) {
+void RegularTest::Colour(const std::vector<TextRange>& ranges, Progress& progress) {
   const std::span<const TextRange> all(ranges);
   for (std::size_t done = 0; done < all.size(); done += kRangesAtOnce) {
     const auto some = all.subspan(done, std::min(kRangesAtOnce, all.size() - done));
-    workbench_.editor().SetColours(some, colours);
+    workbench_.editor().SetColours(some, kMatchColours);
     coloured_.insert(coloured_.end(), some.begin(), some.end());
     progress.Report(done + some.size(), all.size());
   }

@@ -45,7 +45,7 @@ class RegularTest {
   void Load();
   void Save();
   void TakeColoursAway(std::u16string_view text, Progress& progress);
-  void Colour(const std::vector<TextRange>& ranges, const TextColours& colours, Progress& progress);
+  void Colour(const std::vector<TextRange>& ranges, Progress& progress);
 
   Workbench& workbench_;
   ComboHistory history_;

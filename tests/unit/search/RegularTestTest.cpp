@@ -1,3 +1,6 @@
+#include <algorithm>
+#include <array>
+
 #include <gtest/gtest.h>
 
 #include "search/RegularTest.h"
@@ -50,6 +53,37 @@ TEST_F(RegularTestTest, ColoursEveryMatchAndTellsTheirNumber) {
   dialog.Test(view);
   EXPECT_EQ(workbench.editor().coloured, (Coloured{{{{0}, 1}, {}}, {{{4}, 1}, {}}, {{{7}, 2}, {}}}));
   EXPECT_EQ(workbench.prompts().messages.back().text, u"发现 0 次。");
+}
+
+TEST_F(RegularTestTest, NoColourStaysAfterATestThatWasInterrupted) {
+  std::u16string text;
+  for (int i = 0; i < 250; ++i) {
+    text += u"ab";
+  }
+  workbench.editor().Open(text);
+  dialog.Open(view);
+  int interrupted = 0;
+  for (std::uint64_t report = 1; report < 10; ++report) {
+    view.pattern = u"a";
+    dialog.Test(view);
+    view.pattern = u"b";
+    workbench.interruptAfter = workbench.reports + report;
+    try {
+      dialog.Test(view);
+    } catch (const Interrupted&) {
+      ++interrupted;
+    }
+    view.pattern = u"x";
+    workbench.interruptAfter = 0;
+    dialog.Test(view);
+    std::array<bool, 500> isColoured{};
+    for (const auto& [range, colours] : workbench.editor().coloured) {
+      std::fill_n(isColoured.begin() + static_cast<std::ptrdiff_t>(range.start.value), range.length,
+                  colours.text.has_value());
+    }
+    EXPECT_EQ(std::ranges::count(isColoured, true), 0) << report;
+  }
+  EXPECT_GT(interrupted, 4);
 }
 
 TEST_F(RegularTestTest, KeepsItsHistoryUnderKeysOfFiveDigits) {
