@@ -7,7 +7,6 @@
 #include "search/RtfHeader.h"
 #include "search/TextRanges.h"
 #include "shell/ResultFiles.h"
-#include "text/ExplainedError.h"
 #include "text/LiteralFinder.h"
 
 namespace scrivanta {
@@ -38,7 +37,7 @@ class BodyWriter {
     }
   }
 
-  void EndLine() { rtf_ += "\\par \r\n"; }
+  void EndLine() { rtf_ += kRtfLineEnd; }
 
  private:
   void WriteInLine(std::u16string_view piece, bool highlighted) {
@@ -67,11 +66,12 @@ class BodyWriter {
 
 }  // namespace
 
-std::string HighlightedRtf(std::u16string_view text, std::span<const TextRange> ranges, HighlightHeader header,
-                           Progress& progress) {
-  std::string rtf(header == HighlightHeader::kSongTi ? kHighlightHeader : kFindAllHeader);
-  rtf.reserve(rtf.size() + text.size() * 2 + ranges.size() * 16);
-  BodyWriter body(rtf, text.size(), progress);
+RtfByLines HighlightedRtf(std::u16string_view text, std::span<const TextRange> ranges, HighlightHeader header,
+                          Progress& progress) {
+  RtfByLines rtf;
+  rtf.header = header == HighlightHeader::kSongTi ? kHighlightHeader : kFindAllHeader;
+  rtf.lines.reserve(text.size() * 2 + ranges.size() * 16);
+  BodyWriter body(rtf.lines, text.size(), progress);
   std::size_t written = 0;  // of the text
   for (const TextRange& range : ranges) {
     // A range may begin or end within a line break, which then belongs to what is before it.
@@ -81,7 +81,7 @@ std::string HighlightedRtf(std::u16string_view text, std::span<const TextRange> 
   }
   body.Write(text.substr(written), false);
   body.EndLine();
-  return rtf + "}";
+  return rtf;
 }
 
 std::vector<TextRange> FindWords(std::u16string_view text, std::u16string_view words, Progress& progress) {
@@ -119,13 +119,12 @@ void HighlightRanges(Workbench& workbench, std::u16string_view text, std::span<c
                      HighlightHeader header, Progress& progress) {
   Editor& editor = workbench.editor();
   ResultFile file(workbench, kHighlightFile);
-  file.Write(HighlightedRtf(text, ranges, header, progress));
+  const RtfByLines rtf = HighlightedRtf(text, ranges, header, progress);
+  file.Write(rtf.Whole());
   file.Save();
   const TextRange selection = editor.Selection();
   const ScrollPosition scroll = editor.Scroll();
-  if (!editor.SetRtf(file.bytes())) {
-    throw ExplainedError("the edit control does not take the highlighted text", u"编辑框不能显示高亮后的文本。");
-  }
+  editor.SetRtf(rtf);
   editor.SetSelection(selection);
   editor.SetScroll(scroll);
 }

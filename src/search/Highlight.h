@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "shell/Workbench.h"
+#include "text/RtfByLines.h"
 
 namespace scrivanta {
 
@@ -15,9 +16,9 @@ enum class HighlightHeader {
   kMsSansSerif,  // of mnufindall: black, red, green, blue
 };
 
-// The ranges are ascending and do not overlap. Every line ends with "\par ".
-std::string HighlightedRtf(std::u16string_view text, std::span<const TextRange> ranges, HighlightHeader header,
-                           Progress& progress);
+// The ranges are ascending and do not overlap.
+RtfByLines HighlightedRtf(std::u16string_view text, std::span<const TextRange> ranges, HighlightHeader header,
+                          Progress& progress);
 
 // All places of the words, which are separated by "|", whatever their case; ascending, overlapping ones as one.
 std::vector<TextRange> FindWords(std::u16string_view text, std::u16string_view words, Progress& progress);

@@ -10,6 +10,8 @@
 #include <string>
 #include <string_view>
 
+#include "text/RtfByLines.h"
+
 namespace scrivanta {
 
 // A position in the document text, in UTF-16 code units from 0; a line break (CR LF) counts two. The control's own
@@ -72,6 +74,7 @@ class Editor {
   virtual std::string SelectedRtf() const = 0;
   // Change the document as the two above do. What is no rich text is refused: false, and the document is as it was.
   virtual bool SetRtf(std::string_view rtf) = 0;
+  virtual void SetRtf(const RtfByLines& rtf) = 0;
   virtual bool ReplaceSelectionByRtf(std::string_view rtf) = 0;
 
   // Colours all of the ranges at once, for the eye only: no change of the document. The selection stays.

@@ -130,6 +130,14 @@ bool FrmMainControl::LoadRtf(std::string_view bytes) {
   return true;
 }
 
+void FrmMainControl::LoadRtf(const RtfByLines& rtf) {
+  const std::unique_ptr<BusyWork> work = host_.startWork();
+  FreshRichEdit fresh(box_, RichTextBox0);
+  fresh.box().LoadRtfByLines(rtf, work->progress());
+  fresh.box().Select({0, 0});
+  Show(fresh, true);
+}
+
 std::optional<std::u16string> FrmMainControl::TextOfRtf(std::string_view bytes) {
   if (!IsRichText(bytes)) {
     return std::nullopt;

@@ -40,6 +40,7 @@ class FrmMainControl final : public UndoTarget {
   // and nothing is changed.
   void LoadText(std::u16string_view text);
   bool LoadRtf(std::string_view bytes);
+  void LoadRtf(const RtfByLines& rtf);
 
   // What another text would be like in the control. The text of a rich text, nothing when the bytes are none; and the
   // lines that a text is wrapped to.

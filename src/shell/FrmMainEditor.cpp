@@ -105,12 +105,23 @@ std::size_t FrmMainEditor::CaretDisplayLine() const {
   return box_.LineOf(box_.Selection().cpMax) + 1;
 }
 
-void FrmMainEditor::SetText(std::u16string_view text) {
+template <typename Load>
+bool FrmMainEditor::ReplaceAll(Load load) {
   const UndoCommand step(history_, control_);
   RichText before = control_.Capture();
-  control_.LoadText(text);
+  if (!load()) {
+    return false;
+  }
   history_.NoteRebuild(control_, std::move(before));
   listener_.onChange();
+  return true;
+}
+
+void FrmMainEditor::SetText(std::u16string_view text) {
+  ReplaceAll([&] {
+    control_.LoadText(text);
+    return true;
+  });
 }
 
 void FrmMainEditor::ReplaceSelection(std::u16string_view text) {
@@ -124,14 +135,14 @@ void FrmMainEditor::ReplaceSelection(std::u16string_view text) {
 }
 
 bool FrmMainEditor::SetRtf(std::string_view rtf) {
-  const UndoCommand step(history_, control_);
-  RichText before = control_.Capture();
-  if (!control_.LoadRtf(rtf)) {
-    return false;
-  }
-  history_.NoteRebuild(control_, std::move(before));
-  listener_.onChange();
-  return true;
+  return ReplaceAll([&] { return control_.LoadRtf(rtf); });
+}
+
+void FrmMainEditor::SetRtf(const RtfByLines& rtf) {
+  ReplaceAll([&] {
+    control_.LoadRtf(rtf);
+    return true;
+  });
 }
 
 bool FrmMainEditor::ReplaceSelectionByRtf(std::string_view rtf) {

@@ -68,6 +68,7 @@ class FrmMainEditor final : public Editor, public RichBox {
   std::string Rtf() const override { return box_.Rtf(); }
   std::string SelectedRtf() const override { return box_.SelectedRtf(); }
   bool SetRtf(std::string_view rtf) override;
+  void SetRtf(const RtfByLines& rtf) override;
   bool ReplaceSelectionByRtf(std::string_view rtf) override;
   void SetColours(std::span<const TextRange> ranges, const TextColours& colours) override;
   ScrollPosition Scroll() const override;
@@ -90,6 +91,9 @@ class FrmMainEditor final : public Editor, public RichBox {
 
   const LineBreakIndex& breaks() const noexcept { return history_.text().breaks(); }
   void NoteFormatChange();
+  // The whole document anew, a step of undo, unless `load` returns false.
+  template <typename Load>
+  bool ReplaceAll(Load load);
 
   Listener listener_;
   RichEdit box_;

@@ -19,8 +19,13 @@ constexpr LPARAM kNoLimit = 0x7ffffffe;
 constexpr UINT kUtf16 = 1200;
 constexpr WPARAM kUtf8Rtf = SF_RTF | SF_USECODEPAGE | (WPARAM{CP_UTF8} << 16U);
 
-// Of a piece of text: about 10 ms for the slowest control known. In UTF-16 code units.
+// Of a piece of text, in UTF-16 code units: about 10 ms for the slowest control known. That one lays a line out anew
+// with every piece of it, hence the larger pieces of a long line; but given such a line at once it never ends.
 constexpr std::size_t kPiece = 4096;
+constexpr std::size_t kPieceOfLongLine = 8 * kPiece;
+constexpr std::size_t kRtfPiece = 4 * kPiece;  // of rich text, in bytes
+
+constexpr LONG kEnd = std::numeric_limits<LONG>::max();
 
 // Hands bytes to the control as it asks for them.
 struct Feed {
@@ -47,11 +52,19 @@ struct Feed {
 
 // A piece never ends between CR and LF or inside a surrogate pair, which would be damaged.
 std::u16string_view FirstPiece(std::u16string_view text) {
-  if (text.size() <= kPiece) {
+  const bool isLongLine = text.substr(0, kPieceOfLongLine).find(u'\r') == std::u16string_view::npos;
+  const std::size_t length = isLongLine ? kPieceOfLongLine : kPiece;
+  if (text.size() <= length) {
     return text;
   }
-  const char16_t last = text[kPiece - 1];
-  return text.substr(0, last == u'\r' || IsHighSurrogate(last) ? kPiece - 1 : kPiece);
+  const char16_t last = text[length - 1];
+  return text.substr(0, last == u'\r' || IsHighSurrogate(last) ? length - 1 : length);
+}
+
+// Whole lines, as many as fit into a piece, at least one.
+std::string_view FirstLines(std::string_view lines) {
+  const std::size_t end = lines.find(kRtfLineEnd, kRtfPiece);
+  return end == std::string_view::npos ? lines : lines.substr(0, end + kRtfLineEnd.size());
 }
 
 std::string_view BytesOf(std::u16string_view text) {
@@ -153,7 +166,6 @@ std::u16string RichEdit::Text(CHARRANGE range) const {
 }
 
 void RichEdit::LoadText(std::u16string_view text, Progress& progress) {
-  constexpr LONG kEnd = std::numeric_limits<LONG>::max();
   NoProgress onlyPieces;
   for (std::u16string_view rest = text; !rest.empty();) {
     const std::u16string_view piece = FirstPiece(rest);
@@ -166,6 +178,19 @@ void RichEdit::LoadText(std::u16string_view text, Progress& progress) {
 
 bool RichEdit::LoadRtf(std::string_view bytes, Progress& progress) {
   return StreamIn(*this, SF_RTF, bytes, progress) == 0;
+}
+
+void RichEdit::LoadRtfByLines(const RtfByLines& rtf, Progress& progress) {
+  NoProgress onlyPieces;
+  for (std::string_view rest = rtf.lines; !rest.empty();) {
+    const std::string_view piece = FirstLines(rest);
+    rest.remove_prefix(piece.size());
+    // The control has a last line without an end; of a whole rich text it leaves out the last line's end for that.
+    const std::string_view shown = rest.empty() ? piece.substr(0, piece.size() - kRtfLineEnd.size()) : piece;
+    Select({kEnd, kEnd});
+    StreamIn(*this, SF_RTF | SFF_SELECTION, std::string(rtf.header).append(shown).append("}"), onlyPieces);
+    progress.Report(rtf.lines.size() - rest.size(), rtf.lines.size());
+  }
 }
 
 std::string RichEdit::Rtf() const {

@@ -10,6 +10,7 @@
 #include <string_view>
 
 #include "text/Progress.h"
+#include "text/RtfByLines.h"
 #include "win/Handles.h"
 
 namespace scrivanta {
@@ -40,6 +41,9 @@ class RichEdit {
   void LoadText(std::u16string_view text, Progress& progress);
   // The bytes of a rich text. False when they are none: the control may then hold anything.
   bool LoadRtf(std::string_view bytes, Progress& progress);
+  // The same for a rich text that can be loaded some lines at a time, into a control that is empty: between them it can
+  // be interrupted, where LoadRtf lays out all of the text at its end.
+  void LoadRtfByLines(const RtfByLines& rtf, Progress& progress);
   std::string Rtf() const;
   std::string SelectedRtf() const;
   void ReplaceSelectionByRtf(std::string_view bytes);

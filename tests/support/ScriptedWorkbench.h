@@ -34,6 +34,7 @@ class ScriptedEditor final : public Editor {
   std::string Rtf() const override { return rtf; }
   std::string SelectedRtf() const override { return rtf; }
   bool SetRtf(std::string_view bytes) override;
+  void SetRtf(const RtfByLines& byLines) override { SetRtf(std::string_view(byLines.Whole())); }
   bool ReplaceSelectionByRtf(std::string_view bytes) override;
   void SetColours(std::span<const TextRange> ranges, const TextColours& colours) override;
   ScrollPosition Scroll() const override { return scroll; }

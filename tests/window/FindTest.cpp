@@ -237,6 +237,29 @@ TEST_F(FindTest, ShowsAllPlacesAndMovesLinesToTheTop) {
   EXPECT_NE(app.Editor().SelectionFormat().dwEffects & CFE_BOLD, 0U);
 }
 
+TEST_F(FindTest, ShowsAllPlacesOfATextThatComesInPieces) {
+  std::u16string text;
+  for (int i = 0; i < 500; ++i) {
+    text += i % 7 == 3 ? u"退" : u"";
+    text += u"毛笔一二三四五六七八九十\r\n";
+  }
+  text += u"退";
+  StartWith(text);
+  DialogDriver dialog = Open();
+  dialog.Type(Combo1, u"退").Press(CmdFindAll);
+  app.ExpectText(text);
+  dialog.Type(Combo1, u"退毛").Press(CmdFindNext);
+  for (std::size_t at = 0; at < text.size(); at += text[at] == u'退' ? 1 : 15) {
+    app.Editor().Select({{at}, 1});
+    const CHARFORMAT2W format = app.Editor().SelectionFormat();
+    ASSERT_EQ((format.dwEffects & CFE_BOLD) != 0, text[at] == u'退') << at;
+    ASSERT_EQ(format.crTextColor == RGB(255, 0, 0), text[at] == u'退') << at;
+    ASSERT_EQ(format.yHeight, 210) << at;
+  }
+  app.Menu("mnuUndo");
+  app.ExpectText(text);
+}
+
 TEST_F(FindTest, KeepsItsHistoriesAndItsPlaceBetweenRuns) {
   StartWith(u"one two");
   DialogDriver dialog = Open();
