@@ -1,4 +1,5 @@
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 #include "search/ComboHistory.h"
 #include "search/FileReplace.h"
@@ -361,6 +362,50 @@ TEST(FileSearch, ReportsWhatItCannotSearchAndPassesBinariesOver) {
   EXPECT_EQ(result.failures[0].reason, u"文件超过256MB，太大");
   EXPECT_EQ(result.failures[1].path, folder.path() / "missing");
   EXPECT_EQ(result.failures[1].reason, u"文件不存在");
+}
+
+// The superuser may read everything; while one of these lives the process is nobody.
+class CommonUser {
+ public:
+  CommonUser() { IsIn(seteuid(kNobody)); }
+  CommonUser(const CommonUser&) = delete;
+  CommonUser& operator=(const CommonUser&) = delete;
+  ~CommonUser() { IsIn(seteuid(before_)); }
+
+ private:
+  static constexpr uid_t kNobody = 65534;
+
+  // Others than the superuser stay who they are.
+  void IsIn(int result) const { EXPECT_TRUE(result == 0 || before_ != 0); }
+
+  uid_t before_ = geteuid();
+};
+
+TEST(FileSearch, NamesTheFolderAndTheFileThatMayNotBeRead) {
+  using std::filesystem::perms;
+  testing::TemporaryFolder folder;
+  std::filesystem::permissions(folder.path(), perms::all);
+  std::filesystem::create_directory(folder.path() / "closed");
+  folder.Put("closed/1.txt", "find");
+  std::filesystem::permissions(folder.path() / "closed", perms::none);
+  const auto closed = folder.Put("closed.txt", "find");
+  std::filesystem::permissions(closed, perms::none);
+  const auto open = folder.Put("open.txt", "find");
+  std::filesystem::permissions(open, perms::all);
+  NoProgress progress;
+  FileSearchResult result;
+  {
+    const CommonUser user;
+    result = SearchFiles({folder.path()}, FileFilter(u"*.txt"), {.findText = u"find"}, BuiltInRegExpEngine(), progress);
+  }
+  std::filesystem::permissions(folder.path() / "closed", perms::all);  // or it could not be removed
+  ASSERT_EQ(result.have.size(), 1U);
+  EXPECT_EQ(result.have[0].path, open);
+  ASSERT_EQ(result.failures.size(), 2U);
+  for (const FileFailure& failure : result.failures) {
+    EXPECT_EQ(failure.path.stem(), "closed");
+    EXPECT_EQ(failure.reason, u"没有权限，或文件正被其他程序使用");
+  }
 }
 
 TEST(FileReplace, TellsWhatIsDoneWhenItIsStopped) {

@@ -1,4 +1,4 @@
-// Works with the program at random for as many steps as it is told, and says what the process held before and after.
+// Works with the program at random for as many steps as it is told, and says what the process holds meanwhile.
 //
 //   soak STEPS [SEED]
 #include <windows.h>
@@ -16,6 +16,7 @@ namespace {
 
 // What is made once and kept is there after these.
 constexpr std::size_t kFirstSteps = 100;
+constexpr std::size_t kStepsBetweenFigures = 500;
 
 void RunSoak(std::size_t steps, std::uint64_t seed) {
   std::printf("seed %llu\n", static_cast<unsigned long long>(seed));
@@ -25,12 +26,12 @@ void RunSoak(std::size_t steps, std::uint64_t seed) {
   App app;
   app.Start();
   Soak soak(app, folder, seed);
-  const std::size_t first = std::min(kFirstSteps, steps);
-  soak.Run(first);
-  std::printf("after %zu steps: %s\n", first, MeasureProcess().Text().c_str());
-  std::fflush(stdout);
-  soak.Run(steps - first);
-  std::printf("after %zu steps: %s\n", steps, MeasureProcess().Text().c_str());
+  for (std::size_t done = 0, next = std::min(kFirstSteps, steps); done < steps;
+       done = next, next = std::min(next + kStepsBetweenFigures, steps)) {
+    soak.Run(next - done);
+    std::printf("after %zu steps: %s\n", next, MeasureProcess().Text().c_str());
+    std::fflush(stdout);
+  }
 }
 
 }  // namespace
