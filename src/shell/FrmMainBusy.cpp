@@ -57,9 +57,9 @@ void FrmMainBusy::Unlock() {
   EnableMenuBar(true);
   host_.loop.EnableAccelerators(true);
   bars_.SetWork({});
-  if (IsWindow(focus_) != FALSE) {
-    SetFocus(focus_);
-  }
+  // The main window must not keep the focus, which it would only hand on when it gets it: a command may have begun
+  // while nothing had it, when the window was just coming back from the tray.
+  SetFocus(focus_ != mainWindow_ && IsWindow(focus_) != FALSE ? focus_ : editBox_);
 }
 
 void FrmMainBusy::HandleEvents() {

@@ -175,6 +175,21 @@ std::string LargeText(std::size_t bytes) {
   return text;
 }
 
+TEST_F(InterruptTest, KeysReachTheEditBoxAfterAWorkThatBeganWhileNothingHadTheFocus) {
+  app.Start(folder.Write(u"长卷.txt", LargeText(500'000)).u16string());
+  app.Type(u"始");
+  const DWORD program = GetWindowThreadProcessId(app.MainWindow(), nullptr);
+  ASSERT_NE(AttachThreadInput(GetCurrentThreadId(), program, TRUE), FALSE);
+  SetFocus(nullptr);
+  AttachThreadInput(GetCurrentThreadId(), program, FALSE);
+  app.StartMenu("mnuDelEmptyLine");
+  WaitUntil("the program to be busy", [&] { return IsWindowEnabled(app.Editor().window()) == FALSE; });
+  app.Settle();
+  app.Editor().Select({});
+  app.Type(u"又");
+  EXPECT_TRUE(app.Text().starts_with(u"又始天地玄黄"));
+}
+
 TEST_F(InterruptTest, LoadingALargeFileCanBeStopped) {
   const auto document = folder.Write(u"原稿.txt", Gbk(u"原稿"));
   app.Start(document.u16string());
