@@ -166,10 +166,7 @@ std::optional<LRESULT> FrmMain::OnStateMessage(UINT message, WPARAM wParam, LPAR
       TellControls(message, wParam, lParam);
       return std::nullopt;
     case WM_SETFOCUS:
-      // Disabled, while a command works, the edit box would leave nobody with the focus.
-      if (IsWindowEnabled(editor_.box()) != FALSE) {
-        SetFocus(editor_.box());
-      }
+      HandFocusOn();
       return 0;
     case WM_SETCURSOR:
       if (busy_.hasHourglass()) {
@@ -401,6 +398,17 @@ void FrmMain::OnSize(WPARAM kind) {
     trayIcon_->Remove();
   }
   LayOut();
+  // It got the focus while it was minimised still, when no control of it can have it.
+  if (GetFocus() == handle()) {
+    HandFocusOn();
+  }
+}
+
+void FrmMain::HandFocusOn() {
+  // Disabled, while a command works, the edit box would leave nobody with the focus.
+  if (IsWindowEnabled(editor_.box()) != FALSE) {
+    SetFocus(editor_.box());
+  }
 }
 
 void FrmMain::OnTrayClick() {

@@ -67,11 +67,14 @@ TEST_F(DesktopTest, MinimisedWindowIsAnIconOfTheTray) {
   EXPECT_NE(IsWindowVisible(app.MainWindow()), FALSE);
   const RECT after = Bounds();
   EXPECT_NE(EqualRect(&before, &after), FALSE);
+  app.Type(u"字");
+  app.ExpectText(u"字");
 
   // Closed while minimised: no icon stays, and the place that is kept is the last one on the screen.
   StoreSetting(u"MainLeft", u"450");
   app.Minimise();
   app.Close();
+  app.ExpectBox({.text = u"是否存盘?", .buttons = Buttons::kYesNoCancel, .icon = Icon::kQuestion}).Answer(Answer::kNo);
   EXPECT_EQ(app.WaitForEnd(), 0);
   EXPECT_EQ(StoredSetting(u"MainLeft"), u"450");
 }
