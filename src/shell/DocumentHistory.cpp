@@ -63,7 +63,7 @@ bool DocumentHistory::NoteChange(const ControlView& control, Time now) {
   return true;
 }
 
-void DocumentHistory::NoteRebuild(const ControlView& control, RichText before) {
+void DocumentHistory::NoteRebuild(const ControlView& control, RichText before, bool hasFormatting) {
   std::vector<ControlEdit> edits;
   ControlEdit edit = FindEditByWholeText(text_, control);
   if (!edit.empty()) {
@@ -71,7 +71,9 @@ void DocumentHistory::NoteRebuild(const ControlView& control, RichText before) {
     edits = SplitByLines(std::move(edit));
   }
   const ControlRange selectionBefore = std::exchange(selection_, control.Selection());
-  history_.RecordRebuild(std::move(edits), std::move(before), selectionBefore, selection_);
+  if (!edits.empty() || before || hasFormatting) {
+    history_.RecordRebuild(std::move(edits), std::move(before), selectionBefore, selection_);
+  }
 }
 
 void DocumentHistory::BeginCommand(const ControlView& control) {

@@ -43,8 +43,9 @@ class DocumentHistory {
   void NoteSelection(const ControlView& control);
   // The control has changed. Returns whether the text has.
   bool NoteChange(const ControlView& control, Time now);
-  // All of the rich text has been put in anew. What was captured before brings the formatting back.
-  void NoteRebuild(const ControlView& control, RichText before);
+  // All of the text has been put in anew, with formatting or without. What was captured before brings the formatting
+  // back. No step where nothing has changed.
+  void NoteRebuild(const ControlView& control, RichText before, bool hasFormatting);
 
   void BeginCommand(const ControlView& control);
   void EndCommand(const ControlView& control);

@@ -112,7 +112,7 @@ bool FrmMainEditor::ReplaceAll(Load load) {
   if (!load()) {
     return false;
   }
-  history_.NoteRebuild(control_, std::move(before));
+  history_.NoteRebuild(control_, std::move(before), control_.hasFormatting());
   listener_.onChange();
   return true;
 }
@@ -156,7 +156,7 @@ bool FrmMainEditor::ReplaceSelectionByRtf(std::string_view rtf) {
     box_.ReplaceSelectionByRtf(rtf);
   }
   control_.NoteFormatting();
-  history_.NoteRebuild(control_, std::move(before));
+  history_.NoteRebuild(control_, std::move(before), control_.hasFormatting());
   listener_.onChange();
   return true;
 }

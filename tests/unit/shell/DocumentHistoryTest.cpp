@@ -50,7 +50,7 @@ struct Session {
   void Rebuild(std::u16string_view text) {
     RichText before = control.Capture();
     control.Load(text);
-    history.NoteRebuild(control, std::move(before));
+    history.NoteRebuild(control, std::move(before), control.Capture() != nullptr);
   }
   // The states that undoing passes, newest first.
   std::vector<std::u16string> UndoAll() {
@@ -201,6 +201,20 @@ TEST(DocumentHistory, BringsBackTheFormattingThatARebuildTakesAway) {
     EXPECT_TRUE(session.history.Redo(session.control));
     EXPECT_EQ(session.control.formats, "ppppppppppp");
   }
+}
+
+TEST(DocumentHistory, ARebuildThatChangesNothingIsNoStep) {
+  Session session(u"ab");
+  session.Rebuild(u"ab");
+  EXPECT_FALSE(session.history.canUndo());
+  session.PlaceCaret(2);
+  session.Type(u"c");
+  session.Rebuild(u"abc");
+  EXPECT_TRUE(session.history.Undo(session.control));
+  EXPECT_EQ(session.control.text, u"ab");
+  session.Rebuild(u"ab");
+  EXPECT_TRUE(session.history.Redo(session.control));
+  EXPECT_EQ(session.control.text, u"abc");
 }
 
 TEST(DocumentHistory, AnInterruptedUndoOrRedoHasChangedNothing) {
