@@ -4,7 +4,6 @@
 #include <windows.h>
 
 #include <algorithm>
-#include <atomic>
 #include <chrono>
 #include <cstdio>
 #include <exception>
@@ -14,6 +13,8 @@
 #include <utility>
 #include <vector>
 
+#include "lines/FrmDelLineFromXtoYControls.h"
+#include "search/FrmFindControls.h"
 #include "win/InputBoxControls.h"
 #include "win/WideText.h"
 #include "window/driver/App.h"
@@ -30,66 +31,47 @@ using Clock = std::chrono::steady_clock;
 using Milliseconds = std::chrono::duration<double, std::milli>;
 
 // Presses a button of the dialog that has it, which is waited for; before that types texts into boxes of it.
-struct Answer {
+struct Press {
   int button = 0;
   std::vector<std::pair<int, std::u16string>> texts = {};
 };
 
-// Controls of the dialogs; the headers that name them cannot be included together.
-constexpr int kFindBox = 4102;
-constexpr int kReplaceBox = 4104;
-constexpr int kFindAll = 4111;
-constexpr int kReplaceAll = 4114;
+// Of dialogs whose headers cannot be included beside the others.
+constexpr int kSort = 3864;
 constexpr int kWorkbenchPattern = 4201;
 constexpr int kWorkbenchTest = 4202;
 
 struct Command {
   const char* name;
   const char* menu;
-  std::vector<Answer> answers = {};
+  std::vector<Press> presses = {};
 };
 
-Answer Input(std::u16string text) {
+Press Input(std::u16string text) {
   return {.button = IDOK, .texts = {{IDC_INPUT_VALUE, std::move(text)}}};
 }
 
 std::vector<Command> Commands() {
-  const Answer yes{.button = IDYES};
-  const Answer no{.button = IDNO};
+  const Press yes{.button = IDYES};
+  const Press no{.button = IDNO};
   return {
       {"remove empty lines", "mnuDelEmptyLine"},
       {"trim lines", "mnuTrimLine"},
       {"add tabs", "mnuAddTAB"},
-      {"delete lines", "mnuDelLineFromXtoY", {{3803, {{3802, u"9"}}}}},
+      {"delete lines", "mnuDelLineFromXtoY", {{CmdFrmDelLineFromXtoY, {{TxtDelLineStart, u"9"}}}}},
       {"filter lines", "mnuFilterNeedLine", {Input(u"7"), no}},
       {"filter lines by pattern", "mnuFilterNeedLine", {Input(u"\\d+"), yes}},
       {"repeated lines", "mnuFilterRepeatLine", {no, yes, no}},
       {"repeats in a row", "mnuFilterContinueRepeatLine", {yes}},
       {"shuffle", "mnuRandOrder"},
-      {"sort", "mnuSort", {{3864}}},
+      {"sort", "mnuSort", {{kSort}}},
       {"statistics", "mnuStatistics"},
       {"extract pattern", "mnuRegGet", {Input(u"\\d+")}},
-      {"find all", "mnuFind", {{kFindAll, {{kFindBox, u"7"}}}}},
-      {"replace all", "mnuFind", {{kReplaceAll, {{kFindBox, u"7"}, {kReplaceBox, u"七"}}}}},
+      {"find all", "mnuFind", {{CmdFindAll, {{Combo1, u"7"}}}}},
+      {"replace all", "mnuFind", {{CmdReplaceAll, {{Combo1, u"7"}, {Combo2, u"七"}}}}},
       {"test a pattern", "mnuRegTest", {{kWorkbenchTest, {{kWorkbenchPattern, u"7"}}}}},
   };
 }
-
-// Calls the function all the time, on a thread of its own, until it is destroyed.
-class Repeated {
- public:
-  template <typename Work>
-  explicit Repeated(Work work)
-      : thread_([work](const std::stop_token& stop) mutable {
-          while (!stop.stop_requested()) {
-            work();
-            Sleep(1);
-          }
-        }) {}
-
- private:
-  std::jthread thread_;
-};
 
 std::u16string MakeText(std::size_t lines) {
   std::u16string text;
@@ -153,13 +135,16 @@ class Bench {
   // Milliseconds: how long the work takes, and how long at most the window has not answered.
   template <typename Begin>
   std::pair<double, double> TimeWhole(Begin begin) {
-    std::atomic<double> longest = 0;
+    double longest = 0;
     const auto start = Clock::now();
     {
-      const Repeated asking([&longest, window = app_.MainWindow()] {
-        const auto asked = Clock::now();
-        SendMessageW(window, WM_NULL, 0, 0);
-        longest = std::max(longest.load(), Milliseconds(Clock::now() - asked).count());
+      const std::jthread asking([&longest, window = app_.MainWindow()](const std::stop_token& stop) {
+        while (!stop.stop_requested()) {
+          const auto asked = Clock::now();
+          SendMessageW(window, WM_NULL, 0, 0);
+          longest = std::max(longest, Milliseconds(Clock::now() - asked).count());
+          Sleep(1);
+        }
       });
       begin();
       app_.Settle();
@@ -194,19 +179,19 @@ class Bench {
   }
 
   void Start(const Command& command) {
-    if (command.answers.empty()) {
+    if (command.presses.empty()) {
       app_.StartMenu(command.menu);
     } else {
       app_.Menu(command.menu);
     }
-    for (const Answer& answer : command.answers) {
-      const HWND window = WaitFor("a dialog with the button", [&] { return DialogWith(answer.button); });
+    for (const Press& press : command.presses) {
+      const HWND window = WaitFor("a dialog with the button", [&] { return DialogWith(press.button); });
       DialogDriver dialog(window, [] {});
-      for (const auto& [box, text] : answer.texts) {
+      for (const auto& [box, text] : press.texts) {
         dialog.Type(box, text);
       }
       const bool isModal = IsWindowEnabled(app_.MainWindow()) == FALSE;
-      PostMessageW(dialog.Control(answer.button), BM_CLICK, 0, 0);
+      PostMessageW(dialog.Control(press.button), BM_CLICK, 0, 0);
       if (isModal) {
         dialog.WaitUntilGone();
       }

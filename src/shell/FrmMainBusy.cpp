@@ -58,7 +58,7 @@ void FrmMainBusy::Unlock() {
   host_.loop.EnableAccelerators(true);
   bars_.SetWork({});
   // The main window must not keep the focus, which it would only hand on when it gets it: a command may have begun
-  // while nothing had it, when the window was just coming back from the tray.
+  // while nothing had it.
   SetFocus(focus_ != mainWindow_ && IsWindow(focus_) != FALSE ? focus_ : editBox_);
 }
 

@@ -106,7 +106,7 @@ std::size_t FrmMainEditor::CaretDisplayLine() const {
 }
 
 template <typename Load>
-bool FrmMainEditor::ReplaceAll(Load load) {
+bool FrmMainEditor::Rebuild(Load load) {
   const UndoCommand step(history_, control_);
   RichText before = control_.Capture();
   if (!load()) {
@@ -118,7 +118,7 @@ bool FrmMainEditor::ReplaceAll(Load load) {
 }
 
 void FrmMainEditor::SetText(std::u16string_view text) {
-  ReplaceAll([&] {
+  Rebuild([&] {
     control_.LoadText(text);
     return true;
   });
@@ -135,11 +135,11 @@ void FrmMainEditor::ReplaceSelection(std::u16string_view text) {
 }
 
 bool FrmMainEditor::SetRtf(std::string_view rtf) {
-  return ReplaceAll([&] { return control_.LoadRtf(rtf); });
+  return Rebuild([&] { return control_.LoadRtf(rtf); });
 }
 
 void FrmMainEditor::SetRtf(const RtfByLines& rtf) {
-  ReplaceAll([&] {
+  Rebuild([&] {
     control_.LoadRtf(rtf);
     return true;
   });
@@ -149,16 +149,12 @@ bool FrmMainEditor::ReplaceSelectionByRtf(std::string_view rtf) {
   if (!FrmMainControl::IsRichText(rtf)) {
     return false;
   }
-  const UndoCommand step(history_, control_);
-  RichText before = control_.Capture();
-  {
+  return Rebuild([&] {
     const QuietRichEdit quiet(box_);
     box_.ReplaceSelectionByRtf(rtf);
-  }
-  control_.NoteFormatting();
-  history_.NoteRebuild(control_, std::move(before), control_.hasFormatting());
-  listener_.onChange();
-  return true;
+    control_.NoteFormatting();
+    return true;
+  });
 }
 
 void FrmMainEditor::SetColours(std::span<const TextRange> ranges, const TextColours& colours) {

@@ -91,9 +91,9 @@ class FrmMainEditor final : public Editor, public RichBox {
 
   const LineBreakIndex& breaks() const noexcept { return history_.text().breaks(); }
   void NoteFormatChange();
-  // The whole document anew, a step of undo, unless `load` returns false.
+  // What `load` does to the document, formatting and all, as one step of undo; unless it returns false.
   template <typename Load>
-  bool ReplaceAll(Load load);
+  bool Rebuild(Load load);
 
   Listener listener_;
   RichEdit box_;
