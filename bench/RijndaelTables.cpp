@@ -1,4 +1,4 @@
-// Enciphers a file by the table form, whatever the processor has: RijndaelTables SOURCE TARGET.
+// Encrypts a file by the table form, whatever the processor has: RijndaelTables SOURCE TARGET.
 #include <cstdio>
 
 #include "crypto/RijndaelStream.h"
@@ -13,7 +13,7 @@ int main(int argc, char** argv) {
   scrivanta::FileSource source(argv[1]);
   scrivanta::FileSink sink(argv[2]);
   scrivanta::NoProgress progress;
-  scrivanta::EncipherStream(key, scrivanta::RijndaelTables(), source, sink, progress);
+  scrivanta::EncryptStream(key, scrivanta::RijndaelTables(), source, sink, progress);
   sink.Close();
   return 0;
 }

@@ -25,20 +25,20 @@ if(WIN32)
   set(CMAKE_RC_FLAGS "-c 65001")
 endif()
 
-# scrivanta_component(NAME [DEPENDS component...]): the library scrivanta_NAME from the sources of this folder.
-# Files in the sub-folder posix/ are for other systems than Windows.
+# scrivanta_component(NAME [DEPENDS component...]): the library scrivanta_NAME from the sources of this folder and the rooms
+# below it. A room posix/ is for other systems than Windows, a room win/ for Windows.
 function(scrivanta_component name)
   cmake_parse_arguments(ARG "" "" "DEPENDS" ${ARGN})
-  file(GLOB sources CONFIGURE_DEPENDS *.cpp)
+  file(GLOB_RECURSE sources CONFIGURE_DEPENDS *.cpp)
   if(WIN32)
-    file(GLOB resources CONFIGURE_DEPENDS *.rc)
-    file(GLOB headers CONFIGURE_DEPENDS *Controls.h)
+    list(FILTER sources EXCLUDE REGEX "${CMAKE_CURRENT_SOURCE_DIR}/(.*/)?posix/")
+    file(GLOB_RECURSE resources CONFIGURE_DEPENDS *.rc)
+    file(GLOB_RECURSE headers CONFIGURE_DEPENDS *Controls.h)
     set_source_files_properties(${resources} TARGET_DIRECTORY scrivanta_resources PROPERTIES OBJECT_DEPENDS "${headers}")
     target_sources(scrivanta_resources PRIVATE ${resources})
   else()
     list(FILTER sources EXCLUDE REGEX "/(Frm|Scrivanta)[^/]*$")
-    file(GLOB posixSources CONFIGURE_DEPENDS posix/*.cpp)
-    list(APPEND sources ${posixSources})
+    list(FILTER sources EXCLUDE REGEX "${CMAKE_CURRENT_SOURCE_DIR}/(.*/)?win/")
   endif()
   if(NOT sources)
     add_library(scrivanta_${name} INTERFACE)

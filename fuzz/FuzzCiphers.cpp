@@ -34,11 +34,11 @@ const RijndaelKey& SomeKey() {
 
 void FuzzRijndaelText(std::string_view bytes) {
   const std::u16string text = Decode(Encoding::kGbk, bytes);
-  const DecipheredText result = DecipherText(SomeKey(), FastestRijndael(), text);
-  EXPECT_TRUE(result.outcome == DecipheredText::Outcome::kDone || result.text.empty());
+  const DecryptedText result = DecryptText(SomeKey(), FastestRijndael(), text);
+  EXPECT_TRUE(result.outcome == DecryptedText::Outcome::kDone || result.text.empty());
   if (text.find(u'\0') == std::u16string::npos) {
-    const DecipheredText back =
-        DecipherText(SomeKey(), FastestRijndael(), EncipherText(SomeKey(), FastestRijndael(), text, 256));
+    const DecryptedText back =
+        DecryptText(SomeKey(), FastestRijndael(), EncryptText(SomeKey(), FastestRijndael(), text, 256));
     EXPECT_EQ(back.text, text);
     EXPECT_TRUE(back.whole || text.empty());
   }
@@ -47,26 +47,26 @@ void FuzzRijndaelText(std::string_view bytes) {
 void FuzzRijndaelFile(std::string_view bytes) {
   NoProgress progress;
   MemorySource asCiphertext(bytes);
-  StringSink deciphered;
-  const DecipherOutcome outcome = DecipherStream(SomeKey(), FastestRijndael(), asCiphertext, deciphered, progress);
-  EXPECT_EQ(outcome == DecipherOutcome::kWrongSize, !IsCiphertextSize(bytes.size()));
-  EXPECT_LE(deciphered.bytes().size(), bytes.size());
+  StringSink decrypted;
+  const DecryptOutcome outcome = DecryptStream(SomeKey(), FastestRijndael(), asCiphertext, decrypted, progress);
+  EXPECT_EQ(outcome == DecryptOutcome::kWrongSize, !IsCiphertextSize(bytes.size()));
+  EXPECT_LE(decrypted.bytes().size(), bytes.size());
 
   MemorySource asPlaintext(bytes);
   StringSink ciphertext;
-  EncipherStream(SomeKey(), FastestRijndael(), asPlaintext, ciphertext, progress);
-  MemorySource enciphered(ciphertext.bytes());
+  EncryptStream(SomeKey(), FastestRijndael(), asPlaintext, ciphertext, progress);
+  MemorySource encrypted(ciphertext.bytes());
   StringSink back;
-  EXPECT_EQ(DecipherStream(SomeKey(), FastestRijndael(), enciphered, back, progress), DecipherOutcome::kDone);
+  EXPECT_EQ(DecryptStream(SomeKey(), FastestRijndael(), encrypted, back, progress), DecryptOutcome::kDone);
   EXPECT_EQ(back.bytes(), bytes);
 }
 
 void FuzzRndXorHash(std::string_view bytes) {
   const std::u16string text = Decode(Encoding::kGbk, bytes);
   RndXorHash cipher;
-  const RndXorHashResult foreign = cipher.Decipher(text, u"pw");
+  const RndXorHashResult foreign = cipher.Decrypt(text, u"pw");
   EXPECT_TRUE(foreign.check == RndXorHashCheck::kPassed || foreign.plaintext.empty());
-  const RndXorHashResult back = cipher.Decipher(cipher.Encipher(text, u"pw", {}), u"pw");
+  const RndXorHashResult back = cipher.Decrypt(cipher.Encrypt(text, u"pw", {}), u"pw");
   EXPECT_EQ(back.check, RndXorHashCheck::kPassed);
   EXPECT_EQ(back.plaintext, text);
 }
@@ -100,7 +100,7 @@ TEST(Fuzz, RijndaelFile) {
 
 TEST(Fuzz, RndXorHash) {
   // A true ciphertext of "Hi" and one too short.
-  static const std::string ciphertext = Encode(Encoding::kGbk, RndXorHash().Encipher(u"Hi", u"pw", {}));
+  static const std::string ciphertext = Encode(Encoding::kGbk, RndXorHash().Encrypt(u"Hi", u"pw", {}));
   const std::string_view inputs[] = {ciphertext, "16 00 3A 00 ", "", "not hexadecimal"};
   RunFuzz(FuzzRndXorHash, inputs, kTokens);
 }

@@ -4,7 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "fuzz/RunFuzz.h"
-#include "shell/IniText.h"
+#include "text/IniText.h"
 #include "support/DifferentPart.h"
 #include "text/DocumentFormat.h"
 

@@ -6,8 +6,8 @@
 #include <gtest/gtest.h>
 
 #include "fuzz/RunFuzz.h"
-#include "search/RtfEscape.h"
-#include "search/RtfText.h"
+#include "rtf/RtfEscape.h"
+#include "rtf/RtfText.h"
 #include "text/Encoding.h"
 #include "text/Surrogates.h"
 

@@ -1,5 +1,6 @@
 #!/usr/bin/env python3
-"""Runs clang-tidy over the sources of src/, as many at a time as there are processors, and checks the dialogs' numbers.
+"""Runs clang-tidy over the sources of src/, as many at a time as there are processors, and checks who includes whom and
+the dialogs' numbers.
 
 A file that was clean is not read again until it, a header of ours that it includes, its compile command or the
 configuration has changed: the stamps lie in build/lint. The native build's commands are used; what only the Windows build
@@ -19,6 +20,77 @@ ROOT = pathlib.Path(__file__).resolve().parent.parent
 STAMPS = ROOT / "build" / "lint"
 INCLUDE = re.compile(r'^\s*#\s*include\s*"([^"]+)"', re.MULTILINE)
 GENERATED = re.compile(r"Table\.cpp$")
+
+
+# What the files of a room may include beside their own; see docs/ARCHITECTURE.md. A room that is not named belongs to the
+# folder that it lies in.
+BELOW_WORKBENCH = {"text", "rtf", "regexp"}
+SUBSYSTEM = BELOW_WORKBENCH | {"shell/workbench"}
+ROOMS = {
+    "text": set(),
+    "rtf": {"text"},
+    "regexp": {"text"},
+    "win": {"text", "rtf"},
+    "shell/history": {"text"},
+    "shell/workbench": BELOW_WORKBENCH,
+    "shell/settings": {"text", "shell/workbench"},
+    "shell/document": BELOW_WORKBENCH | {"shell/workbench"},
+    "shell/services": {"text", "shell/workbench"},
+    "shell/window": BELOW_WORKBENCH
+    | {"win", "shell/workbench", "shell/history", "shell/settings", "shell/document", "shell/services"},
+    "batch": {"text", "regexp"},
+}
+# What the console program is made of must be had without a window.
+WITHOUT_SHELL = "batch"
+
+
+def subsystems():
+    """The folders that src/CMakeLists.txt names."""
+    text = (ROOT / "src" / "CMakeLists.txt").read_text(encoding="utf-8")
+    return {name.lower() for name in re.search(r"set\(SUBSYSTEMS([^)]*)\)", text).group(1).split()}
+
+
+def allowed_rooms():
+    rooms = {name: set(allowed) for name, allowed in ROOMS.items()}
+    for name in subsystems():
+        rooms[name] = set(SUBSYSTEM)
+        rooms["batch"].add(name)
+    # Tables, contacts and database exchange share the records of tables.
+    for name in rooms.keys() & {"contacts", "database"}:
+        rooms[name].add("tables")
+    return rooms
+
+
+def room_of(path, rooms):
+    folder = path.parent.as_posix()
+    while folder not in rooms and "/" in folder:
+        folder = folder.rpartition("/")[0]
+    return folder if folder in rooms else ""
+
+
+def forbidden_includes():
+    """Includes that go against the arrows. A view (Frm..., Scrivanta...) may also include win; the composition, which lies
+    in no room, anything."""
+    src = ROOT / "src"
+    rooms = allowed_rooms()
+    findings = []
+    for file in sorted([*src.rglob("*.h"), *src.rglob("*.cpp"), *src.rglob("*.rc")]):
+        path = file.relative_to(src)
+        room = room_of(path, rooms)
+        if not room:
+            continue
+        allowed = rooms[room] | {room}
+        if path.name.startswith(("Frm", "Scrivanta")):
+            allowed.add("win")
+        for name in INCLUDE.findall(file.read_text(encoding="utf-8")):
+            other = room_of(pathlib.PurePosixPath(name), rooms)
+            if (src / name).exists() and other not in allowed:
+                findings.append(f"src/{path}: {room} must not include {name}")
+    for file in sorted((src / WITHOUT_SHELL).rglob("*.cpp")):
+        for header in closure(file, [src], set()):
+            if header.is_relative_to(src / "shell"):
+                findings.append(f"{file.relative_to(ROOT)}: reaches {header.relative_to(src)} through its headers")
+    return findings
 
 
 def compile_commands(preset):
@@ -94,6 +166,10 @@ def dialogs_with_one_number():
 
 
 def main():
+    if sys.argv[1:] == ["--rooms"]:  # only who includes whom: takes a moment, and needs no build
+        clashes = dialogs_with_one_number() + forbidden_includes()
+        print("\n".join(clashes) or "lint: the arrows hold")
+        return 1 if clashes else 0
     STAMPS.mkdir(parents=True, exist_ok=True)
     commands = compile_commands("windows")
     commands.update(compile_commands("native"))
@@ -102,8 +178,9 @@ def main():
     wanted = [pathlib.Path(name).resolve() for name in sys.argv[1:]]
     jobs = [(file, *rest) for file, rest in sorted(commands.items()) if not wanted or file in wanted]
     mingw = mingw_arguments() if any(preset == "windows" for _, preset, _ in jobs) else []
-    clashes = dialogs_with_one_number()
-    print("\n".join(clashes), end="", file=sys.stderr)
+    clashes = dialogs_with_one_number() + forbidden_includes()
+    for clash in clashes:
+        print(clash, file=sys.stderr)
     failed = 0
     with concurrent.futures.ThreadPoolExecutor(max_workers=os.cpu_count()) as pool:
         for file, clean, output in pool.map(lambda job: lint(*job, mingw), jobs):

@@ -4,23 +4,17 @@
 
 #include <memory>
 
-#include "crypto/CryptoCommands.h"
-#include "crypto/FrmSecret.h"
-#include "lines/FrmLineDialogs.h"
-#include "lines/LineCommands.h"
-#include "printing/FrmPrintDialogs.h"
+#include "ScrivantaSubsystems.h"
 #include "regexp/ScrivantaRegExpObject.h"
-#include "search/FrmSearchDialogs.h"
-#include "search/SearchCommands.h"
-#include "shell/ChosenRegExpEngine.h"
-#include "shell/CommandTable.h"
-#include "shell/FrmMain.h"
-#include "shell/FrmOptions.h"
-#include "shell/PortableStore.h"
-#include "shell/ScrivantaDesktop.h"
-#include "shell/ScrivantaRegistry.h"
-#include "shell/SettingsStore.h"
-#include "shell/ShellCommands.h"
+#include "shell/window/ChosenRegExpEngine.h"
+#include "shell/workbench/CommandTable.h"
+#include "shell/window/FrmMain.h"
+#include "shell/window/FrmOptions.h"
+#include "shell/settings/PortableStore.h"
+#include "shell/window/ScrivantaDesktop.h"
+#include "shell/settings/ScrivantaRegistry.h"
+#include "shell/settings/SettingsStore.h"
+#include "shell/window/ShellCommands.h"
 #include "win/ComApartment.h"
 #include "win/MessageLoop.h"
 #include "win/RichEdit.h"
@@ -56,16 +50,13 @@ int RunApp(HINSTANCE instance, const std::u16string& commandLine, std::atomic<HW
   const ChosenRegExpEngine regExpEngine(settings, regExpObjectEngine);
   FrmMain mainWindow(host, FindFolders(iniFile), settings, regExpEngine, commands);
   FrmOptions options(host, [&mainWindow] { return mainWindow.handle(); });
-  FrmLineDialogs lineDialogs(host, [&mainWindow] { return mainWindow.handle(); });
-  FrmSecret secret(host, [&mainWindow] { return mainWindow.handle(); });
   RegisterShellCommands(commands, mainWindow);
   RegisterOptionsCommand(commands, mainWindow, options);
-  FrmPrintDialogs printDialogs([&mainWindow] { return mainWindow.handle(); }, mainWindow.richBox());
-  RegisterPrintCommands(commands, printDialogs);
-  RegisterLineCommands(commands, lineDialogs);
-  RegisterCryptoCommands(commands, secret);
-  FrmSearchDialogs searchDialogs(host, [&mainWindow] { return mainWindow.handle(); });
-  RegisterSearchCommands(commands, searchDialogs);
+  const auto subsystems = OpenSubsystems({.windows = host,
+                                          .commands = commands,
+                                          .editBox = mainWindow.editBox(),
+                                          .mainWindow = [&mainWindow] { return mainWindow.handle(); },
+                                          .editBoxWindow = [&mainWindow] { return mainWindow.editBoxHandle(); }});
   mainWindow.Open(commandLine);
   if (window != nullptr) {
     window->store(mainWindow.handle());

@@ -16,7 +16,7 @@
 #include "search/FrmFindControls.h"
 #include "text/LiteralFinder.h"
 #include "win/RichEdit.h"
-#include "win/WideText.h"
+#include "text/win/WideText.h"
 #include "window/driver/App.h"
 #include "window/driver/FirstRun.h"
 #include "window/driver/Wait.h"

@@ -15,11 +15,11 @@
 
 #include <psapi.h>
 
-#include "shell/FrmMain.h"
+#include "shell/window/FrmMain.h"
 #include "text/Bytes.h"
 #include "text/Encoding.h"
 #include "win/RichEdit.h"
-#include "win/WideText.h"
+#include "text/win/WideText.h"
 #include "window/driver/FirstRun.h"
 #include "window/driver/ProgramProcess.h"
 #include "window/driver/TestFiles.h"

@@ -16,7 +16,7 @@
 #include "lines/FrmDelLineFromXtoYControls.h"
 #include "search/FrmFindControls.h"
 #include "win/InputBoxControls.h"
-#include "win/WideText.h"
+#include "text/win/WideText.h"
 #include "window/driver/App.h"
 #include "window/driver/FirstRun.h"
 #include "window/driver/Keyboard.h"

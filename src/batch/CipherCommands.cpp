@@ -90,29 +90,29 @@ std::shared_ptr<RijndaelOptions> AddRijndaelOptions(CLI::App& parser) {
 ExitStatus EncryptText(BatchContext& context, const RijndaelOptions& options) {
   const std::u16string text = ReadText(context);
   RefuseNul(text);
-  return WriteText(context, EncipherText(options.Key(), FastestRijndael(), text, options.blockSize));
+  return WriteText(context, EncryptText(options.Key(), FastestRijndael(), text, options.blockSize));
 }
 
 ExitStatus DecryptText(BatchContext& context, const RijndaelOptions& options) {
-  const DecipheredText result = DecipherText(options.Key(), FastestRijndael(), ReadText(context));
+  const DecryptedText result = DecryptText(options.Key(), FastestRijndael(), ReadText(context));
   switch (result.outcome) {
-    case DecipheredText::Outcome::kNotHexadecimal:
+    case DecryptedText::Outcome::kNotHexadecimal:
       throw std::runtime_error("error: not hexadecimal data");
-    case DecipheredText::Outcome::kNotWholeBlocks:
+    case DecryptedText::Outcome::kNotWholeBlocks:
       throw std::runtime_error("the ciphertext is not a whole number of blocks");
-    case DecipheredText::Outcome::kDone:
+    case DecryptedText::Outcome::kDone:
       break;
   }
   return WriteText(context, result.text);
 }
 
 ExitStatus DecryptFile(BatchContext& context, const RijndaelOptions& options) {
-  switch (DecipherStream(options.Key(), FastestRijndael(), context.input, context.output, context.progress)) {
-    case DecipherOutcome::kWrongSize:
+  switch (DecryptStream(options.Key(), FastestRijndael(), context.input, context.output, context.progress)) {
+    case DecryptOutcome::kWrongSize:
       throw std::runtime_error("File Size Error - ciphertext file not a multiple of block size");
-    case DecipherOutcome::kWrongLengthField:
+    case DecryptOutcome::kWrongLengthField:
       throw std::runtime_error("incorrect length field in decrypted file. Wrong key or keysize?");
-    case DecipherOutcome::kDone:
+    case DecryptOutcome::kDone:
       break;
   }
   return ExitStatus::kDone;
@@ -128,7 +128,7 @@ BatchWork ConfigureRijndaelEncrypt(CLI::App& parser) {
     if (options->text) {
       return EncryptText(context, *options);
     }
-    EncipherStream(options->Key(), FastestRijndael(), context.input, context.output, context.progress);
+    EncryptStream(options->Key(), FastestRijndael(), context.input, context.output, context.progress);
     return ExitStatus::kDone;
   };
 }
@@ -177,7 +177,7 @@ BatchWork ConfigureRndXorHashEncrypt(CLI::App& parser) {
   const std::shared_ptr<RndXorHashOptions> options = AddRndXorHashOptions(parser);
   return [options](BatchContext& context) {
     const std::u16string password = Password(options->password);
-    return WriteText(context, options->Cipher().Encipher(ReadText(context), password, Now()));
+    return WriteText(context, options->Cipher().Encrypt(ReadText(context), password, Now()));
   };
 }
 
@@ -185,7 +185,7 @@ BatchWork ConfigureRndXorHashDecrypt(CLI::App& parser) {
   const std::shared_ptr<RndXorHashOptions> options = AddRndXorHashOptions(parser);
   return [options](BatchContext& context) {
     const std::u16string password = Password(options->password);
-    const RndXorHashResult result = options->Cipher().Decipher(ReadText(context), password);
+    const RndXorHashResult result = options->Cipher().Decrypt(ReadText(context), password);
     switch (result.check) {
       case RndXorHashCheck::kWrongPassword:
         throw std::runtime_error("the password is not correct");
@@ -250,19 +250,19 @@ std::vector<BatchCommand> CipherBatchCommands() {
        .example = "scrivanta-batch base64-decode letter.b64 -o letter.txt",
        .configure = [](CLI::App&) -> BatchWork { return RunBase64Decode; }},
       {.name = "rijndael-encrypt",
-       .description = "Encipher a file, or a text as hexadecimal text",
+       .description = "Encrypt a file, or a text as hexadecimal text",
        .example = "scrivanta-batch rijndael-encrypt --password-file secret.txt letter.txt -o letter.enc",
        .configure = ConfigureRijndaelEncrypt},
       {.name = "rijndael-decrypt",
-       .description = "Decipher what rijndael-encrypt or the window has made",
+       .description = "Decrypt what rijndael-encrypt or the window has made",
        .example = "scrivanta-batch rijndael-decrypt --text --password-file secret.txt letter.hex -o letter.txt",
        .configure = ConfigureRijndaelDecrypt},
       {.name = "rndxorhash-encrypt",
-       .description = "Encipher a text lightly, with a check of the password and of the text",
+       .description = "Encrypt a text lightly, with a check of the password and of the text",
        .example = "scrivanta-batch rndxorhash-encrypt --password-file secret.txt letter.txt -o letter.hex",
        .configure = ConfigureRndXorHashEncrypt},
       {.name = "rndxorhash-decrypt",
-       .description = "Decipher what rndxorhash-encrypt has made",
+       .description = "Decrypt what rndxorhash-encrypt has made",
        .example = "scrivanta-batch rndxorhash-decrypt --password-file secret.txt letter.hex -o letter.txt",
        .configure = ConfigureRndXorHashDecrypt},
       {.name = "numeric-encrypt",

@@ -9,7 +9,7 @@
 #include <nlohmann/json.hpp>
 
 #include "batch/BatchCommand.h"
-#include "lines/DuplicateFilter.h"
+#include "lines/duplicates/DuplicateFilter.h"
 #include "lines/LineCleanup.h"
 #include "lines/LineShuffle.h"
 #include "lines/LineSort.h"

@@ -17,11 +17,11 @@ void WriteText(const std::filesystem::path& target, std::u16string_view text) {
 }  // namespace
 
 std::u16string CRndXorHash::StringEncrypt(std::u16string_view plaintext, std::u16string_view password) {
-  return cipher_.Encipher(plaintext, password, clock_.Now());
+  return cipher_.Encrypt(plaintext, password, clock_.Now());
 }
 
 std::u16string CRndXorHash::StringDecrypt(std::u16string_view ciphertext, std::u16string_view password) {
-  RndXorHashResult result = cipher_.Decipher(ciphertext, password);
+  RndXorHashResult result = cipher_.Decrypt(ciphertext, password);
   Passed(result.check);
   return std::move(result.plaintext);
 }
@@ -34,7 +34,7 @@ void CRndXorHash::FileEncrypt(const std::filesystem::path& source, const std::fi
 void CRndXorHash::FileDecrypt(const std::filesystem::path& target, const std::filesystem::path& source,
                               std::u16string_view password) {
   Quietly([&] {
-    const RndXorHashResult result = cipher_.Decipher(Decode(Encoding::kGbk, ReadWholeFile(source)), password);
+    const RndXorHashResult result = cipher_.Decrypt(Decode(Encoding::kGbk, ReadWholeFile(source)), password);
     if (Passed(result.check)) {
       WriteText(target, result.plaintext);
     }

@@ -5,8 +5,8 @@
 #include <filesystem>
 
 #include "crypto/RndXorHash.h"
-#include "shell/Prompts.h"
-#include "shell/Workbench.h"
+#include "shell/workbench/Prompts.h"
+#include "shell/workbench/Workbench.h"
 
 namespace scrivanta {
 

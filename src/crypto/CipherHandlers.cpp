@@ -3,11 +3,13 @@
 #include <optional>
 #include <utility>
 
-#include "crypto/EncipheredFile.h"
+#include "crypto/EncryptedFile.h"
 #include "crypto/NumericCipher.h"
 #include "crypto/RijndaelText.h"
 #include "crypto/cRijndael.h"
-#include "shell/ErrorText.h"
+#include "shell/workbench/FailureMessage.h"
+#include "text/Bytes.h"
+#include "text/ExplainedError.h"
 #include "text/DecimalText.h"
 #include "text/ExplainedError.h"
 #include "text/PathParts.h"
@@ -44,7 +46,7 @@ std::optional<KeyAndSelection> AskForKeyToSelection(Workbench& workbench, Crypto
   return KeyAndSelection{*std::move(key), std::move(selection)};
 }
 
-std::u16string Enciphered(Workbench& workbench, const KeyAndSelection& given) {
+std::u16string Encrypted(Workbench& workbench, const KeyAndSelection& given) {
   if (!given.key.useRijndael) {
     return TextEncrypt(given.selection, NumericKey(given.key.digits));
   }
@@ -53,7 +55,7 @@ std::u16string Enciphered(Workbench& workbench, const KeyAndSelection& given) {
 }
 
 // Nothing when it is no ciphertext of this cipher.
-std::optional<std::u16string> Deciphered(Workbench& workbench, const KeyAndSelection& given) {
+std::optional<std::u16string> Decrypted(Workbench& workbench, const KeyAndSelection& given) {
   if (!given.key.useRijndael) {
     return TextDecrypt(given.selection, NumericKey(given.key.digits));
   }
@@ -62,12 +64,12 @@ std::optional<std::u16string> Deciphered(Workbench& workbench, const KeyAndSelec
 }
 
 void SaveAndRemark(Workbench& workbench, const std::filesystem::path& path, const SecretKey& key) {
-  SaveEnciphered(workbench, path, key.digits);
+  SaveEncrypted(workbench, path, key.digits);
   // What was typed was hidden; its length is one way to notice a slip while the plaintext is still there.
   workbench.ShowStatus(u"已加密保存（密钥 " + DecimalText(key.digits.size()) + u" 位）：" + TextOfPath(path));
 }
 
-// Saves a document that is kept in an enciphered file.
+// Saves a document that is kept in an encrypted file.
 DocumentSaver SaverFor(CryptoDialogs& dialogs, std::filesystem::path path) {
   return [&dialogs, path = std::move(path)](Workbench& workbench) {
     const Answer answer =
@@ -134,12 +136,12 @@ bool AskWhetherToOpenGarbled(Workbench& workbench) {
 }
 
 // Nothing when it is not, or hardly, the plaintext of a document, which has been told then.
-std::optional<std::u16string> DecipherDocument(Workbench& workbench, std::u16string_view ciphertext,
+std::optional<std::u16string> DecryptDocument(Workbench& workbench, std::u16string_view ciphertext,
                                                const SecretKey& key) {
-  DecipheredText result = DecipherText(RijndaelKey(PasswordBytes(key.digits), kBits), FastestRijndael(), ciphertext);
-  if (result.outcome == DecipheredText::Outcome::kNotHexadecimal) {
+  DecryptedText result = DecryptText(RijndaelKey(PasswordBytes(key.digits), kBits), FastestRijndael(), ciphertext);
+  if (result.outcome == DecryptedText::Outcome::kNotHexadecimal) {
     TellFailure(workbench, kErrorOpening, u"错误：非十六进制数据！");
-  } else if (result.outcome == DecipheredText::Outcome::kNotWholeBlocks) {
+  } else if (result.outcome == DecryptedText::Outcome::kNotWholeBlocks) {
     TellFailure(workbench, kErrorOpening, u"密文不完整：长度不是 16 字节的整数倍。");
   } else if (!result.whole || result.text.empty()) {
     TellFailure(workbench, kWrongKey, u"解出来的不是当初加密的文字：密钥不对，或文件被改动过。");
@@ -153,7 +155,7 @@ std::optional<std::u16string> DecipherDocument(Workbench& workbench, std::u16str
 
 void mnuEncryptSelectedText(Workbench& workbench, CryptoDialogs& dialogs) {
   if (const std::optional<KeyAndSelection> given = AskForKeyToSelection(workbench, dialogs)) {
-    workbench.editor().ReplaceSelection(Enciphered(workbench, *given));
+    workbench.editor().ReplaceSelection(Encrypted(workbench, *given));
   }
 }
 
@@ -162,7 +164,7 @@ void mnuDeEncryptSelectedText(Workbench& workbench, CryptoDialogs& dialogs) {
   if (!given) {
     return;
   }
-  if (const std::optional<std::u16string> text = Deciphered(workbench, *given)) {
+  if (const std::optional<std::u16string> text = Decrypted(workbench, *given)) {
     workbench.editor().ReplaceSelection(*text);
   } else {
     workbench.ShowStatus(u"没有解密：选中的不是完整的密文，或密钥不对");
@@ -203,7 +205,7 @@ void mnuOpenEncryptedFile(Workbench& workbench, CryptoDialogs& dialogs) {
   if (!ciphertext) {
     return;
   }
-  if (const std::optional<std::u16string> text = DecipherDocument(workbench, *ciphertext, *key)) {
+  if (const std::optional<std::u16string> text = DecryptDocument(workbench, *ciphertext, *key)) {
     workbench.document().ShowNew(*text, SaverFor(dialogs, path));
   }
 }

@@ -1,17 +1,13 @@
-// The window of the enciphering commands, as the handlers see it: FrmSecret on the real desktop, a script in tests.
+// The window of the encrypting commands, as the handlers see it: FrmSecret on the real desktop, a script in tests.
 #pragma once
 
 #include "crypto/SecretDialog.h"
+#include "text/Interface.h"
 
 namespace scrivanta {
 
-class CryptoDialogs {
+class CryptoDialogs : public Interface {
  public:
-  CryptoDialogs() = default;
-  CryptoDialogs(const CryptoDialogs&) = delete;
-  CryptoDialogs& operator=(const CryptoDialogs&) = delete;
-  virtual ~CryptoDialogs() = default;
-
   // FrmSecret, modal: comes back when it is closed.
   virtual void ShowSecret(SecretDialog& dialog) = 0;
 };

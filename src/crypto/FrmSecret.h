@@ -1,4 +1,4 @@
-// The key dialog of the enciphering commands. One lives as long as the program and keeps the check box between two
+// The key dialog of the encrypting commands. One lives as long as the program and keeps the check box between two
 // uses, but never the key.
 #pragma once
 

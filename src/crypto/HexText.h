@@ -1,4 +1,4 @@
-// Bytes as hexadecimal text, as enciphered text is shown and pasted.
+// Bytes as hexadecimal text, as encrypted text is shown and pasted.
 #pragma once
 
 #include <string>

@@ -104,7 +104,7 @@ inline std::uint32_t Substituted(const std::array<std::uint8_t, 256>& box, std::
 }
 
 // The four columns of a block, each from the columns that its rows are shifted out of: to the left by kShift, 2 and
-// 4 - kShift columns, where kShift is 1 for enciphering and 3 for its inverse.
+// 4 - kShift columns, where kShift is 1 for encrypting and 3 for its inverse.
 template <int kShift, typename Column>
 inline void Round(std::uint32_t (&s)[4], const std::uint32_t* roundKey, Column column) {
   const std::uint32_t t0 = column(s[0], s[kShift], s[2], s[4 - kShift], roundKey[0]);
@@ -139,11 +139,11 @@ void Blocks(const RijndaelKey::Schedule& schedule, std::size_t rounds, const std
   }
 }
 
-void EncipherWithTables(const RijndaelKey& key, std::span<const std::uint8_t> input, std::span<std::uint8_t> output) {
+void EncryptWithTables(const RijndaelKey& key, std::span<const std::uint8_t> input, std::span<std::uint8_t> output) {
   Blocks<1>(key.encryption(), key.rounds(), kTables.forward, kTables.sBox, input, output);
 }
 
-void DecipherWithTables(const RijndaelKey& key, std::span<const std::uint8_t> input, std::span<std::uint8_t> output) {
+void DecryptWithTables(const RijndaelKey& key, std::span<const std::uint8_t> input, std::span<std::uint8_t> output) {
   Blocks<3>(key.decryption(), key.rounds(), kTables.inverse, kTables.inverseSBox, input, output);
 }
 
@@ -190,7 +190,7 @@ void RijndaelKey::Invert() {
 }
 
 const RijndaelForm& RijndaelTables() {
-  static constexpr RijndaelForm kForm{EncipherWithTables, DecipherWithTables};
+  static constexpr RijndaelForm kForm{EncryptWithTables, DecryptWithTables};
   return kForm;
 }
 

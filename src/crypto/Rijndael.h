@@ -24,7 +24,7 @@ class RijndaelKey {
   // 10, 12 or 14; the schedules hold four words more than four times as many.
   std::size_t rounds() const noexcept { return rounds_; }
   const Schedule& encryption() const noexcept { return encryption_; }
-  // For the equivalent inverse cipher: in the order of deciphering, all but the first and last with the inverse
+  // For the equivalent inverse cipher: in the order of decrypting, all but the first and last with the inverse
   // MixColumns applied.
   const Schedule& decryption() const noexcept { return decryption_; }
 
@@ -42,8 +42,8 @@ class RijndaelKey {
 struct RijndaelForm {
   using Function = void (*)(const RijndaelKey& key, std::span<const std::uint8_t> input,
                             std::span<std::uint8_t> output);
-  Function encipher;
-  Function decipher;
+  Function encrypt;
+  Function decrypt;
 };
 
 // With tables that unite SubBytes, ShiftRows and MixColumns: runs anywhere.

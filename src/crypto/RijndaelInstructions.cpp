@@ -19,17 +19,17 @@ __attribute__((target("sse2"))) inline void Store(__m128i value, std::uint8_t* m
   _mm_storeu_si128(reinterpret_cast<__m128i*>(memory), value);
 }
 
-template <bool kEncipher>
+template <bool kEncrypt>
 __attribute__((target("aes,sse2"))) inline __m128i Round(__m128i state, __m128i roundKey) {
-  return kEncipher ? _mm_aesenc_si128(state, roundKey) : _mm_aesdec_si128(state, roundKey);
+  return kEncrypt ? _mm_aesenc_si128(state, roundKey) : _mm_aesdec_si128(state, roundKey);
 }
 
-template <bool kEncipher>
+template <bool kEncrypt>
 __attribute__((target("aes,sse2"))) inline __m128i LastRound(__m128i state, __m128i roundKey) {
-  return kEncipher ? _mm_aesenclast_si128(state, roundKey) : _mm_aesdeclast_si128(state, roundKey);
+  return kEncrypt ? _mm_aesenclast_si128(state, roundKey) : _mm_aesdeclast_si128(state, roundKey);
 }
 
-template <bool kEncipher, std::size_t kCount>
+template <bool kEncrypt, std::size_t kCount>
 __attribute__((target("aes,sse2"))) inline void BlocksSideBySide(const __m128i* roundKeys, std::size_t rounds,
                                                                  const std::uint8_t* input, std::uint8_t* output) {
   __m128i state[kCount];
@@ -40,19 +40,19 @@ __attribute__((target("aes,sse2"))) inline void BlocksSideBySide(const __m128i* 
   for (std::size_t round = 1; round < rounds; ++round) {
 #pragma GCC unroll 8
     for (std::size_t i = 0; i < kCount; ++i) {
-      state[i] = Round<kEncipher>(state[i], roundKeys[round]);
+      state[i] = Round<kEncrypt>(state[i], roundKeys[round]);
     }
   }
 #pragma GCC unroll 8
   for (std::size_t i = 0; i < kCount; ++i) {
-    Store(LastRound<kEncipher>(state[i], roundKeys[rounds]), output + i * kRijndaelBlockSize);
+    Store(LastRound<kEncrypt>(state[i], roundKeys[rounds]), output + i * kRijndaelBlockSize);
   }
 }
 
-template <bool kEncipher>
+template <bool kEncrypt>
 __attribute__((target("aes,sse2"))) void Blocks(const RijndaelKey& key, std::span<const std::uint8_t> input,
                                                 std::span<std::uint8_t> output) {
-  const RijndaelKey::Schedule& schedule = kEncipher ? key.encryption() : key.decryption();
+  const RijndaelKey::Schedule& schedule = kEncrypt ? key.encryption() : key.decryption();
   __m128i roundKeys[15];
   for (std::size_t i = 0; i <= key.rounds(); ++i) {
     roundKeys[i] = Load(schedule.data() + 4 * i);
@@ -60,10 +60,10 @@ __attribute__((target("aes,sse2"))) void Blocks(const RijndaelKey& key, std::spa
   constexpr std::size_t kStep = kSideBySide * kRijndaelBlockSize;
   std::size_t at = 0;
   for (; at + kStep <= input.size(); at += kStep) {
-    BlocksSideBySide<kEncipher, kSideBySide>(roundKeys, key.rounds(), input.data() + at, output.data() + at);
+    BlocksSideBySide<kEncrypt, kSideBySide>(roundKeys, key.rounds(), input.data() + at, output.data() + at);
   }
   for (; at < input.size(); at += kRijndaelBlockSize) {
-    BlocksSideBySide<kEncipher, 1>(roundKeys, key.rounds(), input.data() + at, output.data() + at);
+    BlocksSideBySide<kEncrypt, 1>(roundKeys, key.rounds(), input.data() + at, output.data() + at);
   }
 }
 

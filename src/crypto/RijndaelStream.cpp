@@ -29,13 +29,13 @@ bool IsCiphertextSize(std::uint64_t size) noexcept {
   return size != 0 && size % kRijndaelBlockSize == 0;
 }
 
-void EncipherStream(const RijndaelKey& key, const RijndaelForm& form, ByteSource& source, ByteSink& sink,
+void EncryptStream(const RijndaelKey& key, const RijndaelForm& form, ByteSource& source, ByteSink& sink,
                     Progress& progress) {
   const Chunk memory = MakeChunk(source);
   const std::span<char> chunk = memory.bytes();
-  const auto encipherAndWrite = [&](std::size_t size) {
+  const auto encryptAndWrite = [&](std::size_t size) {
     const std::span<char> bytes = chunk.first(size);
-    form.encipher(key, AsOctets(bytes), AsOctets(bytes));
+    form.encrypt(key, AsOctets(bytes), AsOctets(bytes));
     Write(sink, bytes);
   };
   std::uint64_t done = 0;
@@ -48,17 +48,17 @@ void EncipherStream(const RijndaelKey& key, const RijndaelForm& form, ByteSource
       const std::size_t padded = count - lengthField + kRijndaelBlockSize;
       std::ranges::fill(chunk.subspan(count, padded - count), '\0');
       chunk[padded - 1] = static_cast<char>(lengthField);
-      encipherAndWrite(padded);
+      encryptAndWrite(padded);
       return;
     }
-    encipherAndWrite(count);
+    encryptAndWrite(count);
   }
 }
 
-DecipherOutcome DecipherStream(const RijndaelKey& key, const RijndaelForm& form, ByteSource& source, ByteSink& sink,
+DecryptOutcome DecryptStream(const RijndaelKey& key, const RijndaelForm& form, ByteSource& source, ByteSink& sink,
                                Progress& progress) {
   if (source.Size() && !IsCiphertextSize(*source.Size())) {
-    return DecipherOutcome::kWrongSize;
+    return DecryptOutcome::kWrongSize;
   }
   // One chunk is read ahead: only the last one has a length field.
   const Chunk memory = MakeChunk(source);
@@ -69,18 +69,18 @@ DecipherOutcome DecipherStream(const RijndaelKey& key, const RijndaelForm& form,
   std::uint64_t done = 0;
   for (;;) {
     if (!IsCiphertextSize(size)) {
-      return DecipherOutcome::kWrongSize;
+      return DecryptOutcome::kWrongSize;
     }
     const std::size_t nextSize = FillFrom(source, nextChunk);
     const std::span<char> bytes = chunk.first(size);
-    form.decipher(key, AsOctets(bytes), AsOctets(bytes));
+    form.decrypt(key, AsOctets(bytes), AsOctets(bytes));
     done += size;
     progress.Report(done, source.Size().value_or(0));
     if (nextSize == 0) {
       const auto lengthField = static_cast<std::uint8_t>(bytes.back());
       const bool correct = lengthField < kRijndaelBlockSize;
       Write(sink, correct ? bytes.first(size - kRijndaelBlockSize + lengthField) : bytes);
-      return correct ? DecipherOutcome::kDone : DecipherOutcome::kWrongLengthField;
+      return correct ? DecryptOutcome::kDone : DecryptOutcome::kWrongLengthField;
     }
     Write(sink, bytes);
     std::swap(chunk, nextChunk);

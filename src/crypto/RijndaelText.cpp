@@ -16,14 +16,14 @@ std::array<std::uint8_t, 32> PasswordBytes(std::u16string_view password) {
   return key;
 }
 
-std::u16string EncipherText(const RijndaelKey& key, const RijndaelForm& form, std::u16string_view text, int blockSize) {
+std::u16string EncryptText(const RijndaelKey& key, const RijndaelForm& form, std::u16string_view text, int blockSize) {
   if (blockSize < 8) {
     throw std::invalid_argument("a group of hexadecimal text has at least 8 bits");
   }
   std::string bytes = Encode(Encoding::kGbk, text);
   bytes.resize((bytes.size() + kRijndaelBlockSize - 1) / kRijndaelBlockSize * kRijndaelBlockSize);
   const std::span<std::uint8_t> octets = AsOctets(std::span<char>(bytes));
-  form.encipher(key, octets, octets);
+  form.encrypt(key, octets, octets);
   return ToGroupedHex(octets, static_cast<std::size_t>(blockSize) / 8);
 }
 
@@ -34,19 +34,19 @@ void RefuseNul(std::u16string_view text) {
   }
 }
 
-DecipheredText DecipherText(const RijndaelKey& key, const RijndaelForm& form, std::u16string_view ciphertext) {
+DecryptedText DecryptText(const RijndaelKey& key, const RijndaelForm& form, std::u16string_view ciphertext) {
   Octets octets = FromHex(ciphertext);
   if (octets.empty()) {
-    return {DecipheredText::Outcome::kNotHexadecimal, {}, false};
+    return {DecryptedText::Outcome::kNotHexadecimal, {}, false};
   }
   if (octets.size() % kRijndaelBlockSize != 0) {
-    return {DecipheredText::Outcome::kNotWholeBlocks, {}, false};
+    return {DecryptedText::Outcome::kNotWholeBlocks, {}, false};
   }
-  form.decipher(key, octets, octets);
+  form.decrypt(key, octets, octets);
   const std::string_view bytes = AsCharacters(octets);
   const std::size_t length = std::min(bytes.find('\0'), bytes.size());
   const bool onlyPadding = bytes.find_first_not_of('\0', length) == std::string_view::npos;
-  return {DecipheredText::Outcome::kDone, Decode(Encoding::kGbk, bytes.substr(0, length)),
+  return {DecryptedText::Outcome::kDone, Decode(Encoding::kGbk, bytes.substr(0, length)),
           onlyPadding && bytes.size() - length < kRijndaelBlockSize};
 }
 

@@ -14,13 +14,13 @@ namespace scrivanta {
 std::array<std::uint8_t, 32> PasswordBytes(std::u16string_view password);
 
 // In groups of blockSize bits, at least 8; the cipher's block has 128 whatever it is. A NUL in the text ends it when it
-// is deciphered.
-std::u16string EncipherText(const RijndaelKey& key, const RijndaelForm& form, std::u16string_view text, int blockSize);
+// is decrypted.
+std::u16string EncryptText(const RijndaelKey& key, const RijndaelForm& form, std::u16string_view text, int blockSize);
 
 // Throws ExplainedError for a text with a NUL, for callers that must not lose what follows it.
 void RefuseNul(std::u16string_view text);
 
-struct DecipheredText {
+struct DecryptedText {
   enum class Outcome {
     kDone,
     kNotHexadecimal,  // there is no pair of digits in it
@@ -29,12 +29,12 @@ struct DecipheredText {
 
   Outcome outcome = Outcome::kDone;
   std::u16string text;
-  // Whether nothing but padding was cut off the end. False says that this is not what was enciphered: as a rule, that
+  // Whether nothing but padding was cut off the end. False says that this is not what was encrypted: as a rule, that
   // the key is the wrong one.
   bool whole = true;
 };
 
 // Takes hexadecimal text of any grouping, passing over whatever is no digit.
-DecipheredText DecipherText(const RijndaelKey& key, const RijndaelForm& form, std::u16string_view ciphertext);
+DecryptedText DecryptText(const RijndaelKey& key, const RijndaelForm& form, std::u16string_view ciphertext);
 
 }  // namespace scrivanta

@@ -6,7 +6,7 @@
 
 #include "crypto/CipherError.h"
 #include "crypto/HexText.h"
-#include "shell/DateTimeText.h"
+#include "text/DateTimeText.h"
 #include "text/DecimalText.h"
 
 namespace scrivanta {
@@ -77,25 +77,25 @@ void RndXorHash::KeySize(std::int16_t value) {
   }
 }
 
-std::u16string RndXorHash::Encipher(std::u16string_view plaintext, std::u16string_view password,
+std::u16string RndXorHash::Encrypt(std::u16string_view plaintext, std::u16string_view password,
                                     std::chrono::local_time<std::chrono::milliseconds> now) {
   const std::u16string saltText = DateText(now) + TimeText(now);
-  std::u16string units = EncipherWithSalt(plaintext, password, saltText);
-  for (int counter = 1; DecipherUnits(units, password).check != RndXorHashCheck::kPassed; ++counter) {
+  std::u16string units = EncryptWithSalt(plaintext, password, saltText);
+  for (int counter = 1; DecryptUnits(units, password).check != RndXorHashCheck::kPassed; ++counter) {
     if (counter == kMostSalts) {
       throw CipherError(1, "CRndXorHash.StringEncrypt - no ciphertext passes its own check");
     }
-    units = EncipherWithSalt(plaintext, password, saltText + DecimalText(counter));
+    units = EncryptWithSalt(plaintext, password, saltText + DecimalText(counter));
   }
   return UnitsToHex(units);
 }
 
-RndXorHashResult RndXorHash::Decipher(std::u16string_view ciphertext, std::u16string_view password) {
+RndXorHashResult RndXorHash::Decrypt(std::u16string_view ciphertext, std::u16string_view password) {
   const std::optional<Units> units = UnitsFromHex(ciphertext);
   if (!units) {
     return {RndXorHashCheck::kMalformed, {}};
   }
-  RndXorHashResult result = DecipherUnits(units->text, password);
+  RndXorHashResult result = DecryptUnits(units->text, password);
   if (result.check == RndXorHashCheck::kPassed && !units->whole) {
     return {RndXorHashCheck::kAltered, {}};
   }
@@ -128,7 +128,7 @@ std::u16string RndXorHash::Hash(std::u16string_view text) {
   return Stream(key_);
 }
 
-std::u16string RndXorHash::EncipherWithSalt(std::u16string_view plaintext, std::u16string_view password,
+std::u16string RndXorHash::EncryptWithSalt(std::u16string_view plaintext, std::u16string_view password,
                                             std::u16string_view saltText) {
   std::u16string units = Hash(saltText);
   units += Hash(units + std::u16string(password));
@@ -138,11 +138,11 @@ std::u16string RndXorHash::EncipherWithSalt(std::u16string_view plaintext, std::
   return units;
 }
 
-RndXorHashResult RndXorHash::DecipherUnits(std::u16string_view units, std::u16string_view password) {
+RndXorHashResult RndXorHash::DecryptUnits(std::u16string_view units, std::u16string_view password) {
   const auto size = static_cast<std::size_t>(keySize_);
   const std::u16string_view header = units.substr(0, 3 * size);
   const std::u16string salt(header.substr(0, size));
-  // A hash that stands in the header earlier as well, across salt and check, counts as a wrong password; Encipher makes
+  // A hash that stands in the header earlier as well, across salt and check, counts as a wrong password; Encrypt makes
   // no such text.
   if (header.find(Hash(salt + std::u16string(password))) != size) {
     return {RndXorHashCheck::kWrongPassword, {}};

@@ -17,7 +17,7 @@ namespace scrivanta {
 enum class RndXorHashCheck {
   kPassed,
   kWrongPassword,
-  kAltered,    // the plaintext is not the one that was enciphered, or digits are missing
+  kAltered,    // the plaintext is not the one that was encrypted, or digits are missing
   kMalformed,  // there are characters that are neither hexadecimal digits nor spaces
 };
 
@@ -39,17 +39,17 @@ class RndXorHash {
   // Every code unit is its low and its high byte, each as two digits and a space. The time is the salt: the same text
   // at another time makes another ciphertext. Throws CipherError when no salt makes a ciphertext that passes its own
   // check.
-  std::u16string Encipher(std::u16string_view plaintext, std::u16string_view password,
+  std::u16string Encrypt(std::u16string_view plaintext, std::u16string_view password,
                           std::chrono::local_time<std::chrono::milliseconds> now);
-  RndXorHashResult Decipher(std::u16string_view ciphertext, std::u16string_view password);
+  RndXorHashResult Decrypt(std::u16string_view ciphertext, std::u16string_view password);
 
  private:
   void Seed(std::u16string_view text);
   std::u16string Stream(std::u16string_view text);
   std::u16string Hash(std::u16string_view text);
-  std::u16string EncipherWithSalt(std::u16string_view plaintext, std::u16string_view password,
+  std::u16string EncryptWithSalt(std::u16string_view plaintext, std::u16string_view password,
                                   std::u16string_view saltText);
-  RndXorHashResult DecipherUnits(std::u16string_view units, std::u16string_view password);
+  RndXorHashResult DecryptUnits(std::u16string_view units, std::u16string_view password);
 
   std::int16_t keySize_ = kDefaultKeySize;
   std::u16string key_ = u"40716253";

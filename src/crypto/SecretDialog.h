@@ -5,7 +5,8 @@
 #include <string>
 #include <string_view>
 
-#include "shell/Prompts.h"
+#include "shell/workbench/Prompts.h"
+#include "text/Interface.h"
 
 namespace scrivanta {
 
@@ -16,13 +17,8 @@ struct SecretKey {
 };
 
 // The text box Text1, the check box, and the window around them.
-class SecretView {
+class SecretView : public Interface {
  public:
-  SecretView() = default;
-  SecretView(const SecretView&) = delete;
-  SecretView& operator=(const SecretView&) = delete;
-  virtual ~SecretView() = default;
-
   virtual std::u16string KeyText() const = 0;
   virtual void ClearKeyText() = 0;
   virtual bool RijndaelChecked() const = 0;

@@ -39,12 +39,12 @@ int cRijndael::SetCipherKeyString(std::u16string_view passPhrase, int keyBits) {
 
 void cRijndael::BlockEncrypt(std::span<const std::uint8_t> plaintext, std::span<std::uint8_t> ciphertext, std::size_t p,
                              std::size_t q) const {
-  form_.encipher(Key(), BlockAt(plaintext, p), BlockAt(ciphertext, q));
+  form_.encrypt(Key(), BlockAt(plaintext, p), BlockAt(ciphertext, q));
 }
 
 void cRijndael::BlockDecrypt(std::span<const std::uint8_t> ciphertext, std::span<std::uint8_t> plaintext, std::size_t p,
                              std::size_t q) const {
-  form_.decipher(Key(), BlockAt(ciphertext, p), BlockAt(plaintext, q));
+  form_.decrypt(Key(), BlockAt(ciphertext, p), BlockAt(plaintext, q));
 }
 
 int cRijndael::ArrayEncrypt(std::span<const std::uint8_t> plaintext, Octets& ciphertext, bool appendsize) const {
@@ -55,7 +55,7 @@ int cRijndael::ArrayEncrypt(std::span<const std::uint8_t> plaintext, Octets& cip
   if (appendsize) {
     result.back() = static_cast<std::uint8_t>(size % kRijndaelBlockSize);
   }
-  form_.encipher(Key(), result, result);
+  form_.encrypt(Key(), result, result);
   ciphertext = std::move(result);
   return 0;
 }
@@ -66,7 +66,7 @@ int cRijndael::ArrayDecrypt(Octets& plaintext, std::span<const std::uint8_t> cip
     return -1;
   }
   Octets result(size);
-  form_.decipher(Key(), ciphertext, result);
+  form_.decrypt(Key(), ciphertext, result);
   plaintext = std::move(result);
   if (!appendsize) {
     return 0;
@@ -89,7 +89,7 @@ int cRijndael::FileEncrypt(const std::filesystem::path& plaintextFileName,
   FileSource source(plaintextFileName);
   OverwritingSink sink(ciphertextFileName);
   NoProgress progress;
-  EncipherStream(key, form_, source, sink, progress);
+  EncryptStream(key, form_, source, sink, progress);
   sink.Close();
   return 0;
 }
@@ -98,20 +98,20 @@ int cRijndael::FileDecrypt(const std::filesystem::path& plaintextFileName,
                            const std::filesystem::path& ciphertextFileName) const {
   const RijndaelKey& key = Key();
   FileSource source(ciphertextFileName);
-  auto outcome = DecipherOutcome::kWrongSize;
+  auto outcome = DecryptOutcome::kWrongSize;
   if (IsCiphertextSize(source.Size().value_or(0))) {
     OverwritingSink sink(plaintextFileName);
     NoProgress progress;
-    outcome = DecipherStream(key, form_, source, sink, progress);
+    outcome = DecryptStream(key, form_, source, sink, progress);
     sink.Close();
   }
   switch (outcome) {
-    case DecipherOutcome::kDone:
+    case DecryptOutcome::kDone:
       return 0;
-    case DecipherOutcome::kWrongSize:
+    case DecryptOutcome::kWrongSize:
       Show(u"File Size Error - ciphertext file not a multiple of block size");
       return -1;
-    case DecipherOutcome::kWrongLengthField:
+    case DecryptOutcome::kWrongLengthField:
       break;
   }
   Show(u"warning - incorrect length field in decrypted file.\r\nWrong key or keysize?");
@@ -121,14 +121,14 @@ int cRijndael::FileDecrypt(const std::filesystem::path& plaintextFileName,
 std::u16string cRijndael::StringEncrypt(std::u16string_view strSource, std::u16string_view strPassword, int blockSize,
                                         int keySize) {
   SetCipherKeyString(strPassword, keySize);
-  return EncipherText(Key(), form_, strSource, blockSize);
+  return EncryptText(Key(), form_, strSource, blockSize);
 }
 
 std::u16string cRijndael::StringDecrypt(std::u16string_view strSource, std::u16string_view strPassword,
                                         int /*blockSize*/, int keySize) {
   SetCipherKeyString(strPassword, keySize);
-  DecipheredText result = DecipherText(Key(), form_, strSource);
-  if (result.outcome == DecipheredText::Outcome::kNotHexadecimal) {
+  DecryptedText result = DecryptText(Key(), form_, strSource);
+  if (result.outcome == DecryptedText::Outcome::kNotHexadecimal) {
     Show(u"错误：非十六进制数据！");
   }
   return std::move(result.text);

@@ -1,5 +1,5 @@
 // The Rijndael cipher on byte arrays, files and text: each block by itself (electronic codebook), so equal blocks look
-// equal, and nothing notices a changed one. Text is enciphered as its bytes in code page 936, with GB18030's four-byte
+// equal, and nothing notices a changed one. Text is encrypted as its bytes in code page 936, with GB18030's four-byte
 // forms for what that lacks, so any text comes back exactly; only a NUL ends it.
 //
 // An array of bytes always begins at 0 here. Results are 0 for success unless an operation says otherwise.
@@ -13,7 +13,7 @@
 #include "crypto/CipherError.h"
 #include "crypto/Octets.h"
 #include "crypto/Rijndael.h"
-#include "shell/Prompts.h"
+#include "shell/workbench/Prompts.h"
 
 namespace scrivanta {
 
@@ -38,14 +38,14 @@ class cRijndael {
   // modulo 16.
   int ArrayEncrypt(std::span<const std::uint8_t> plaintext, Octets& ciphertext, bool appendsize) const;
   // -1, and the plaintext untouched, when the ciphertext is no whole number of blocks. With appendsize, 1 and a message
-  // when the length field cannot be one: the plaintext then holds all that was deciphered.
+  // when the length field cannot be one: the plaintext then holds all that was decrypted.
   int ArrayDecrypt(Octets& plaintext, std::span<const std::uint8_t> ciphertext, bool appendsize) const;
 
   // The first file into the second; the target is not emptied first. Throw FileError.
   int FileEncrypt(const std::filesystem::path& plaintextFileName,
                   const std::filesystem::path& ciphertextFileName) const;
   // The second file into the first. -1 and a message when it cannot be a ciphertext; 1 and a message when its length
-  // field cannot be one: the target then holds all that was deciphered.
+  // field cannot be one: the target then holds all that was decrypted.
   int FileDecrypt(const std::filesystem::path& plaintextFileName,
                   const std::filesystem::path& ciphertextFileName) const;
 

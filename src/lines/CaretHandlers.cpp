@@ -2,7 +2,7 @@
 
 #include <optional>
 
-#include "shell/ResultFiles.h"
+#include "shell/workbench/ResultFiles.h"
 #include "text/Numbers.h"
 #include "text/Surrogates.h"
 

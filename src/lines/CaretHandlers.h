@@ -1,7 +1,7 @@
 // The commands of the menu that act where the caret is.
 #pragma once
 
-#include "shell/Workbench.h"
+#include "shell/workbench/Workbench.h"
 
 namespace scrivanta {
 

@@ -3,18 +3,14 @@
 
 #include <string>
 
-#include "shell/ResultFiles.h"
+#include "shell/workbench/ResultFiles.h"
+#include "text/Interface.h"
 
 namespace scrivanta {
 
 // The two text boxes, TxtDelLineStart and TxtDelLineEnd, and the window around them.
-class DelLinesView {
+class DelLinesView : public Interface {
  public:
-  DelLinesView() = default;
-  DelLinesView(const DelLinesView&) = delete;
-  DelLinesView& operator=(const DelLinesView&) = delete;
-  virtual ~DelLinesView() = default;
-
   virtual std::u16string Start() const = 0;
   virtual std::u16string End() const = 0;
   virtual void SetRange(const std::u16string& start, const std::u16string& end) = 0;

@@ -3,7 +3,7 @@
 #include <functional>
 #include <optional>
 
-#include "lines/DuplicateFilter.h"
+#include "lines/duplicates/DuplicateFilter.h"
 #include "lines/LineWork.h"
 #include "lines/RegExpLineFilters.h"
 #include "lines/WordFilter.h"

@@ -1,7 +1,7 @@
 // The commands of the menu that divide lines into groups.
 #pragma once
 
-#include "shell/Workbench.h"
+#include "shell/workbench/Workbench.h"
 
 namespace scrivanta {
 

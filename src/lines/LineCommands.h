@@ -1,7 +1,7 @@
 #pragma once
 
 #include "lines/LineDialogs.h"
-#include "shell/CommandTable.h"
+#include "shell/workbench/CommandTable.h"
 
 namespace scrivanta {
 

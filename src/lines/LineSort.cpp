@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <span>
 
-#include "lines/KeyedLine.h"
+#include "lines/duplicates/KeyedLine.h"
 #include "lines/LineNumber.h"
 #include "lines/PacedProgress.h"
 #include "lines/StringOrder.h"

@@ -4,7 +4,7 @@
 #include <functional>
 #include <string_view>
 
-#include "shell/ResultFiles.h"
+#include "shell/workbench/ResultFiles.h"
 #include "text/LineReader.h"
 #include "text/LineWriter.h"
 

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "lines/LineDialogs.h"
-#include "shell/Workbench.h"
+#include "shell/workbench/Workbench.h"
 
 namespace scrivanta {
 

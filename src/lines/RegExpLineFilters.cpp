@@ -5,7 +5,7 @@
 #include <unordered_set>
 #include <vector>
 
-#include "lines/DuplicateReport.h"
+#include "lines/duplicates/DuplicateReport.h"
 #include "regexp/LineBreakEscape.h"
 #include "regexp/Markers.h"
 #include "regexp/RegExpExtract.h"

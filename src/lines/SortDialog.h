@@ -3,18 +3,14 @@
 
 #include <string>
 
-#include "shell/ResultFiles.h"
+#include "shell/workbench/ResultFiles.h"
+#include "text/Interface.h"
 
 namespace scrivanta {
 
 // The window's controls.
-class SortView {
+class SortView : public Interface {
  public:
-  SortView() = default;
-  SortView(const SortView&) = delete;
-  SortView& operator=(const SortView&) = delete;
-  virtual ~SortView() = default;
-
   virtual std::u16string From() const = 0;  // TxtSortFrom
   virtual std::u16string To() const = 0;    // TxtSortTo
   virtual bool IsByNumber() const = 0;      // OptNumber

@@ -6,7 +6,7 @@
 #include <string_view>
 #include <vector>
 
-#include "lines/KeyedLine.h"
+#include "lines/duplicates/KeyedLine.h"
 #include "lines/LineStore.h"
 #include "lines/PacedProgress.h"
 #include "text/Encoding.h"

@@ -4,7 +4,7 @@
 #include <cmath>
 
 #include "text/Twips.h"
-#include "win/WideText.h"
+#include "text/win/WideText.h"
 
 namespace scrivanta {
 

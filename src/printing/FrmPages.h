@@ -12,8 +12,9 @@
 
 #include "printing/PageAreas.h"
 #include "printing/TextPages.h"
-#include "shell/FontLine.h"
+#include "shell/workbench/FontLine.h"
 #include "win/Handles.h"
+#include "text/Interface.h"
 
 namespace scrivanta {
 
@@ -35,13 +36,8 @@ class SelectedObject {
   HGDIOBJ before_;
 };
 
-class FrmPages {
+class FrmPages : public Interface {
  public:
-  FrmPages() = default;
-  FrmPages(const FrmPages&) = delete;
-  FrmPages& operator=(const FrmPages&) = delete;
-  virtual ~FrmPages() = default;
-
   // Finds the pages. False when this cannot print the document.
   virtual bool LayOut(Progress& progress) = 0;
   virtual std::size_t Count() const = 0;

@@ -5,7 +5,6 @@
 #include <cderr.h>
 
 #include "printing/FrmPrintJob.h"
-#include "shell/FrmMainControls.h"
 #include "text/ExplainedError.h"
 
 namespace scrivanta {
@@ -98,7 +97,7 @@ std::optional<PrintOrder> FrmPrintDialogs::AskForOrder(const PageSetup& setup, b
   }
   const bool pagesOnly = (dialog.Flags & PD_PAGENUMS) != 0;
   return PrintOrder{.job = std::make_unique<FrmPrintJob>(std::move(device), setup.margins, box_.Font(),
-                                                         GetDlgItem(owner_(), RichTextBox1)),
+                                                         boxWindow_()),
                     .selectionOnly = (dialog.Flags & PD_SELECTION) != 0,
                     .firstPage = pagesOnly ? dialog.nFromPage : std::size_t{1},
                     .lastPage = pagesOnly ? dialog.nToPage : std::size_t{0}};

@@ -6,15 +6,16 @@
 #include <functional>
 
 #include "printing/PrintCommands.h"
-#include "shell/RichBox.h"
+#include "shell/workbench/EditBox.h"
 #include "win/Handles.h"
 
 namespace scrivanta {
 
 class FrmPrintDialogs final : public PrintDialogs {
  public:
-  // The owner, asked for when a dialog opens, is the parent of the edit box; the box is asked for its font.
-  FrmPrintDialogs(std::function<HWND()> owner, RichBox& box) : owner_(std::move(owner)), box_(box) {}
+  // Owner and window of the edit box are asked for when a dialog opens; the box is asked for its font.
+  FrmPrintDialogs(std::function<HWND()> owner, std::function<HWND()> boxWindow, EditBox& box)
+      : owner_(std::move(owner)), boxWindow_(std::move(boxWindow)), box_(box) {}
 
   std::optional<PrintOrder> AskForOrder(const PageSetup& setup, bool hasSelection) override;
   std::optional<PageSetup> AskForSetup(const PageSetup& setup) override;
@@ -24,7 +25,8 @@ class FrmPrintDialogs final : public PrintDialogs {
   void PrepareDevice(const PageSetup& setup);
 
   std::function<HWND()> owner_;
-  RichBox& box_;
+  std::function<HWND()> boxWindow_;
+  EditBox& box_;
   OwnedGlobalMemory deviceMode_;
   OwnedGlobalMemory deviceNames_;
 };

@@ -2,9 +2,9 @@
 
 #include <utility>
 
-#include "shell/ErrorText.h"
+#include "text/ErrorText.h"
 #include "text/ExplainedError.h"
-#include "win/WideText.h"
+#include "text/win/WideText.h"
 
 namespace scrivanta {
 

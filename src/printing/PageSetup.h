@@ -1,7 +1,7 @@
 // How pages are printed, kept between runs.
 #pragma once
 
-#include "shell/Settings.h"
+#include "shell/workbench/Settings.h"
 
 namespace scrivanta {
 

@@ -7,8 +7,9 @@
 #include <string>
 
 #include "printing/PageSetup.h"
-#include "shell/CommandTable.h"
-#include "shell/Workbench.h"
+#include "shell/workbench/CommandTable.h"
+#include "shell/workbench/Workbench.h"
+#include "text/Interface.h"
 
 namespace scrivanta {
 
@@ -25,13 +26,8 @@ struct PageHeader {
 
 // Pages on their way to a printer. A job that ends before Finish is cancelled: nothing more comes out. Every call
 // throws when the device fails.
-class PrintJob {
+class PrintJob : public Interface {
  public:
-  PrintJob() = default;
-  PrintJob(const PrintJob&) = delete;
-  PrintJob& operator=(const PrintJob&) = delete;
-  virtual ~PrintJob() = default;
-
   // The number of pages that the text takes.
   virtual std::size_t LayOut(const PrintedText& text, Progress& progress) = 0;
   // The name is the one in the queue of the printer.
@@ -49,13 +45,8 @@ struct PrintOrder {
   std::size_t lastPage = 0;   // 0: the last one that there is
 };
 
-class PrintDialogs {
+class PrintDialogs : public Interface {
  public:
-  PrintDialogs() = default;
-  PrintDialogs(const PrintDialogs&) = delete;
-  PrintDialogs& operator=(const PrintDialogs&) = delete;
-  virtual ~PrintDialogs() = default;
-
   // Both give nothing when they are cancelled, and throw ExplainedError when there is no printer.
   virtual std::optional<PrintOrder> AskForOrder(const PageSetup& setup, bool hasSelection) = 0;
   virtual std::optional<PageSetup> AskForSetup(const PageSetup& setup) = 0;

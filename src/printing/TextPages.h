@@ -7,17 +7,13 @@
 #include <vector>
 
 #include "text/Progress.h"
+#include "text/Interface.h"
 
 namespace scrivanta {
 
 // How much of a text fits into the width of a page: the font of the device decides.
-class LineMeasure {
+class LineMeasure : public Interface {
  public:
-  LineMeasure() = default;
-  LineMeasure(const LineMeasure&) = delete;
-  LineMeasure& operator=(const LineMeasure&) = delete;
-  virtual ~LineMeasure() = default;
-
   // How many UTF-16 code units, of a text without line breaks and tabs.
   virtual std::size_t FittingUnits(std::u16string_view text) const = 0;
 };

@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "text/Progress.h"
+#include "text/Interface.h"
 
 namespace scrivanta {
 
@@ -32,13 +33,8 @@ struct RegExpMatch {
 using RegExpVisitor = std::function<bool(const RegExpMatch&)>;
 
 // A pattern made ready. Keeps the working memory of its searches, so one object serves one search at a time.
-class RegExp {
+class RegExp : public Interface {
  public:
-  RegExp() = default;
-  RegExp(const RegExp&) = delete;
-  RegExp& operator=(const RegExp&) = delete;
-  virtual ~RegExp() = default;
-
   // Visits the matches that start at `from` or later, from left to right, none overlapping the one before it. After an
   // empty match the search goes on one character further, so it always ends. Throws RegExpTooComplex, Interrupted.
   virtual void Scan(std::u16string_view text, std::size_t from, const RegExpVisitor& visit, Progress& progress) = 0;
@@ -51,13 +47,8 @@ class RegExp {
   bool Matches(std::u16string_view text, Progress& progress);
 };
 
-class RegExpEngine {
+class RegExpEngine : public Interface {
  public:
-  RegExpEngine() = default;
-  RegExpEngine(const RegExpEngine&) = delete;
-  RegExpEngine& operator=(const RegExpEngine&) = delete;
-  virtual ~RegExpEngine() = default;
-
   // Throws RegExpSyntaxError.
   virtual std::unique_ptr<RegExp> Compile(std::u16string_view pattern, RegExpOptions options) const = 0;
 };

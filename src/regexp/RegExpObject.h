@@ -7,6 +7,7 @@
 
 #include "regexp/RegExp.h"
 #include "text/ExplainedError.h"
+#include "text/Interface.h"
 
 namespace scrivanta {
 
@@ -16,13 +17,8 @@ class RegExpObjectMissing : public ExplainedError {
   RegExpObjectMissing();
 };
 
-class RegExpObject {
+class RegExpObject : public Interface {
  public:
-  RegExpObject() = default;
-  RegExpObject(const RegExpObject&) = delete;
-  RegExpObject& operator=(const RegExpObject&) = delete;
-  virtual ~RegExpObject() = default;
-
   // Visits all matches of the pattern in the text, from left to right. Throws std::runtime_error with what the object
   // says.
   virtual void Execute(std::u16string_view pattern, RegExpOptions options, std::u16string_view text,
@@ -30,13 +26,8 @@ class RegExpObject {
 };
 
 // Where such an object comes from.
-class RegExpObjectSource {
+class RegExpObjectSource : public Interface {
  public:
-  RegExpObjectSource() = default;
-  RegExpObjectSource(const RegExpObjectSource&) = delete;
-  RegExpObjectSource& operator=(const RegExpObjectSource&) = delete;
-  virtual ~RegExpObjectSource() = default;
-
   // Null when it cannot be made.
   virtual std::unique_ptr<RegExpObject> Create() = 0;
   // Registers the library of the object without a word to the user, and returns when that had time to be done.

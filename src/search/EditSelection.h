@@ -3,7 +3,7 @@
 
 #include <cstddef>
 
-#include "shell/Editor.h"
+#include "shell/workbench/Editor.h"
 
 namespace scrivanta {
 

@@ -2,7 +2,8 @@
 
 #include <new>
 
-#include "shell/ErrorText.h"
+#include "shell/workbench/FailureMessage.h"
+#include "text/ErrorText.h"
 #include "text/Bytes.h"
 
 namespace scrivanta {

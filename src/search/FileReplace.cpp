@@ -8,7 +8,7 @@
 #include "search/FileProgress.h"
 #include "search/FileText.h"
 #include "search/FindPlaces.h"
-#include "search/RtfText.h"
+#include "rtf/RtfText.h"
 #include "text/AtomicFile.h"
 
 namespace scrivanta {

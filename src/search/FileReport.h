@@ -7,7 +7,6 @@
 #include <vector>
 
 #include "search/FileSearch.h"
-#include "shell/Workbench.h"
 
 namespace scrivanta {
 
@@ -26,15 +25,5 @@ enum class PathLines {
   kAll,     // others too, the whole line a path
 };
 std::vector<std::filesystem::path> PathsOfLines(std::u16string_view text, PathLines which);
-
-// Asks for the folder to search, beginning at the last answer; empty when the user cancels.
-std::filesystem::path AskForFolderToSearch(Workbench& workbench);
-
-// Asks for the names of the files to search, with the last answer as preset; empty when the user cancels.
-std::u16string AskForFileFilter(Workbench& workbench);
-
-// Searches and puts the report behind the text of the document, selected; then says that all is done.
-void SearchAndReport(Workbench& workbench, const std::vector<std::filesystem::path>& places, const FileFilter& filter,
-                     const FindState& state);
 
 }  // namespace scrivanta

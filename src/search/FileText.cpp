@@ -1,6 +1,6 @@
 #include "search/FileText.h"
 
-#include "search/RtfText.h"
+#include "rtf/RtfText.h"
 #include "text/Bytes.h"
 #include "text/ExplainedError.h"
 #include "text/PathParts.h"

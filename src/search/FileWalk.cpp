@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <system_error>
 
-#include "shell/ErrorText.h"
+#include "text/ErrorText.h"
 #include "text/PlatformFile.h"
 #include "text/UpperCase.h"
 

@@ -10,14 +10,15 @@
 #include "search/EditSelection.h"
 #include "search/FileReplace.h"
 #include "search/FileReport.h"
+#include "search/FileSearchCommand.h"
 #include "search/FileSearch.h"
 #include "search/FindNext.h"
 #include "search/FindPlaces.h"
 #include "search/FindTokens.h"
 #include "search/Highlight.h"
-#include "search/RtfText.h"
-#include "shell/FormState.h"
-#include "shell/ResultFiles.h"
+#include "rtf/RtfText.h"
+#include "shell/workbench/FormKey.h"
+#include "shell/workbench/ResultFiles.h"
 #include "text/DecimalText.h"
 #include "text/LiteralFinder.h"
 #include "text/PlatformFile.h"
@@ -416,9 +417,9 @@ void FindDialog::FilterReplaceHistory(FindView& view) {
 void FindDialog::ShowStoredHistories(const std::function<void(const std::u16string& key)>& pointAt) {
   if (const auto key = workbench_.settings().RegistryKeyOf(kFormSection)) {
     pointAt(*key);
-    workbench_.shell().Run(u"REGEDIT.EXE", u"");
+    workbench_.desktop().Run(u"REGEDIT.EXE", u"");
   } else {
-    workbench_.shell().OpenWithDefaultProgram(workbench_.folders().iniFile);
+    workbench_.desktop().OpenWithDefaultProgram(workbench_.folders().iniFile);
   }
 }
 

@@ -9,20 +9,16 @@
 
 #include "search/ComboHistory.h"
 #include "search/FindState.h"
-#include "shell/DialogPlace.h"
-#include "shell/Workbench.h"
+#include "shell/workbench/DialogPlace.h"
+#include "shell/workbench/Workbench.h"
+#include "text/Interface.h"
 
 namespace scrivanta {
 
 // The controls of the window as far as the logic reads and sets them. The texts of the boxes are as they are shown,
 // with tokens for line breaks and tabs.
-class FindView {
+class FindView : public Interface {
  public:
-  FindView() = default;
-  FindView(const FindView&) = delete;
-  FindView& operator=(const FindView&) = delete;
-  virtual ~FindView() = default;
-
   virtual std::u16string FindBox() const = 0;     // Combo1
   virtual std::u16string ReplaceBox() const = 0;  // Combo2
   virtual void SetFindBox(const std::u16string& text, const std::vector<std::u16string>& list) = 0;

@@ -7,7 +7,7 @@
 
 #include "regexp/RegExp.h"
 #include "search/FindState.h"
-#include "shell/Workbench.h"
+#include "shell/workbench/Workbench.h"
 
 namespace scrivanta {
 

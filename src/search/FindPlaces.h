@@ -7,8 +7,8 @@
 
 #include "regexp/RegExp.h"
 #include "search/FindState.h"
-#include "search/RtfText.h"
-#include "shell/Editor.h"
+#include "rtf/RtfText.h"
+#include "shell/workbench/Editor.h"
 
 namespace scrivanta {
 

@@ -9,7 +9,7 @@
 #include "search/ScrivantaComboBox.h"
 #include "win/DroppedFiles.h"
 #include "win/Registry.h"
-#include "win/WideText.h"
+#include "text/win/WideText.h"
 
 namespace scrivanta {
 

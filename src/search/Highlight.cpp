@@ -3,10 +3,10 @@
 #include <algorithm>
 
 #include "search/EditSelection.h"
-#include "search/RtfEscape.h"
-#include "search/RtfHeader.h"
+#include "rtf/RtfEscape.h"
+#include "rtf/RtfHeader.h"
 #include "search/TextRanges.h"
-#include "shell/ResultFiles.h"
+#include "shell/workbench/ResultFiles.h"
 #include "text/LiteralFinder.h"
 
 namespace scrivanta {

@@ -6,8 +6,8 @@
 #include <string_view>
 #include <vector>
 
-#include "shell/Workbench.h"
-#include "text/RtfByLines.h"
+#include "shell/workbench/Workbench.h"
+#include "rtf/RtfByLines.h"
 
 namespace scrivanta {
 

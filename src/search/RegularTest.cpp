@@ -88,7 +88,7 @@ void RegularTest::Reload(RegularTestView& view) {
 }
 
 void RegularTest::OpenIniFile() {
-  workbench_.shell().OpenWithDefaultProgram(workbench_.folders().iniFile);
+  workbench_.desktop().OpenWithDefaultProgram(workbench_.folders().iniFile);
 }
 
 void RegularTest::FilterHistory(RegularTestView& view) {

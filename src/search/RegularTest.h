@@ -5,18 +5,14 @@
 #include <vector>
 
 #include "search/ComboHistory.h"
-#include "shell/DialogPlace.h"
-#include "shell/Workbench.h"
+#include "shell/workbench/DialogPlace.h"
+#include "shell/workbench/Workbench.h"
+#include "text/Interface.h"
 
 namespace scrivanta {
 
-class RegularTestView {
+class RegularTestView : public Interface {
  public:
-  RegularTestView() = default;
-  RegularTestView(const RegularTestView&) = delete;
-  RegularTestView& operator=(const RegularTestView&) = delete;
-  virtual ~RegularTestView() = default;
-
   virtual std::u16string PatternBox() const = 0;  // Combo1
   virtual void SetPatternBox(const std::u16string& text, const std::vector<std::u16string>& list) = 0;
 

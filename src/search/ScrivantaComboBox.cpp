@@ -1,6 +1,6 @@
 #include "search/ScrivantaComboBox.h"
 
-#include "win/WideText.h"
+#include "text/win/WideText.h"
 
 namespace scrivanta {
 

@@ -7,12 +7,13 @@
 #include "regexp/RegExpExtract.h"
 #include "regexp/RegExpReplace.h"
 #include "search/FileReport.h"
+#include "search/FileSearchCommand.h"
 #include "search/FindDialog.h"
 #include "search/FindNext.h"
 #include "search/FindPlaces.h"
 #include "search/Highlight.h"
 #include "search/RegularTest.h"
-#include "shell/ResultFiles.h"
+#include "shell/workbench/ResultFiles.h"
 #include "text/PlatformFile.h"
 
 namespace scrivanta {
@@ -99,9 +100,9 @@ void mnuGoToThis(Workbench& workbench) {
                                                  .buttons = Buttons::kYesNoCancel,
                                                  .icon = Icon::kQuestion});
   if (answer == Answer::kYes) {
-    workbench.shell().Run(u"notepad.exe", TextOfPath(paths.front()));
+    workbench.desktop().Run(u"notepad.exe", TextOfPath(paths.front()));
   } else if (answer == Answer::kNo) {
-    workbench.shell().OpenWithDefaultProgram(paths.front());
+    workbench.desktop().OpenWithDefaultProgram(paths.front());
   }
 }
 

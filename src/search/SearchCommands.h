@@ -3,7 +3,7 @@
 
 #include "search/FindState.h"
 #include "search/SearchDialogs.h"
-#include "shell/CommandTable.h"
+#include "shell/workbench/CommandTable.h"
 
 namespace scrivanta {
 

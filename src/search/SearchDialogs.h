@@ -1,6 +1,8 @@
 // The windows of the search commands, as the handlers see them: Frm... classes on the real desktop, scripts in tests.
 #pragma once
 
+#include "text/Interface.h"
+
 namespace scrivanta {
 
 class FindDialog;
@@ -9,13 +11,8 @@ class RegularTest;
 // Which box of the find dialog the user is going to fill in.
 enum class FindDialogFocus { kFindText, kReplacement };
 
-class SearchDialogs {
+class SearchDialogs : public Interface {
  public:
-  SearchDialogs() = default;
-  SearchDialogs(const SearchDialogs&) = delete;
-  SearchDialogs& operator=(const SearchDialogs&) = delete;
-  virtual ~SearchDialogs() = default;
-
   // Both are modeless: shown, or brought to the front. The dialogs outlive their windows.
   virtual void ShowFind(FindDialog& dialog, FindDialogFocus focus) = 0;
   virtual void ShowRegularTest(RegularTest& dialog) = 0;

@@ -2,7 +2,7 @@
 
 #include <vector>
 
-#include "shell/Editor.h"
+#include "shell/workbench/Editor.h"
 
 namespace scrivanta {
 

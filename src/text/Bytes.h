@@ -13,6 +13,8 @@
 #include <string_view>
 #include <system_error>
 
+#include "text/Interface.h"
+
 namespace scrivanta {
 
 // A file that could not be opened, read, written or put in place. what() is English; the window makes its own sentence
@@ -32,26 +34,16 @@ class FileError : public std::runtime_error {
 // Why the last call of the C library on a file failed.
 std::error_code LastFileError() noexcept;
 
-class ByteSource {
+class ByteSource : public Interface {
  public:
-  ByteSource() = default;
-  ByteSource(const ByteSource&) = delete;
-  ByteSource& operator=(const ByteSource&) = delete;
-  virtual ~ByteSource() = default;
-
   // Fills the front of the buffer and returns how many bytes it has put there; 0 only at the end. Throws FileError.
   virtual std::size_t Read(std::span<char> buffer) = 0;
   // The whole length in bytes, where it is known.
   virtual std::optional<std::uint64_t> Size() const { return std::nullopt; }
 };
 
-class ByteSink {
+class ByteSink : public Interface {
  public:
-  ByteSink() = default;
-  ByteSink(const ByteSink&) = delete;
-  ByteSink& operator=(const ByteSink&) = delete;
-  virtual ~ByteSink() = default;
-
   // Takes all of the bytes. Throws FileError.
   virtual void Write(std::string_view bytes) = 0;
 };

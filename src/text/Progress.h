@@ -4,6 +4,8 @@
 #include <cstdint>
 #include <exception>
 
+#include "text/Interface.h"
+
 namespace scrivanta {
 
 // Thrown out of Progress::Report when the user has stopped the work. What the work has written so far is thrown away
@@ -13,13 +15,8 @@ class Interrupted : public std::exception {
   const char* what() const noexcept override { return "interrupted"; }
 };
 
-class Progress {
+class Progress : public Interface {
  public:
-  Progress() = default;
-  Progress(const Progress&) = delete;
-  Progress& operator=(const Progress&) = delete;
-  virtual ~Progress() = default;
-
   // Done and total are in any one unit; total is 0 while it is unknown. Called at least every few milliseconds of work
   // (a thousand lines or 64 KiB), from the thread that does it. Throws Interrupted.
   virtual void Report(std::uint64_t done, std::uint64_t total) = 0;

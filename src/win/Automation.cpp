@@ -4,7 +4,7 @@
 #include <stdexcept>
 
 #include "text/Encoding.h"
-#include "win/WideText.h"
+#include "text/win/WideText.h"
 
 namespace scrivanta {
 

@@ -2,8 +2,8 @@
 
 #include "text/Twips.h"
 #include "win/Monitors.h"
-#include "win/PlatformError.h"
-#include "win/WideText.h"
+#include "text/win/PlatformError.h"
+#include "text/win/WideText.h"
 
 namespace scrivanta {
 

@@ -7,7 +7,7 @@
 #include <memory>
 #include <string_view>
 
-#include "win/WideText.h"
+#include "text/win/WideText.h"
 
 namespace scrivanta {
 

@@ -1,7 +1,7 @@
 #include "win/InputBox.h"
 
 #include "win/InputBoxControls.h"
-#include "win/WideText.h"
+#include "text/win/WideText.h"
 
 namespace scrivanta {
 

@@ -1,6 +1,6 @@
 #include "win/MessageBox.h"
 
-#include "win/WideText.h"
+#include "text/win/WideText.h"
 
 namespace scrivanta {
 

@@ -5,7 +5,7 @@
 #include <system_error>
 
 #include "win/Handles.h"
-#include "win/WideText.h"
+#include "text/win/WideText.h"
 
 namespace scrivanta {
 

@@ -5,10 +5,10 @@
 #include <exception>
 #include <limits>
 
-#include "text/StandardRtf.h"
+#include "rtf/StandardRtf.h"
 #include "text/Surrogates.h"
-#include "win/PlatformError.h"
-#include "win/WideText.h"
+#include "text/win/PlatformError.h"
+#include "text/win/WideText.h"
 
 namespace scrivanta {
 

@@ -10,7 +10,7 @@
 #include <string_view>
 
 #include "text/Progress.h"
-#include "text/RtfByLines.h"
+#include "rtf/RtfByLines.h"
 #include "win/Handles.h"
 
 namespace scrivanta {

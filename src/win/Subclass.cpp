@@ -2,7 +2,7 @@
 
 #include <commctrl.h>
 
-#include "win/PlatformError.h"
+#include "text/win/PlatformError.h"
 
 namespace scrivanta {
 

@@ -2,7 +2,7 @@
 
 #include <windows.h>
 
-#include "win/WideText.h"
+#include "text/win/WideText.h"
 
 namespace scrivanta {
 

@@ -1,6 +1,6 @@
 #include "win/Window.h"
 
-#include "win/PlatformError.h"
+#include "text/win/PlatformError.h"
 
 namespace scrivanta {
 

@@ -13,7 +13,7 @@
 #include <variant>
 #include <vector>
 
-#include "shell/Workbench.h"
+#include "shell/workbench/Workbench.h"
 #include "support/TemporaryFolder.h"
 
 namespace scrivanta::testing {
@@ -103,7 +103,7 @@ class ManualClock final : public Clock {
   std::chrono::local_time<std::chrono::milliseconds> now{};
 };
 
-class RecordingShell final : public Shell {
+class RecordingDesktop final : public Desktop {
  public:
   void OpenWithDefaultProgram(const std::filesystem::path& document) override { opened.push_back(document); }
   void Run(const std::u16string& program, const std::u16string& arguments) override {
@@ -145,7 +145,7 @@ class ScriptedWorkbench final : public Workbench {
   ScriptedDocument& document() override { return document_; }
   ScriptedPrompts& prompts() override { return prompts_; }
   MapSettings& settings() override { return settings_; }
-  RecordingShell& shell() override { return shell_; }
+  RecordingDesktop& desktop() override { return desktop_; }
   const ManualClock& clock() const override { return clock_; }
   ManualClock& clock() { return clock_; }
   const Folders& folders() const override { return folders_; }
@@ -169,7 +169,7 @@ class ScriptedWorkbench final : public Workbench {
   ScriptedDocument document_{editor_};
   ScriptedPrompts prompts_;
   MapSettings settings_;
-  RecordingShell shell_;
+  RecordingDesktop desktop_;
   ManualClock clock_;
   Folders folders_;
 };

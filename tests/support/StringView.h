@@ -8,7 +8,7 @@
 #include <string_view>
 #include <vector>
 
-#include "shell/DocumentFile.h"
+#include "shell/document/DocumentFile.h"
 
 namespace scrivanta::testing {
 

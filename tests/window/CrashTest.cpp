@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "shell/RecoveryPlace.h"
+#include "shell/document/RecoveryPlace.h"
 #include "window/driver/LeftBehind.h"
 #include "window/driver/ProgramProcess.h"
 #include "window/driver/Wait.h"

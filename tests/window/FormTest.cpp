@@ -5,7 +5,7 @@
 
 #include <gtest/gtest.h>
 
-#include "shell/ScrivantaForm.h"
+#include "shell/services/ScrivantaForm.h"
 #include "support/ScriptedWorkbench.h"
 #include "win/Handles.h"
 #include "win/Monitors.h"

@@ -6,7 +6,7 @@
 #include <string_view>
 #include <thread>
 
-#include "shell/FrmInterruptControls.h"
+#include "shell/window/FrmInterruptControls.h"
 #include "win/Handles.h"
 #include "window/driver/Wait.h"
 #include "window/driver/WindowProbe.h"

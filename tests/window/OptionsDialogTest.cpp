@@ -1,4 +1,4 @@
-#include "shell/FrmOptionsControls.h"
+#include "shell/window/FrmOptionsControls.h"
 #include "win/Registry.h"
 #include "window/driver/WindowProbe.h"
 #include "window/driver/WindowTest.h"

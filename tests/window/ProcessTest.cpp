@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "shell/FrmMain.h"
+#include "shell/window/FrmMain.h"
 #include "win/Handles.h"
 #include "window/driver/ProgramProcess.h"
 #include "window/driver/StoredSettings.h"

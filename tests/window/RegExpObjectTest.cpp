@@ -7,7 +7,7 @@
 
 #include "regexp/RegExpErrors.h"
 #include "regexp/ScrivantaRegExpObject.h"
-#include "shell/FrmOptionsControls.h"
+#include "shell/window/FrmOptionsControls.h"
 #include "win/ComApartment.h"
 #include "win/Registry.h"
 #include "window/driver/WindowTest.h"

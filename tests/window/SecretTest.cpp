@@ -1,4 +1,4 @@
-// The key dialog and the enciphering commands as a person uses them.
+// The key dialog and the encrypting commands as a person uses them.
 #include "crypto/FrmSecretControls.h"
 #include "text/Bytes.h"
 #include "window/driver/WindowTest.h"
@@ -23,16 +23,16 @@ class SecretTest : public WindowTest {
   }
 };
 
-TEST_F(SecretTest, EnciphersTheSelectionInPlace) {
+TEST_F(SecretTest, EncryptsTheSelectionInPlace) {
   app.Start();
   app.Editor().Insert(u"[A 中文]");
   for (const bool rijndael : {false, true}) {
     app.Editor().SelectText(u"A 中文");
     Run("mnuEncryptSelectedText", u"12", rijndael);
-    const std::u16string enciphered = app.Text();
-    EXPECT_NE(enciphered, u"[A 中文]");
-    EXPECT_EQ(enciphered.starts_with(u"[79 46 "), !rijndael);
-    app.Editor().Select({{1}, enciphered.size() - 2});
+    const std::u16string encrypted = app.Text();
+    EXPECT_NE(encrypted, u"[A 中文]");
+    EXPECT_EQ(encrypted.starts_with(u"[79 46 "), !rijndael);
+    app.Editor().Select({{1}, encrypted.size() - 2});
     Run("mnuDeEncryptSelectedText", u"12", rijndael);
     app.ExpectText(u"[A 中文]");
   }
@@ -57,7 +57,7 @@ TEST_F(SecretTest, HidesTheKeyAndTakesDigitsOnly) {
   app.ExpectText(u"text");
 }
 
-TEST_F(SecretTest, SavesAndOpensEncipheredDocuments) {
+TEST_F(SecretTest, SavesAndOpensEncryptedDocuments) {
   const std::filesystem::path file = folder.path() / "letter.txt";
   app.Start();
   app.Editor().Insert(u"机密\r\n第二行");

@@ -7,7 +7,7 @@
 #include <cstdlib>
 #include <string>
 
-#include "shell/FrmMainControls.h"
+#include "shell/window/FrmMainControls.h"
 #include "win/Handles.h"
 #include "window/driver/WindowProbe.h"
 #include "window/driver/WindowTest.h"

@@ -14,12 +14,12 @@ std::string ExpectRoundTrip(const std::string& pair, const Arguments& options, s
   Arguments decrypt = {pair + "-decrypt"};
   encrypt.insert(encrypt.end(), options.begin(), options.end());
   decrypt.insert(decrypt.end(), options.begin(), options.end());
-  const BatchResult enciphered = RunBatchOn(plaintext, encrypt);
-  EXPECT_EQ(enciphered.status, 0) << enciphered.errors;
-  const BatchResult back = RunBatchOn(enciphered.output, decrypt);
+  const BatchResult encrypted = RunBatchOn(plaintext, encrypt);
+  EXPECT_EQ(encrypted.status, 0) << encrypted.errors;
+  const BatchResult back = RunBatchOn(encrypted.output, decrypt);
   EXPECT_EQ(back.status, 0) << back.errors;
   EXPECT_TRUE(back.output == plaintext) << pair;
-  return enciphered.output;
+  return encrypted.output;
 }
 
 TEST(CipherCommands, GoBothWays) {

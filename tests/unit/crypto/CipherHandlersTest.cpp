@@ -80,16 +80,16 @@ class CipherHandlers : public ::testing::Test {
   CommandTable table_;
 };
 
-TEST_F(CipherHandlers, EncipherTheSelectionBothWays) {
+TEST_F(CipherHandlers, EncryptTheSelectionBothWays) {
   const std::u16string text = u"中文 text\r\n第二行";
   for (const bool rijndael : {false, true}) {
     workbench_.editor().Open(u"[" + text + u"]", {{1}, text.size()});
     dialogs_.script = {{u"20240229", rijndael}, {u"20240229", rijndael}};
     Run("mnuEncryptSelectedText");
-    const std::u16string enciphered = workbench_.editor().Text();
-    EXPECT_EQ(enciphered.find(u"text"), std::u16string::npos);
+    const std::u16string encrypted = workbench_.editor().Text();
+    EXPECT_EQ(encrypted.find(u"text"), std::u16string::npos);
     EXPECT_EQ(workbench_.editor().changes, 1);
-    workbench_.editor().SetSelection({{1}, enciphered.size() - 2});
+    workbench_.editor().SetSelection({{1}, encrypted.size() - 2});
     Run("mnuDeEncryptSelectedText");
     EXPECT_EQ(workbench_.editor().Text(), u"[" + text + u"]");
   }
@@ -173,7 +173,7 @@ TEST_F(CipherHandlers, LeaveASelectionThatIsNoCiphertext) {
   }
 }
 
-TEST_F(CipherHandlers, SaveEncipheredAndKeepThePlaintext) {
+TEST_F(CipherHandlers, SaveEncryptedAndKeepThePlaintext) {
   const std::u16string text = u"机密 \U0001F600\r\ntext";
   OpenSelected(text);
   workbench_.document().changed = true;
@@ -187,7 +187,7 @@ TEST_F(CipherHandlers, SaveEncipheredAndKeepThePlaintext) {
   EXPECT_EQ(workbench_.editor().changes, 0);
   EXPECT_FALSE(workbench_.document().changed);
   EXPECT_FALSE(std::filesystem::exists(WorkingCopyPath()));
-  EXPECT_TRUE(workbench_.document().saver) << "it is kept in the enciphered file now";
+  EXPECT_TRUE(workbench_.document().saver) << "it is kept in the encrypted file now";
 }
 
 TEST_F(CipherHandlers, LeaveADocumentAloneThatHasAFileOfItsOwn) {

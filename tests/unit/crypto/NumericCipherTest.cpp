@@ -35,7 +35,7 @@ TEST(NumericCipher, WritesNumbersToABase) {
   EXPECT_THROW(ToBase(1, 37), std::invalid_argument);
 }
 
-TEST(NumericCipher, EnciphersTheWorkedExamples) {
+TEST(NumericCipher, EncryptsTheWorkedExamples) {
   struct Case {
     std::u16string_view text;
     std::uint64_t key;
@@ -102,7 +102,7 @@ TEST(NumericCipher, TakesKeysOfDigitsThatAreNotTooLarge) {
   EXPECT_THROW(TextEncrypt(u"a", kLargestNumericKey + 1), std::invalid_argument);
 }
 
-TEST(NumericCipher, DeciphersOnlyListsOfNumbers) {
+TEST(NumericCipher, DecryptsOnlyListsOfNumbers) {
   EXPECT_EQ(TextDecrypt(u"  79 76  ", 12), u"AB") << "blanks around the list do not count";
   for (const std::u16string_view text : {u"abc", u"79  76", u"79\t76", u"79\r\n", u"7 9x", u"-", u" ", u"79 - 76",
                                          u"79,76", u"1.5", u"99999999999999", u"2147483648", u"７９"}) {

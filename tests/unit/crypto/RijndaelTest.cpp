@@ -14,7 +14,7 @@ namespace {
 
 using testing::Hex;
 
-enum class Direction { kEncipher, kDecipher };
+enum class Direction { kEncrypt, kDecrypt };
 
 Octets ByOpenSsl(const Octets& key, const Octets& input, Direction direction) {
   const EVP_CIPHER* cipher = key.size() == 16   ? EVP_aes_128_ecb()
@@ -26,7 +26,7 @@ Octets ByOpenSsl(const Octets& key, const Octets& input, Direction direction) {
   int written = 0;
   const bool done =
       EVP_CipherInit_ex(context.get(), cipher, nullptr, key.data(), nullptr,
-                        direction == Direction::kEncipher ? 1 : 0) == 1 &&
+                        direction == Direction::kEncrypt ? 1 : 0) == 1 &&
       EVP_CIPHER_CTX_set_padding(context.get(), 0) == 1 &&
       EVP_CipherUpdate(context.get(), output.data(), &written, input.data(), static_cast<int>(input.size())) == 1;
   EXPECT_TRUE(done && static_cast<std::size_t>(written) == input.size());
@@ -46,19 +46,19 @@ class RijndaelForms : public ::testing::TestWithParam<NamedForm> {
     }
   }
 
-  static Octets Encipher(const Octets& key, const Octets& plaintext) {
+  static Octets Encrypt(const Octets& key, const Octets& plaintext) {
     Octets output(plaintext.size());
-    GetParam().form->encipher(RijndaelKey(key, static_cast<int>(key.size()) * 8), plaintext, output);
+    GetParam().form->encrypt(RijndaelKey(key, static_cast<int>(key.size()) * 8), plaintext, output);
     return output;
   }
-  static Octets Decipher(const Octets& key, const Octets& ciphertext) {
+  static Octets Decrypt(const Octets& key, const Octets& ciphertext) {
     Octets output(ciphertext.size());
-    GetParam().form->decipher(RijndaelKey(key, static_cast<int>(key.size()) * 8), ciphertext, output);
+    GetParam().form->decrypt(RijndaelKey(key, static_cast<int>(key.size()) * 8), ciphertext, output);
     return output;
   }
   static void ExpectPair(const Octets& key, const Octets& plaintext, const Octets& ciphertext) {
-    EXPECT_EQ(Encipher(key, plaintext), ciphertext);
-    EXPECT_EQ(Decipher(key, ciphertext), plaintext);
+    EXPECT_EQ(Encrypt(key, plaintext), ciphertext);
+    EXPECT_EQ(Decrypt(key, ciphertext), plaintext);
   }
 };
 
@@ -107,11 +107,11 @@ TEST_P(RijndaelForms, AgreeOnTheKnownAnswerFamilies) {
   for (const std::size_t keySize : {16U, 24U, 32U}) {
     for (std::size_t bits = 1; bits <= 128; ++bits) {
       const Octets plaintext = firstBits(16, bits);
-      ExpectPair(Octets(keySize), plaintext, ByOpenSsl(Octets(keySize), plaintext, Direction::kEncipher));
+      ExpectPair(Octets(keySize), plaintext, ByOpenSsl(Octets(keySize), plaintext, Direction::kEncrypt));
     }
     for (std::size_t bits = 1; bits <= keySize * 8; ++bits) {
       const Octets key = firstBits(keySize, bits);
-      ExpectPair(key, Octets(16), ByOpenSsl(key, Octets(16), Direction::kEncipher));
+      ExpectPair(key, Octets(16), ByOpenSsl(key, Octets(16), Direction::kEncrypt));
     }
   }
 }
@@ -130,16 +130,16 @@ TEST_P(RijndaelForms, AgreeWithOpenSslOnRandomKeysAndLengths) {
     for (std::size_t blocks = 0; blocks <= 40; ++blocks) {
       const Octets key = randomBytes(keySize);
       Octets bytes = randomBytes(blocks * kRijndaelBlockSize);
-      const Octets enciphered = ByOpenSsl(key, bytes, Direction::kEncipher);
-      EXPECT_EQ(Encipher(key, bytes), enciphered);
-      EXPECT_EQ(Decipher(key, bytes), ByOpenSsl(key, bytes, Direction::kDecipher));
-      GetParam().form->encipher(RijndaelKey(key, static_cast<int>(keySize) * 8), bytes, bytes);
-      EXPECT_EQ(bytes, enciphered);
+      const Octets encrypted = ByOpenSsl(key, bytes, Direction::kEncrypt);
+      EXPECT_EQ(Encrypt(key, bytes), encrypted);
+      EXPECT_EQ(Decrypt(key, bytes), ByOpenSsl(key, bytes, Direction::kDecrypt));
+      GetParam().form->encrypt(RijndaelKey(key, static_cast<int>(keySize) * 8), bytes, bytes);
+      EXPECT_EQ(bytes, encrypted);
     }
   }
 }
 
-// After the published chained test: thousands of encipherments, each of the last one's result, the key changed by the
+// After the published chained test: thousands of encryptions, each of the last one's result, the key changed by the
 // results now and then.
 TEST_P(RijndaelForms, AgreeWithOpenSslAfterThousandsOfChainedBlocks) {
   for (const std::size_t keySize : {16U, 24U, 32U}) {
@@ -148,8 +148,8 @@ TEST_P(RijndaelForms, AgreeWithOpenSslAfterThousandsOfChainedBlocks) {
     for (int round = 0; round < 10; ++round) {
       Octets theirs = ours;
       for (int i = 0; i < 500; ++i) {
-        ours = Encipher(key, ours);
-        theirs = ByOpenSsl(key, theirs, Direction::kEncipher);
+        ours = Encrypt(key, ours);
+        theirs = ByOpenSsl(key, theirs, Direction::kEncrypt);
       }
       ASSERT_EQ(ours, theirs);
       for (std::size_t i = 0; i < keySize; ++i) {

@@ -38,7 +38,7 @@ class CRijndael : public ::testing::Test {
     }
     return text;
   }
-  // What a ciphertext held before it was enciphered.
+  // What a ciphertext held before it was encrypted.
   Octets Raw(std::span<const std::uint8_t> ciphertext) {
     Octets plaintext;
     EXPECT_EQ(cipher_.ArrayDecrypt(plaintext, ciphertext, false), 0);
@@ -153,7 +153,7 @@ TEST_F(CRijndael, GroupsHexadecimalText) {
   EXPECT_THROW(cipher_.StringEncrypt(u"a", u"1", 7, 128), std::invalid_argument);
 }
 
-TEST_F(CRijndael, DeciphersHexadecimalTextOfAnyDress) {
+TEST_F(CRijndael, DecryptsHexadecimalTextOfAnyDress) {
   const std::u16string_view text = u"seventeen letters";
   const std::u16string hex = cipher_.StringEncrypt(text, u"12345", 128, 256);
   std::u16string lower;
@@ -207,7 +207,7 @@ TEST_F(CRijndael, LaysFilesOutByHand) {
 }
 
 // Lengths around the block and around the chunk that files are worked on in.
-TEST_F(CRijndael, EnciphersFilesOfEveryLength) {
+TEST_F(CRijndael, EncryptsFilesOfEveryLength) {
   std::mt19937 random(42);
   for (const std::size_t size : {0U, 1U, 15U, 16U, 17U, 3'999'984U, 3'999'999U, 4'000'000U, 4'000'001U, 8'000'000U}) {
     std::string bytes(size, '\0');
@@ -240,7 +240,7 @@ TEST_F(CRijndael, TellsFilesThatAreNoCiphertext) {
   EXPECT_FALSE(std::filesystem::exists(Path("plain")));
 }
 
-TEST_F(CRijndael, WritesAllThatItDecipheredUnderTheWrongKey) {
+TEST_F(CRijndael, WritesAllThatItDecryptedUnderTheWrongKey) {
   const std::filesystem::path source = folder_.Put("source", std::string(100, 's'));
   cipher_.FileEncryptSimple(source, Path("cipher"), u"right", 256, 256);
   int noticed = 0;
@@ -271,7 +271,7 @@ TEST_F(CRijndael, LeavesTheTailOfALongerTarget) {
   EXPECT_EQ(Bytes("target").substr(16), std::string(24, 't'));
 }
 
-TEST_F(CRijndael, EnciphersAFileOntoItself) {
+TEST_F(CRijndael, EncryptsAFileOntoItself) {
   std::string bytes(9'000'001, '\0');
   std::mt19937 random(7);
   for (char& byte : bytes) {
@@ -322,13 +322,13 @@ TEST(RijndaelStream, ReadsSourcesOfUnknownSize) {
     const std::string bytes(size, 'b');
     Trickle source(bytes);
     StringSink ciphertext;
-    EncipherStream(key, FastestRijndael(), source, ciphertext, progress);
-    Trickle enciphered(ciphertext.bytes());
+    EncryptStream(key, FastestRijndael(), source, ciphertext, progress);
+    Trickle encrypted(ciphertext.bytes());
     StringSink plaintext;
-    EXPECT_EQ(DecipherStream(key, FastestRijndael(), enciphered, plaintext, progress), DecipherOutcome::kDone);
+    EXPECT_EQ(DecryptStream(key, FastestRijndael(), encrypted, plaintext, progress), DecryptOutcome::kDone);
     EXPECT_TRUE(plaintext.bytes() == bytes);
     Trickle cut(std::string_view(ciphertext.bytes()).substr(1));
-    EXPECT_EQ(DecipherStream(key, FastestRijndael(), cut, plaintext, progress), DecipherOutcome::kWrongSize);
+    EXPECT_EQ(DecryptStream(key, FastestRijndael(), cut, plaintext, progress), DecryptOutcome::kWrongSize);
   }
 }
 

@@ -2,8 +2,8 @@
 
 #include <gtest/gtest.h>
 
-#include "lines/DuplicateFilter.h"
-#include "lines/SeenKeys.h"
+#include "lines/duplicates/DuplicateFilter.h"
+#include "lines/duplicates/KeyIndex.h"
 
 namespace scrivanta::testing {
 namespace {
@@ -186,7 +186,7 @@ TEST(DuplicateFilter, AgreesWithAPlainSearch) {
 TEST(DuplicateFilter, AgreesWithAPlainSearchWhereWordsAreFrequent) {
   std::mt19937 random(4);
   for (const unsigned words : {2U, 3U, 12U}) {
-    SeenKeys seen(0);
+    KeyIndex seen(0);
     std::string joined;
     std::size_t repeats = 0;
     for (int i = 0; i < 6'000; ++i) {

@@ -9,10 +9,10 @@
 #include "search/FindNext.h"
 #include "search/FindTokens.h"
 #include "search/Highlight.h"
-#include "search/RtfText.h"
+#include "rtf/RtfText.h"
 #include "search/SearchCommands.h"
 #include "search/TextRanges.h"
-#include "shell/FormState.h"
+#include "shell/services/FormState.h"
 #include "support/ScriptedWorkbench.h"
 
 namespace scrivanta {
@@ -196,12 +196,12 @@ TEST_F(FindDialogTest, ShowsTheHistoriesWhereTheyAreKept) {
   const auto pointAt = [&shown](const std::u16string& key) { shown = key; };
   dialog.ShowStoredHistories(pointAt);
   EXPECT_EQ(shown, u"HKEY\\FormSaveSetting");
-  ASSERT_EQ(workbench.shell().runs.size(), 1U);
-  EXPECT_EQ(workbench.shell().runs[0].first, u"REGEDIT.EXE");
+  ASSERT_EQ(workbench.desktop().runs.size(), 1U);
+  EXPECT_EQ(workbench.desktop().runs[0].first, u"REGEDIT.EXE");
   workbench.settings().inRegistry = false;
   dialog.ShowStoredHistories(pointAt);
-  EXPECT_EQ(workbench.shell().runs.size(), 1U);
-  EXPECT_EQ(workbench.shell().opened, std::vector{workbench.folders().iniFile});
+  EXPECT_EQ(workbench.desktop().runs.size(), 1U);
+  EXPECT_EQ(workbench.desktop().opened, std::vector{workbench.folders().iniFile});
 }
 
 TEST_F(FindDialogTest, ReplacesOnlyASelectionThatIsAMatch) {
@@ -463,8 +463,8 @@ TEST(SearchCommands, OpensTheFileOfTheLine) {
   workbench.prompts().Will(Answer::kYes);
   mnuGoToThis(workbench);
   EXPECT_EQ(workbench.editor().SelectedText(), u"``C:\\a b.txt");
-  ASSERT_EQ(workbench.shell().runs.size(), 1U);
-  EXPECT_EQ(workbench.shell().runs[0].second, u"C:\\a b.txt");
+  ASSERT_EQ(workbench.desktop().runs.size(), 1U);
+  EXPECT_EQ(workbench.desktop().runs[0].second, u"C:\\a b.txt");
 }
 
 }  // namespace

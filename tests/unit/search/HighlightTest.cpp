@@ -2,7 +2,7 @@
 
 #include "search/EditSelection.h"
 #include "search/Highlight.h"
-#include "search/RtfText.h"
+#include "rtf/RtfText.h"
 #include "support/ScriptedWorkbench.h"
 
 namespace scrivanta {

@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "shell/CommandTable.h"
+#include "shell/workbench/CommandTable.h"
 #include "support/ScriptedWorkbench.h"
 #include "text/ExplainedError.h"
 

@@ -4,7 +4,7 @@
 
 #include <gtest/gtest.h>
 
-#include "shell/DocumentFile.h"
+#include "shell/document/DocumentFile.h"
 #include "support/ScriptedWorkbench.h"
 #include "support/StringView.h"
 #include "support/TemporaryFolder.h"
@@ -343,9 +343,9 @@ TEST_F(DocumentFileTest, TheTextOfAFileIsReadWithoutShowingIt) {
   EXPECT_TRUE(document.IsChanged());
 }
 
-class AnothersChangeTest : public DocumentFileTest {
+class ExternalChangeTest : public DocumentFileTest {
  protected:
-  AnothersChangeTest() { document.Load(path); }
+  ExternalChangeTest() { document.Load(path); }
 
   // As another program does, which takes a while.
   void ChangeFile(std::string_view bytes) {
@@ -363,7 +363,7 @@ class AnothersChangeTest : public DocumentFileTest {
   int changes_ = 0;
 };
 
-TEST_F(AnothersChangeTest, IsLoadedAsAChangeThatCanBeUndone) {
+TEST_F(ExternalChangeTest, IsLoadedAsAChangeThatCanBeUndone) {
   document.LookAtFile();
   Edit(u"mine");
   ChangeFile("\xEF\xBB\xBFtheirs\n");
@@ -381,7 +381,7 @@ TEST_F(AnothersChangeTest, IsLoadedAsAChangeThatCanBeUndone) {
   ExpectQuestions(1);
 }
 
-TEST_F(AnothersChangeTest, IsNotReplacedWithoutAnotherQuestion) {
+TEST_F(ExternalChangeTest, IsNotReplacedWithoutAnotherQuestion) {
   ChangeFile("theirs");
   LookAndAnswer(Answer::kNo);
   EXPECT_EQ(Text(), u"old");
@@ -402,7 +402,7 @@ TEST_F(AnothersChangeTest, IsNotReplacedWithoutAnotherQuestion) {
   ExpectQuestions(3);
 }
 
-TEST_F(AnothersChangeTest, IsAskedAboutOnSavingEvenIfTheWindowWasNeverLeft) {
+TEST_F(ExternalChangeTest, IsAskedAboutOnSavingEvenIfTheWindowWasNeverLeft) {
   Edit(u"mine");
   ChangeFile("theirs");
   workbench.prompts().Will(Answer::kYes);
@@ -412,7 +412,7 @@ TEST_F(AnothersChangeTest, IsAskedAboutOnSavingEvenIfTheWindowWasNeverLeft) {
   ExpectQuestions(1);
 }
 
-TEST_F(AnothersChangeTest, ThatChangesNothingIsNoNews) {
+TEST_F(ExternalChangeTest, ThatChangesNothingIsNoNews) {
   Edit(u"new");
   ChangeFile("new");
   document.LookAtFile();
@@ -420,13 +420,13 @@ TEST_F(AnothersChangeTest, ThatChangesNothingIsNoNews) {
   ExpectQuestions(0);
 }
 
-TEST_F(AnothersChangeTest, ToWhatIsNoTextIsNotLoaded) {
+TEST_F(ExternalChangeTest, ToWhatIsNoTextIsNotLoaded) {
   ChangeFile(std::string("a\0b\0", 4));
   EXPECT_THROW(LookAndAnswer(Answer::kYes), ExplainedError);
   EXPECT_EQ(Text(), u"old");
 }
 
-TEST_F(AnothersChangeTest, ADeletedFileIsToldOnceAndWrittenAgain) {
+TEST_F(ExternalChangeTest, ADeletedFileIsToldOnceAndWrittenAgain) {
   std::filesystem::remove(path);
   document.LookAtFile();
   EXPECT_TRUE(document.IsChanged());

@@ -5,7 +5,7 @@
 #include <gtest/gtest.h>
 
 #include "FakeControl.h"
-#include "shell/DocumentHistory.h"
+#include "shell/history/DocumentHistory.h"
 
 namespace scrivanta {
 namespace {

@@ -4,7 +4,7 @@
 
 #include <gtest/gtest.h>
 
-#include "shell/DocumentRecovery.h"
+#include "shell/document/DocumentRecovery.h"
 #include "support/ScriptedWorkbench.h"
 #include "support/StringView.h"
 #include "support/TemporaryFolder.h"
@@ -141,9 +141,9 @@ TEST_F(DocumentRecoveryTest, EachDocumentGetsAWindow) {
   LeaveBehind({}, u"第三个");
   const auto next = StartAndAnswer({Answer::kYes, Answer::kNo, Answer::kYes});
   EXPECT_EQ(next->workbench.editor().Text().substr(0, 1), u"第");
-  ASSERT_EQ(next->workbench.shell().runs.size(), 1U);
+  ASSERT_EQ(next->workbench.desktop().runs.size(), 1U);
 
-  std::u16string snapshot = next->workbench.shell().runs.front().second;
+  std::u16string snapshot = next->workbench.desktop().runs.front().second;
   snapshot = snapshot.substr(1, snapshot.size() - 2);  // the quotes
   const auto other = std::make_unique<Instance>(folder.path() / "recovery");
   EXPECT_TRUE(other->recovery.Restore(snapshot));
@@ -153,7 +153,7 @@ TEST_F(DocumentRecoveryTest, EachDocumentGetsAWindow) {
   EXPECT_EQ(Start()->workbench.prompts().messages.size(), 0U);
 }
 
-TEST_F(DocumentRecoveryTest, AnEncipheredDocumentIsNeverWritten) {
+TEST_F(DocumentRecoveryTest, AnEncryptedDocumentIsNeverWritten) {
   const auto instance = Start();
   instance->Edit(u"秘密");
   instance->recovery.Complete();

@@ -4,7 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "FakeControl.h"
-#include "shell/EditTracker.h"
+#include "shell/history/EditTracker.h"
 
 namespace scrivanta {
 namespace {
@@ -41,7 +41,7 @@ TEST(EditTracker, FindsWhatAPersonDidFromTheSurroundingsAlone) {
       text += u"0123456789";
     }
     FakeControl control(text);
-    ShadowText known(ToDocumentText(text));
+    TextMirror known(ToDocumentText(text));
     control.selection = one.before;
     one.act(control);
     const ControlEdit edit = FindEdit(known, one.before, control);
@@ -62,7 +62,7 @@ TEST(EditTracker, FindsAnyEditByReadingTheWholeText) {
     return std::uniform_int_distribution<std::size_t>(0, bound - 1)(random);
   };
   FakeControl control(u"\U0001F600\U0001F601 and so on");
-  ShadowText known(ToDocumentText(control.text));
+  TextMirror known(ToDocumentText(control.text));
   for (int round = 0; round < 3000; ++round) {
     const ControlRange toldBefore = {{below(control.text.size() + 1)}, below(2)};
     const std::size_t start = below(control.text.size() + 1);
@@ -82,7 +82,7 @@ TEST(EditTracker, FindsAnyEditByReadingTheWholeText) {
 }
 
 TEST(EditTracker, NeverCutsASurrogatePair) {
-  const ShadowText known(u"a\U0001F600b\U0001F600c");
+  const TextMirror known(u"a\U0001F600b\U0001F600c");
   const ControlEdit highHalfAlike = Difference(known, u"a\U0001F601b\U0001F600c");
   EXPECT_EQ(highHalfAlike.removed, u"\U0001F600");
   EXPECT_EQ(highHalfAlike.inserted, u"\U0001F601");
@@ -91,10 +91,10 @@ TEST(EditTracker, NeverCutsASurrogatePair) {
   EXPECT_EQ(lowHalfAlike.inserted, u"\U00020200");
 }
 
-TEST(ShadowText, LineBreaksOfEveryKindBecomeOne) {
+TEST(TextMirror, LineBreaksOfEveryKindBecomeOne) {
   EXPECT_EQ(ToControlText(u"a\r\nb\nc\rd\r\r\n\n"), u"a\rb\rc\rd\r\r\r");
   EXPECT_EQ(ToDocumentText(u"a\r\rb\r"), u"a\r\n\r\nb\r\n");
-  const ShadowText text(u"a\nb");
+  const TextMirror text(u"a\nb");
   EXPECT_EQ(text.Text(), u"a\r\nb");
   EXPECT_EQ(text.Text(TextRange{{2}, 2}), u"\r\nb");
 }

@@ -5,7 +5,7 @@
 #include <string>
 #include <utility>
 
-#include "shell/DocumentHistory.h"
+#include "shell/history/DocumentHistory.h"
 #include "text/Progress.h"
 
 namespace scrivanta {

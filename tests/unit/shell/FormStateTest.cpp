@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "shell/FormState.h"
+#include "shell/services/FormState.h"
 #include "support/ScriptedWorkbench.h"
 
 namespace scrivanta {

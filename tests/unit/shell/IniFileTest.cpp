@@ -3,8 +3,8 @@
 
 #include <gtest/gtest.h>
 
-#include "shell/IniFile.h"
-#include "shell/SettingsStore.h"
+#include "shell/settings/IniFile.h"
+#include "shell/settings/SettingsStore.h"
 #include "support/TemporaryFolder.h"
 #include "text/Bytes.h"
 

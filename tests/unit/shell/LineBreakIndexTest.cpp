@@ -4,7 +4,7 @@
 
 #include <gtest/gtest.h>
 
-#include "shell/LineBreakIndex.h"
+#include "shell/history/LineBreakIndex.h"
 
 namespace scrivanta {
 namespace {

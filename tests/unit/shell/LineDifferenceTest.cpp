@@ -4,7 +4,7 @@
 
 #include <gtest/gtest.h>
 
-#include "shell/LineDifference.h"
+#include "shell/history/LineDifference.h"
 
 namespace scrivanta {
 namespace {

@@ -4,13 +4,13 @@
 
 #include <gtest/gtest.h>
 
-#include "shell/Capitals.h"
-#include "shell/CommandLine.h"
-#include "shell/DateTimeText.h"
-#include "shell/FontLine.h"
-#include "shell/InstanceNumber.h"
-#include "shell/MainLayout.h"
-#include "shell/WindowPlacement.h"
+#include "shell/window/Capitals.h"
+#include "shell/window/CommandLine.h"
+#include "text/DateTimeText.h"
+#include "shell/workbench/FontLine.h"
+#include "shell/window/InstanceNumber.h"
+#include "shell/window/MainLayout.h"
+#include "shell/window/WindowPlacement.h"
 #include "support/ScriptedWorkbench.h"
 #include "text/Twips.h"
 

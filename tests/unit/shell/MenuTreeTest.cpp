@@ -4,7 +4,7 @@
 
 #include <gtest/gtest.h>
 
-#include "shell/MenuTree.h"
+#include "shell/window/MenuTree.h"
 
 namespace scrivanta {
 namespace {

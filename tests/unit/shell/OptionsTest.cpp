@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
-#include "shell/ChosenRegExpEngine.h"
-#include "shell/Options.h"
+#include "shell/window/ChosenRegExpEngine.h"
+#include "shell/window/Options.h"
 #include "support/ScriptedWorkbench.h"
 
 namespace scrivanta {
@@ -20,7 +20,7 @@ class ScriptedDialog final : public OptionsDialog {
 
 class WrappingWindow final : public MainWindow {
  public:
-  RichBox& richBox() override { throw std::logic_error("not asked for"); }
+  EditBox& editBox() override { throw std::logic_error("not asked for"); }
   DocumentFile& documentFile() override { throw std::logic_error("not asked for"); }
   void KeepPlacement() override {}
   void RequestClose() override {}
@@ -41,7 +41,7 @@ TEST(Options, AreKeptAndAppliedOnlyWhenTheUserSaysSo) {
   EXPECT_TRUE(workbench.settings().values.empty());
 
   dialog.answer =
-      Options{.noWrapping = false, .allEnglish = false, .usesRegExpObject = true, .defaultFile = "folder/a.txt"};
+      Options{.wraps = true, .allEnglish = false, .usesRegExpObject = true, .defaultFile = "folder/a.txt"};
   mnuOptions(workbench, window, dialog);
   EXPECT_EQ(window.wraps, true);
   const Settings& settings = workbench.settings();
@@ -49,7 +49,7 @@ TEST(Options, AreKeptAndAppliedOnlyWhenTheUserSaysSo) {
   EXPECT_EQ(settings.Get(u"AllEnglish", Store::kRegistry, u"Settings"), u"0");
 
   const Options before = *dialog.answer;
-  dialog.answer = Options{.noWrapping = true, .allEnglish = false, .defaultFile = {}};
+  dialog.answer = Options{.wraps = false, .allEnglish = false, .defaultFile = {}};
   mnuOptions(workbench, window, dialog);
   EXPECT_EQ(dialog.shown, before);
   EXPECT_EQ(window.wraps, false);

@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
-#include "shell/PortableStore.h"
-#include "shell/SettingsStore.h"
+#include "shell/settings/PortableStore.h"
+#include "shell/settings/SettingsStore.h"
 #include "support/TemporaryFolder.h"
 #include "text/Bytes.h"
 

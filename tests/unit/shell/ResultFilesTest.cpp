@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "shell/ResultFiles.h"
+#include "shell/workbench/ResultFiles.h"
 #include "support/ScriptedWorkbench.h"
 
 namespace scrivanta::testing {

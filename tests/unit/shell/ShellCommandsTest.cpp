@@ -3,9 +3,9 @@
 
 #include <gtest/gtest.h>
 
-#include "shell/MenuTree.h"
-#include "shell/RichBox.h"
-#include "shell/ShellCommands.h"
+#include "shell/window/MenuTree.h"
+#include "shell/workbench/EditBox.h"
+#include "shell/window/ShellCommands.h"
 #include "support/ScriptedWorkbench.h"
 
 namespace scrivanta {
@@ -13,9 +13,9 @@ namespace {
 
 using testing::ScriptedWorkbench;
 
-class RecordingWindow final : public MainWindow, public RichBox {
+class RecordingWindow final : public MainWindow, public EditBox {
  public:
-  RichBox& richBox() override { return *this; }
+  EditBox& editBox() override { return *this; }
   DocumentFile& documentFile() override { throw std::logic_error("no document"); }
   void KeepPlacement() override { done.emplace_back("keep placement"); }
   void RequestClose() override { done.emplace_back("close"); }
@@ -126,17 +126,17 @@ TEST_F(ShellCommandsTest, SelectAll) {
 TEST_F(ShellCommandsTest, ANewInstanceIsThisProgramAgain) {
   Run("mnuNew");
   EXPECT_EQ(window.done, (std::vector<std::string>{"keep placement"}));
-  ASSERT_EQ(workbench.shell().runs.size(), 1U);
-  EXPECT_TRUE(workbench.shell().runs[0].first.ends_with(u"/program/Scrivanta.exe"));
+  ASSERT_EQ(workbench.desktop().runs.size(), 1U);
+  EXPECT_TRUE(workbench.desktop().runs[0].first.ends_with(u"/program/Scrivanta.exe"));
 }
 
 TEST_F(ShellCommandsTest, CalculatorAndHelp) {
   Run("mnuCalculator");
-  ASSERT_EQ(workbench.shell().runs.size(), 1U);
-  EXPECT_EQ(workbench.shell().runs[0].first, u"CALC.EXE");
+  ASSERT_EQ(workbench.desktop().runs.size(), 1U);
+  EXPECT_EQ(workbench.desktop().runs[0].first, u"CALC.EXE");
   Run("mnuHowToUse");
-  ASSERT_EQ(workbench.shell().opened.size(), 1U);
-  EXPECT_EQ(workbench.shell().opened[0], workbench.folders().program / "Scrivanta.rtf");
+  ASSERT_EQ(workbench.desktop().opened.size(), 1U);
+  EXPECT_EQ(workbench.desktop().opened[0], workbench.folders().program / "Scrivanta.rtf");
 }
 
 }  // namespace

@@ -5,10 +5,10 @@
 
 #include <gtest/gtest.h>
 
-#include "shell/RecoveryPlace.h"
-#include "shell/Snapshot.h"
-#include "shell/SnapshotSchedule.h"
-#include "shell/SnapshotWriter.h"
+#include "shell/document/RecoveryPlace.h"
+#include "shell/document/Snapshot.h"
+#include "shell/document/SnapshotSchedule.h"
+#include "shell/document/SnapshotWriter.h"
 #include "support/TemporaryFolder.h"
 #include "text/Bytes.h"
 

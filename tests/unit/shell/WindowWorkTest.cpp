@@ -3,7 +3,7 @@
 
 #include <gtest/gtest.h>
 
-#include "shell/WindowWork.h"
+#include "shell/window/WindowWork.h"
 #include "support/ScriptedWorkbench.h"
 
 namespace scrivanta {

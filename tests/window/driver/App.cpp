@@ -10,11 +10,11 @@
 #include <optional>
 
 #include "ScrivantaApp.h"
-#include "shell/FrmMain.h"
-#include "shell/FrmMainControls.h"
-#include "shell/MenuTree.h"
+#include "shell/window/FrmMain.h"
+#include "shell/window/FrmMainControls.h"
+#include "shell/window/MenuTree.h"
 #include "win/InputBoxControls.h"
-#include "win/WideText.h"
+#include "text/win/WideText.h"
 #include "window/driver/Drop.h"
 #include "window/driver/Keyboard.h"
 #include "window/driver/Wait.h"

@@ -17,7 +17,7 @@
 #include <thread>
 #include <vector>
 
-#include "shell/Prompts.h"
+#include "shell/workbench/Prompts.h"
 #include "window/driver/DialogDriver.h"
 #include "window/driver/EditBoxDriver.h"
 #include "window/driver/FileDialogDriver.h"

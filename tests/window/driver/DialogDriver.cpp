@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <array>
 
-#include "win/WideText.h"
+#include "text/win/WideText.h"
 #include "window/driver/Wait.h"
 #include "window/driver/WindowProbe.h"
 

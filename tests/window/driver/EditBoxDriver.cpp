@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "win/WideText.h"
+#include "text/win/WideText.h"
 #include "window/driver/Wait.h"
 #include "window/driver/WindowProbe.h"
 

@@ -8,7 +8,7 @@
 
 #include <string>
 
-#include "shell/Editor.h"
+#include "shell/workbench/Editor.h"
 
 namespace scrivanta {
 

@@ -2,7 +2,7 @@
 
 #include <filesystem>
 
-#include "shell/ScrivantaDesktop.h"
+#include "shell/window/ScrivantaDesktop.h"
 #include "text/Bytes.h"
 #include "window/driver/Wait.h"
 

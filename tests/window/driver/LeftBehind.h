@@ -3,8 +3,8 @@
 
 #include <optional>
 
-#include "shell/Prompts.h"
-#include "shell/Snapshot.h"
+#include "shell/workbench/Prompts.h"
+#include "shell/document/Snapshot.h"
 
 namespace scrivanta {
 

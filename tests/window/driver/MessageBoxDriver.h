@@ -5,7 +5,7 @@
 
 #include <functional>
 
-#include "shell/Prompts.h"
+#include "shell/workbench/Prompts.h"
 
 namespace scrivanta {
 

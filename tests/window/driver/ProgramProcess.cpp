@@ -3,10 +3,10 @@
 #include <algorithm>
 #include <vector>
 
-#include "shell/FrmMain.h"
-#include "shell/FrmMainControls.h"
-#include "shell/MenuTree.h"
-#include "win/WideText.h"
+#include "shell/window/FrmMain.h"
+#include "shell/window/FrmMainControls.h"
+#include "shell/window/MenuTree.h"
+#include "text/win/WideText.h"
 #include "window/driver/TestFiles.h"
 #include "window/driver/Wait.h"
 #include "window/driver/WindowProbe.h"

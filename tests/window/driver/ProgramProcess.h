@@ -8,7 +8,7 @@
 #include <string>
 #include <string_view>
 
-#include "shell/Prompts.h"
+#include "shell/workbench/Prompts.h"
 #include "win/Handles.h"
 #include "window/driver/FileDialogDriver.h"
 #include "window/driver/MessageBoxDriver.h"

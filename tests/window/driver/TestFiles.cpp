@@ -8,7 +8,7 @@
 
 #include <gtest/gtest.h>
 
-#include "win/WideText.h"
+#include "text/win/WideText.h"
 #include "window/driver/Wait.h"
 
 namespace scrivanta {

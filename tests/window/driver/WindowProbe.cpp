@@ -4,7 +4,7 @@
 #include <array>
 #include <cstdint>
 
-#include "win/WideText.h"
+#include "text/win/WideText.h"
 #include "window/driver/Wait.h"
 
 namespace scrivanta {

@@ -9,7 +9,7 @@
 #include <filesystem>
 #include <string>
 
-#include "win/WideText.h"
+#include "text/win/WideText.h"
 #include "window/driver/FirstRun.h"
 #include "window/driver/ProgramProcess.h"
 #include "window/driver/Screenshot.h"

@@ -21,9 +21,9 @@
 #include "lines/LineCommands.h"
 #include "lines/SortDialog.h"
 #include "search/SearchCommands.h"
-#include "shell/Capitals.h"
-#include "shell/FontLine.h"
-#include "shell/FrmOptionsControls.h"
+#include "shell/window/Capitals.h"
+#include "shell/workbench/FontLine.h"
+#include "shell/window/FrmOptionsControls.h"
 #include "text/Surrogates.h"
 #include "window/driver/Wait.h"
 #include "window/driver/WindowProbe.h"
@@ -166,7 +166,7 @@ const std::vector<Soak::Kind>& Soak::Kinds() {
                                            {"delete lines", 4, &Soak::DeleteLines},
                                            {"sort", 4, &Soak::Sort},
                                            {"shuffle", 2, &Soak::Shuffle},
-                                           {"encipher", 2, &Soak::Encipher},
+                                           {"encrypt", 2, &Soak::Encrypt},
                                            {"undo", 16, &Soak::Undo},
                                            {"redo", 8, &Soak::Redo},
                                            {"save and open", 2, &Soak::SaveAndOpen},
@@ -340,7 +340,7 @@ void Soak::Shuffle() {
 }
 
 // And back. The numeric cipher refuses characters that GBK lacks.
-void Soak::Encipher() {
+void Soak::Encrypt() {
   if (selection_.empty()) {
     return;
   }

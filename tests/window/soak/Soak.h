@@ -12,7 +12,7 @@
 #include <variant>
 #include <vector>
 
-#include "shell/CommandTable.h"
+#include "shell/workbench/CommandTable.h"
 #include "support/ScriptedWorkbench.h"
 #include "window/driver/App.h"
 #include "window/driver/TestFiles.h"
@@ -63,7 +63,7 @@ class Soak {
   void DeleteLines();
   void Sort();
   void Shuffle();
-  void Encipher();
+  void Encrypt();
   void Undo();
   void Redo();
   void SaveAndOpen();

@@ -1,0 +1,122 @@
+// The document as a file: loading and saving in the format it came in, the path, the changed flag and the questions
+// before a changed document is given up. The window only shows texts and hands them out.
+#pragma once
+
+#include <filesystem>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+
+#include "shell/workbench/Document.h"
+#include "shell/document/FileOnDisk.h"
+#include "shell/document/Snapshot.h"
+#include "shell/workbench/Workbench.h"
+#include "text/DocumentFormat.h"
+#include "text/Interface.h"
+
+namespace scrivanta {
+
+// The window as the document sees it.
+class DocumentView : public Interface {
+ public:
+  // Show a new document: nothing to undo, the caret at its beginning. False when the bytes are no rich text: what was
+  // shown stays.
+  virtual void ShowDocument(std::u16string_view text) = 0;
+  virtual bool ShowRichDocument(std::string_view rtf) = 0;
+  virtual std::string DocumentRtf() const = 0;
+  // Whether the document may have formatting that its text alone would lose.
+  virtual bool HasFormatting() const = 0;
+  // Nothing when the bytes are no rich text.
+  virtual std::optional<std::u16string> TextOfRtf(std::string_view rtf) = 0;
+
+  virtual void SetReadOnly(bool readOnly) = 0;
+  // The document has been changed; or it is safe, or given up: it counts as unchanged.
+  virtual void NoteChanged(bool isChanged) = 0;
+
+  // In the first status panel and in the caption; an empty path is an untitled document.
+  virtual void ShowPath(const std::filesystem::path& path) = 0;
+  // The file has been opened or saved. Not called for an encrypted document, which leaves no trace of its name.
+  virtual void NoteUse(const std::filesystem::path& path) = 0;
+  // In percent; nothing hides the progress bar.
+  virtual void ShowProgressBar(std::optional<int> percent) = 0;
+};
+
+class DocumentFile final : public Document {
+ public:
+  DocumentFile(Workbench& workbench, DocumentView& view) : workbench_(workbench), view_(view) {}
+
+  // Loads a file in place of the document; rich text when its name ends in ".RTF". Line breaks in the path are dropped:
+  // it may come from a line of text. What is no text opens after a question, and read-only. Throws FileError or
+  // ExplainedError, and the document stays as it was.
+  void Load(const std::filesystem::path& path);
+  // Saves under the path, which gets the extension ".Txt" when it has none and is the document's from then on. Text
+  // that the encoding lacks is asked about once. Returns whether the document has been saved. Throws FileError, and the
+  // file stays as it was.
+  bool SaveTo(const std::filesystem::path& path);
+
+  void OpenAsked();
+  void OpenDropped(std::span<const std::filesystem::path> paths);
+  void Save();
+  // Whether the document has been saved.
+  bool SaveAs();
+  // Asks whether to save a changed document before the program ends; false when it is not to end.
+  bool MayClose();
+
+  void NoteChange() { SetChanged(true); }
+
+  // To be called when the user comes back to the window: tells what another program has done to the file meanwhile, and
+  // asks which text is to stay. The other one is not lost: what is shown can be undone, what is in the file is replaced
+  // only after another question. Throws FileError or ExplainedError, and the document stays as it is.
+  void LookAtFile();
+
+  // Whether it is saved by a saver of its own: its text must not lie on the disk in any other way.
+  bool IsEncrypted() const noexcept { return saver_ != nullptr; }
+  // The document as it is now, but for the time.
+  Snapshot Capture() const;
+  // Puts the document in the place of the one that is shown: changed, with nothing to undo. Throws ExplainedError when
+  // its rich text is none.
+  void Restore(const Snapshot& snapshot);
+  // Nothing when its rich text is none.
+  std::optional<std::u16string> TextOf(const Snapshot& snapshot);
+  // Whether saving the snapshot's document would write what its file holds already.
+  bool IsInItsFile(const Snapshot& snapshot);
+
+  std::filesystem::path Path() const override { return path_; }
+  bool IsChanged() const override { return isChanged_; }
+  void MarkUnchanged() override { SetChanged(false); }
+  bool OfferToSave() override;
+  void ShowNew(std::u16string_view text, DocumentSaver saver) override;
+  void SaveThrough(DocumentSaver saver) override;
+  std::u16string TextOfFile(const std::filesystem::path& path) override;
+
+ private:
+  // What a cancelled file dialog means when the document has no name to be saved under.
+  enum class WithoutName { kGoOn, kCancel };
+
+  bool OfferToSave(const std::u16string& filter, WithoutName withoutName);
+  bool SaveForQuestion(const std::u16string& filter, WithoutName withoutName);
+  void SetChanged(bool isChanged);
+  bool ConfirmBinary(const std::filesystem::path& path);
+  bool ChooseEncoding(std::u16string_view text);
+  // What saving would write; the text counts when the document is a plain one.
+  std::string BytesOf(std::u16string_view text) const;
+  void OfferToReload();
+  void Reload(std::string_view bytes);
+  enum class OverAnothers { kSave, kSaveAs, kCancel };
+  OverAnothers AskAboutAnothers();
+  void TakeOver(FileOnDisk file, const std::filesystem::path& path, const DocumentFormat& format);
+  static std::string ReadFile(const std::filesystem::path& path, Progress& progress);
+  void WriteFile(std::string_view bytes, Progress& progress);
+
+  Workbench& workbench_;
+  DocumentView& view_;
+  std::filesystem::path path_;
+  FileOnDisk file_;
+  DocumentFormat format_;
+  DocumentSaver saver_;
+  bool isReadOnly_ = false;
+  bool isChanged_ = false;
+};
+
+}  // namespace scrivanta

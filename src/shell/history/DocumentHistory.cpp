@@ -1,0 +1,191 @@
+#include "shell/history/DocumentHistory.h"
+
+#include <algorithm>
+#include <ranges>
+#include <utility>
+
+#include "shell/history/EditTracker.h"
+#include "shell/history/LineDifference.h"
+
+namespace scrivanta {
+namespace {
+
+void Make(std::span<const ControlEdit> edits, TextMirror& text) {
+  for (const ControlEdit& edit : edits) {
+    text.Replace(edit.removedRange(), edit.inserted);
+  }
+}
+
+// The edits that undo these.
+std::vector<ControlEdit> Reversed(std::span<const ControlEdit> edits) {
+  std::vector<ControlEdit> reversed;
+  reversed.reserve(edits.size());
+  for (const ControlEdit& edit : edits | std::views::reverse) {
+    reversed.push_back(Reversed(edit));
+  }
+  return reversed;
+}
+
+UndoElement Entry(const TextMirror& text, ControlRange selection) {
+  UndoElement element{text.Text(), static_cast<std::int32_t>(text.breaks().ToText(selection.end()).value), 0};
+  element.TextLen = static_cast<std::int32_t>(element.Text.size());
+  return element;
+}
+
+}  // namespace
+
+void DocumentHistory::Reset(const ControlView& control) {
+  text_ = TextMirror();
+  text_.Replace({}, control.Read({{0}, control.Length()}));
+  selection_ = control.Selection();
+  history_.Clear(selection_);
+}
+
+void DocumentHistory::NoteSelection(const ControlView& control) {
+  if (control.Length() != text_.length()) {
+    return;
+  }
+  const ControlRange selection = control.Selection();
+  if (selection != selection_) {
+    history_.Seal();
+    selection_ = selection;
+  }
+}
+
+bool DocumentHistory::NoteChange(const ControlView& control, Time now) {
+  ControlEdit edit = FindEdit(text_, selection_, control);
+  const ControlRange before = std::exchange(selection_, control.Selection());
+  if (edit.empty()) {
+    return false;
+  }
+  TakeUp({&edit, 1});
+  history_.Record(std::move(edit), before, selection_, now);
+  return true;
+}
+
+void DocumentHistory::NoteRebuild(const ControlView& control, RichText before, bool hasFormatting) {
+  std::vector<ControlEdit> edits;
+  ControlEdit edit = FindEditByWholeText(text_, control);
+  if (!edit.empty()) {
+    TakeUp({&edit, 1});
+    edits = SplitByLines(std::move(edit));
+  }
+  const ControlRange selectionBefore = std::exchange(selection_, control.Selection());
+  if (!edits.empty() || before || hasFormatting) {
+    history_.RecordRebuild(std::move(edits), std::move(before), selectionBefore, selection_);
+  }
+}
+
+void DocumentHistory::BeginCommand(const ControlView& control) {
+  NoteSelection(control);
+  history_.BeginCommand(selection_);
+}
+
+void DocumentHistory::EndCommand(const ControlView& control) {
+  NoteSelection(control);
+  history_.EndCommand(selection_);
+}
+
+bool DocumentHistory::Undo(UndoTarget& target) {
+  if (!canUndo()) {
+    return false;
+  }
+  const std::vector<ControlEdit>& lastEdits = history_.done().back().edits;
+  CatchUp(target, lastEdits.empty() ? ControlRange{} : lastEdits.back().insertedRange());
+  const UndoStep& step = history_.done().back();
+  if (step.rebuilds) {
+    history_.KeepAfter(target.Capture());
+  }
+  std::vector<ControlEdit> edits = Reversed(step.edits);
+  std::span<const ControlEdit> rest = edits;
+  if (step.before) {
+    const std::size_t rebuilt = edits.size() - step.editsBefore;
+    Rebuild(target, step.before, rest.first(rebuilt));
+    rest = rest.subspan(rebuilt);
+  } else if (step.after) {
+    Rebuild(target, nullptr, std::exchange(rest, {}));
+  }
+  Replay(target, rest);
+  target.Select(step.selectionBefore);
+  selection_ = target.Selection();
+  history_.MoveToUndone();
+  return true;
+}
+
+bool DocumentHistory::Redo(UndoTarget& target) {
+  if (!canRedo()) {
+    return false;
+  }
+  const std::vector<ControlEdit>& firstEdits = history_.undone().back().edits;
+  CatchUp(target, firstEdits.empty() ? ControlRange{} : firstEdits.front().removedRange());
+  if (!canRedo()) {  // what was caught up on is a new change
+    return false;
+  }
+  const UndoStep& step = history_.undone().back();
+  if (step.rebuilds) {
+    history_.KeepBefore(target.Capture());
+  }
+  if (step.before || step.after) {
+    Rebuild(target, step.after, step.edits);
+  } else {
+    Replay(target, step.edits);
+  }
+  target.Select(step.selectionAfter);
+  selection_ = target.Selection();
+  history_.MoveToDone();
+  return true;
+}
+
+// A change that nobody has told of becomes a step of its own.
+void DocumentHistory::CatchUp(const ControlView& control, ControlRange place) {
+  history_.Seal();
+  if (!LooksTheSame(text_, control, place)) {
+    ControlEdit edit = FindEditByWholeText(text_, control);
+    if (!edit.empty()) {
+      TakeUp({&edit, 1});
+      const ControlRange selectionBefore = std::exchange(selection_, control.Selection());
+      history_.Record(std::move(edit), selectionBefore, selection_, {});
+      history_.Seal();
+    }
+  }
+}
+
+void DocumentHistory::TakeUp(std::span<const ControlEdit> edits) {
+  Make(edits, text_);
+}
+
+void DocumentHistory::Replay(UndoTarget& target, std::span<const ControlEdit> edits) {
+  target.Replace(edits);
+  TakeUp(edits);
+}
+
+// Rich text can come back with a line break more at its end than it went out with.
+void DocumentHistory::Rebuild(UndoTarget& target, const RichText& richText, std::span<const ControlEdit> edits) {
+  TextMirror text = text_;  // the known text stays as it is until the control has changed
+  Make(edits, text);
+  target.Rebuild(richText, text.Text());
+  text_ = std::move(text);
+  const ControlEdit wrong = FindEditByWholeText(text_, target);
+  if (!wrong.empty()) {
+    const ControlEdit right = Reversed(wrong);
+    target.Replace({&right, 1});
+  }
+}
+
+UndoElement DocumentHistory::UndoEntry(std::size_t index) const {
+  TextMirror text = text_;
+  for (const UndoStep& step : history_.done() | std::views::drop(index) | std::views::reverse) {
+    Make(Reversed(step.edits), text);
+  }
+  return Entry(text, index == 0 ? history_.startSelection() : history_.done()[index - 1].selectionAfter);
+}
+
+UndoElement DocumentHistory::RedoEntry(std::size_t index) const {
+  TextMirror text = text_;
+  for (const UndoStep& step : history_.undone() | std::views::drop(index) | std::views::reverse) {
+    Make(step.edits, text);
+  }
+  return Entry(text, history_.undone()[index].selectionAfter);
+}
+
+}  // namespace scrivanta

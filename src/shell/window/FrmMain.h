@@ -1,0 +1,140 @@
+// The main window: start-up, menu, layout, keys, tray icon and shut-down. It is the workbench of the commands, on real
+// controls.
+#pragma once
+
+#include <windows.h>
+
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+
+#include "shell/workbench/CommandTable.h"
+#include "shell/document/DocumentFile.h"
+#include "shell/document/DocumentRecovery.h"
+#include "shell/window/FrmMainBars.h"
+#include "shell/window/FrmMainBusy.h"
+#include "shell/window/FrmMainEditor.h"
+#include "shell/window/FrmMainLook.h"
+#include "shell/window/FrmMainPrompts.h"
+#include "shell/window/MainWindow.h"
+#include "shell/window/ScrivantaDesktop.h"
+#include "shell/window/WindowWork.h"
+#include "win/Subclass.h"
+#include "win/TrayIcon.h"
+#include "win/Window.h"
+
+namespace scrivanta {
+
+inline constexpr wchar_t kMainWindowClass[] = L"ScrivantaMain";
+inline constexpr char16_t kProgramTitle[] = u"Scrivanta";
+
+class FrmMain final : public Window, public Workbench, public MainWindow, private DocumentView {
+ public:
+  FrmMain(WindowHost& host, Folders folders, Settings& settings, const RegExpEngine& regExpEngine,
+          const CommandTable& commands);
+
+  // Makes the window, shows it and opens the document of the command line, or the one that the options name when the
+  // command line is empty.
+  void Open(std::u16string_view commandLine);
+
+  // Another window after each change of the whole text.
+  HWND editBoxHandle() const noexcept { return editor_.box(); }
+
+  Editor& editor() override { return editor_; }
+  Document& document() override { return documentFile_; }
+  Prompts& prompts() override { return prompts_; }
+  Settings& settings() override { return settings_; }
+  Desktop& desktop() override { return desktop_; }
+  const Clock& clock() const override { return clock_; }
+  const Folders& folders() const override { return folders_; }
+  const RegExpEngine& regExpEngine() const override { return regExpEngine_; }
+  std::unique_ptr<BusyWork> StartWork() override { return work_.Start(); }
+  void ShowStatus(const std::u16string& text) override { bars_.SetRemark(text); }
+
+  EditBox& editBox() override { return editor_; }
+  DocumentFile& documentFile() override { return documentFile_; }
+  void KeepPlacement() override;
+  void RequestClose() override;
+  void SetWordWrap(bool wraps) override { editor_.SetWordWrap(wraps); }
+  void Undo() override { editor_.Undo(); }
+  void Redo() override { editor_.Redo(); }
+
+ private:
+  LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
+  std::optional<LRESULT> OnStateMessage(UINT message, WPARAM wParam, LPARAM lParam);
+  std::optional<LRESULT> OnEditBoxMessage(UINT message, WPARAM wParam, LPARAM lParam);
+  bool OnEditBoxKey(WPARAM key);
+  void OnCommand(int id, int notification);
+  void OnSize(WPARAM kind);
+  void OnTrayClick();
+  void HandFocusOn();
+  void OnDrop(HDROP drop);
+  void OnClose();
+  void OfferToStopAndClose();
+  bool MayEndSession();
+  bool MayClose();
+  void OnTimer(UINT_PTR timer);
+  void OnSnapshotTimer();
+  void OnIdleTimer();
+  void LookAtFileSoon(bool isActivated);
+  void OnLookAtFile();
+
+  void ShowDocument(std::u16string_view text) override { editor_.ShowDocument(text); }
+  bool ShowRichDocument(std::string_view rtf) override { return editor_.ShowRichDocument(rtf); }
+  std::string DocumentRtf() const override { return editor_.Rtf(); }
+  bool HasFormatting() const override { return editor_.HasFormatting(); }
+  std::optional<std::u16string> TextOfRtf(std::string_view rtf) override { return editor_.TextOfRtf(rtf); }
+  void SetReadOnly(bool readOnly) override { editor_.SetReadOnly(readOnly); }
+  void NoteChanged(bool isChanged) override;
+  void ShowPath(const std::filesystem::path& path) override;
+  void NoteUse(const std::filesystem::path& path) override { desktop_.NoteRecentDocument(path); }
+  void ShowProgressBar(std::optional<int> percent) override { bars_.ShowProgress(percent); }
+
+  void MakeControls();
+  void TakeUpEditBox();
+  // Colours, fonts or the resolution of the screen are others now.
+  void RefreshLook(UINT dotsPerInch);
+  void TellControls(UINT message, WPARAM wParam, LPARAM lParam) const;
+  void RestoreSettings();
+  // While an input method composes text, keys are its own.
+  void SetComposing(bool composing);
+  void FinishComposition() const;
+  void RunCommand(int commandId);
+  // Runs what is no command of the menu; whatever it throws becomes one message box. False when it has thrown.
+  bool RunGuarded(const std::function<void()>& action);
+  void LayOut();
+  void RefreshMenu();
+  void HandleEditorChange();
+  void HandleEditorSelection();
+  WorkbenchState State() const;
+  HWND PromptOwner() const;
+  std::u16string Caption() const;
+
+  Settings& settings_;
+  const RegExpEngine& regExpEngine_;
+  const CommandTable& commands_;
+  HICON icon_;
+  WindowClass windowClass_;
+  UINT taskbarCreated_;
+  Folders folders_;
+  ScrivantaClock clock_;
+  ScrivantaDesktop desktop_;
+  FrmMainPrompts prompts_;
+  FrmMainBars bars_;
+  FrmMainLook look_;
+  FrmMainEditor editor_;
+  FrmMainBusy busy_;
+  WindowWork work_{busy_, clock_};
+  DocumentFile documentFile_{*this, *this};
+  DocumentRecovery recovery_{*this, documentFile_};
+  std::optional<TrayIcon> trayIcon_;
+  std::optional<Subclass> editBoxKeys_;
+  std::u16string untitledCaption_;
+  WorkbenchState shownState_;
+  bool isComposing_ = false;
+  bool isClosingAsked_ = false;
+  bool mayEndSession_ = false;
+};
+
+}  // namespace scrivanta

@@ -1,0 +1,66 @@
+// The rich edit control of the document, counted in ControlPos: what can be read of it, and replacing parts or the
+// whole of it fast.
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <optional>
+#include <span>
+
+#include "shell/history/DocumentHistory.h"
+#include "shell/workbench/Workbench.h"
+#include "win/FreshRichEdit.h"
+#include "win/RichEdit.h"
+
+namespace scrivanta {
+
+// None of its changes sends a notification or is drawn before it is done. The whole is loaded into a new control, which
+// then takes the place of the old one: until then nothing has changed, so whatever is thrown leaves the document as it
+// was. Loading is work that the user can watch and interrupt.
+class FrmMainControl final : public UndoTarget {
+ public:
+  struct Host {
+    std::function<std::unique_ptr<BusyWork>()> startWork;
+    // The control is another window now.
+    std::function<void()> onNewWindow;
+  };
+
+  FrmMainControl(RichEdit& box, Host host) : box_(box), host_(std::move(host)) {}
+
+  std::size_t Length() const override { return box_.Length(); }
+  ControlRange Selection() const override;
+  std::u16string Read(ControlRange range) const override;
+
+  void Replace(std::span<const ControlEdit> edits) override;
+  RichText Capture() const override;
+  void Rebuild(const RichText& richText, std::u16string_view documentText) override;
+  void Select(ControlRange range) override;
+
+  // The whole anew, from its beginning: without formatting; from the bytes of a rich text. False when they are none,
+  // and nothing is changed.
+  void LoadText(std::u16string_view text);
+  bool LoadRtf(std::string_view bytes);
+  void LoadRtf(const RtfByLines& rtf);
+
+  // What another text would be like in the control. The text of a rich text, nothing when the bytes are none; and the
+  // lines that a text is wrapped to.
+  std::optional<std::u16string> TextOfRtf(std::string_view bytes);
+  std::size_t CountLines(std::u16string_view controlText);
+
+  static bool IsRichText(std::string_view bytes);
+  // Whether the text may have formatting of its own, which a change of the whole as plain text would lose.
+  bool hasFormatting() const noexcept { return hasFormatting_; }
+  void NoteFormatting() noexcept { hasFormatting_ = true; }
+
+  static CHARRANGE ToPlatform(ControlRange range);
+
+ private:
+  void ReplaceWhole(std::span<const ControlEdit> edits);
+  void Show(FreshRichEdit& fresh, bool hasFormatting);
+
+  RichEdit& box_;
+  Host host_;
+  bool hasFormatting_ = false;
+};
+
+}  // namespace scrivanta

@@ -1,0 +1,257 @@
+#include "shell/window/FrmMainEditor.h"
+
+#include <algorithm>
+#include <chrono>
+#include <cmath>
+
+#include "shell/window/FrmMainControls.h"
+#include "win/Clipboard.h"
+#include "text/win/WideText.h"
+
+namespace scrivanta {
+
+namespace {
+
+constexpr DWORD kBoxStyle =
+    WS_VSCROLL | WS_HSCROLL | WS_BORDER | ES_MULTILINE | ES_AUTOHSCROLL | ES_AUTOVSCROLL | ES_NOHIDESEL | ES_WANTRETURN;
+constexpr LONG kTwipsPerPoint = 20;
+
+struct EffectBits {
+  DWORD mask;
+  DWORD effect;
+};
+
+EffectBits BitsOf(TextEffect effect) {
+  switch (effect) {
+    case TextEffect::kBold:
+      return {CFM_BOLD, CFE_BOLD};
+    case TextEffect::kItalic:
+      return {CFM_ITALIC, CFE_ITALIC};
+    case TextEffect::kUnderline:
+      break;
+  }
+  return {CFM_UNDERLINE, CFE_UNDERLINE};
+}
+
+CHARFORMAT2W ToControl(const FontDescription& font) {
+  CHARFORMAT2W format{};
+  format.cbSize = sizeof(format);
+  format.dwMask = CFM_FACE | CFM_SIZE | CFM_COLOR | CFM_BOLD | CFM_ITALIC | CFM_UNDERLINE | CFM_STRIKEOUT | CFM_CHARSET;
+  format.dwEffects = (font.bold ? CFE_BOLD : 0) | (font.italic ? CFE_ITALIC : 0) |
+                     (font.underline ? CFE_UNDERLINE : 0) | (font.strikeThrough ? CFE_STRIKEOUT : 0);
+  // Black is the system's colour for text, which is white when the user has chosen a dark scheme of high contrast.
+  if (font.colour == 0) {
+    format.dwEffects |= CFE_AUTOCOLOR;
+  }
+  format.crTextColor = font.colour;
+  format.yHeight = std::lround(font.size * kTwipsPerPoint);
+  format.bCharSet = GB2312_CHARSET;
+  const std::size_t length = std::min<std::size_t>(font.name.size(), LF_FACESIZE - 1);
+  std::copy_n(font.name.begin(), length, format.szFaceName);
+  return format;
+}
+
+}  // namespace
+
+void FrmMainEditor::Create(HWND parent) {
+  box_.Create(parent, RichTextBox1, kBoxStyle | WS_VISIBLE | WS_TABSTOP);
+  font_ = {.name = u"宋体", .size = 10.5};
+  box_.SetDefaultFormat(ToControl(font_));
+  box_.SetFormatOfAll(ToControl(font_));
+  box_.SetEventMask(ENM_CHANGE | ENM_SELCHANGE);
+  history_.Reset(control_);
+}
+
+void FrmMainEditor::HandleChange() {
+  history_.NoteChange(control_, std::chrono::steady_clock::now());
+  listener_.onChange();
+}
+
+void FrmMainEditor::HandleSelection() {
+  history_.NoteSelection(control_);
+  listener_.onSelection();
+}
+
+void FrmMainEditor::ShowDocument(std::u16string_view text) {
+  control_.LoadText(text);
+  history_.Reset(control_);
+}
+
+bool FrmMainEditor::ShowRichDocument(std::string_view rtf) {
+  if (!control_.LoadRtf(rtf)) {
+    return false;
+  }
+  history_.Reset(control_);
+  return true;
+}
+
+void FrmMainEditor::Undo() {
+  if (history_.Undo(control_)) {
+    listener_.onChange();
+  }
+}
+
+void FrmMainEditor::Redo() {
+  if (history_.Redo(control_)) {
+    listener_.onChange();
+  }
+}
+
+std::size_t FrmMainEditor::CountDisplayLines(std::u16string_view text) {
+  return text == Text() ? box_.LineCount() : control_.CountLines(ToControlText(text));
+}
+
+std::size_t FrmMainEditor::CaretDisplayLine() const {
+  return box_.LineOf(box_.Selection().cpMax) + 1;
+}
+
+template <typename Load>
+bool FrmMainEditor::Rebuild(Load load) {
+  const UndoCommand step(history_, control_);
+  RichText before = control_.Capture();
+  if (!load()) {
+    return false;
+  }
+  history_.NoteRebuild(control_, std::move(before), control_.hasFormatting());
+  listener_.onChange();
+  return true;
+}
+
+void FrmMainEditor::SetText(std::u16string_view text) {
+  Rebuild([&] {
+    control_.LoadText(text);
+    return true;
+  });
+}
+
+void FrmMainEditor::ReplaceSelection(std::u16string_view text) {
+  const UndoCommand step(history_, control_);
+  const ControlRange selection = control_.Selection();
+  const ControlEdit edit{selection.start, control_.Read(selection), ToControlText(text)};
+  control_.Replace({&edit, 1});
+  box_.ScrollToCaret();
+  history_.NoteChange(control_, std::chrono::steady_clock::now());
+  listener_.onChange();
+}
+
+bool FrmMainEditor::SetRtf(std::string_view rtf) {
+  return Rebuild([&] { return control_.LoadRtf(rtf); });
+}
+
+void FrmMainEditor::SetRtf(const RtfByLines& rtf) {
+  Rebuild([&] {
+    control_.LoadRtf(rtf);
+    return true;
+  });
+}
+
+bool FrmMainEditor::ReplaceSelectionByRtf(std::string_view rtf) {
+  if (!FrmMainControl::IsRichText(rtf)) {
+    return false;
+  }
+  return Rebuild([&] {
+    const QuietRichEdit quiet(box_);
+    box_.ReplaceSelectionByRtf(rtf);
+    control_.NoteFormatting();
+    return true;
+  });
+}
+
+void FrmMainEditor::SetColours(std::span<const TextRange> ranges, const TextColours& colours) {
+  CHARFORMAT2W format{};
+  format.cbSize = sizeof(format);
+  format.dwMask = CFM_COLOR | CFM_BACKCOLOR;
+  format.dwEffects = (colours.text ? 0 : CFE_AUTOCOLOR) | (colours.background ? 0 : CFE_AUTOBACKCOLOR);
+  format.crTextColor = colours.text.value_or(0);
+  format.crBackColor = colours.background.value_or(0);
+  const CHARRANGE selection = box_.Selection();
+  const POINT scrolledTo = box_.ScrollPosition();
+  const QuietRichEdit quiet(box_);
+  for (const TextRange& range : ranges) {
+    box_.Select(FrmMainControl::ToPlatform(breaks().ToControl(range)));
+    box_.SetSelectionFormat(format);
+  }
+  box_.Select(selection);
+  box_.SetScrollPosition(scrolledTo);
+  control_.NoteFormatting();
+}
+
+ScrollPosition FrmMainEditor::Scroll() const {
+  const POINT position = box_.ScrollPosition();
+  return {position.x, position.y};
+}
+
+void FrmMainEditor::SetScroll(ScrollPosition position) {
+  box_.SetScrollPosition({position.x, position.y});
+}
+
+void FrmMainEditor::Cut() {
+  Copy();
+  DeleteSelection();
+}
+
+// Not by the control, whose rich text need not hold the same characters.
+void FrmMainEditor::Copy() {
+  PutOnClipboard(box_.handle(), SelectedText(), SelectedRtf());
+}
+
+void FrmMainEditor::Paste() {
+  // Text copied out of a formatted document brings its formats.
+  if (IsClipboardFormatAvailable(RegisterClipboardFormatW(L"Rich Text Format")) != FALSE) {
+    control_.NoteFormatting();
+  }
+  box_.Send(WM_PASTE);
+}
+
+bool FrmMainEditor::HasEffect(TextEffect effect) const {
+  const EffectBits bits = BitsOf(effect);
+  const CHARFORMAT2W format = box_.SelectionFormat();
+  return (format.dwMask & bits.mask) != 0 && (format.dwEffects & bits.effect) != 0;
+}
+
+void FrmMainEditor::SetEffect(TextEffect effect, bool on) {
+  const EffectBits bits = BitsOf(effect);
+  CHARFORMAT2W format{};
+  format.cbSize = sizeof(format);
+  format.dwMask = bits.mask;
+  format.dwEffects = on ? bits.effect : 0;
+  box_.SetSelectionFormat(format);
+  NoteFormatChange();
+}
+
+FontDescription FrmMainEditor::Font() const {
+  return font_;
+}
+
+void FrmMainEditor::SetFont(const FontDescription& font) {
+  font_ = font;
+  const CHARFORMAT2W format = ToControl(font);
+  box_.SetDefaultFormat(format);
+  box_.SetFormatOfAll(format);
+  listener_.onChange();
+}
+
+void FrmMainEditor::CopyFormat() {
+  storedFormat_ = {box_.SelectionFormat(), box_.SelectionParagraph()};
+}
+
+void FrmMainEditor::PasteFormat() {
+  if (!storedFormat_) {
+    return;
+  }
+  CHARFORMAT2W characters = storedFormat_->characters;
+  characters.dwMask &= CFM_FACE | CFM_CHARSET | CFM_SIZE | CFM_COLOR | CFM_BOLD | CFM_ITALIC | CFM_STRIKEOUT |
+                       CFM_UNDERLINE | CFM_OFFSET | CFM_PROTECTED;
+  PARAFORMAT2 paragraphs = storedFormat_->paragraphs;
+  paragraphs.dwMask &= PFM_ALIGNMENT | PFM_NUMBERING | PFM_OFFSET | PFM_RIGHTINDENT;
+  box_.SetSelectionFormat(characters);
+  box_.SetSelectionParagraph(paragraphs);
+  NoteFormatChange();
+}
+
+void FrmMainEditor::NoteFormatChange() {
+  control_.NoteFormatting();
+  listener_.onChange();
+}
+
+}  // namespace scrivanta

@@ -1,0 +1,106 @@
+// The rich text box of the main window as commands see it: the text with its selection and history, clipboard and
+// formats.
+#pragma once
+
+#include <windows.h>
+
+#include <functional>
+#include <optional>
+
+#include "shell/history/DocumentHistory.h"
+#include "shell/workbench/Editor.h"
+#include "shell/window/FrmMainControl.h"
+#include "shell/workbench/EditBox.h"
+#include "win/RichEdit.h"
+
+namespace scrivanta {
+
+class FrmMainEditor final : public Editor, public EditBox {
+ public:
+  // Told of every change of the document, and of every move of the selection.
+  struct Listener {
+    std::function<void()> onChange;
+    std::function<void()> onSelection;
+  };
+
+  FrmMainEditor(Listener listener, FrmMainControl::Host host)
+      : listener_(std::move(listener)), control_(box_, std::move(host)) {}
+
+  void Create(HWND parent);
+  // Another window after each change of the whole.
+  HWND box() const noexcept { return box_.handle(); }
+  void SetWordWrap(bool wraps) { box_.SetWordWrap(wraps); }
+  void SetReadOnly(bool readOnly) { box_.SetReadOnly(readOnly); }
+  // The control's notifications (EN_CHANGE, EN_SELCHANGE).
+  void HandleChange();
+  void HandleSelection();
+
+  // A new document: nothing to undo, the caret at its beginning.
+  void ShowDocument(std::u16string_view text);
+  // False when the bytes are no rich text: the document stays as it was.
+  bool ShowRichDocument(std::string_view rtf);
+  // The text of a rich text, seen by nobody; nothing when the bytes are none.
+  std::optional<std::u16string> TextOfRtf(std::string_view rtf) { return control_.TextOfRtf(rtf); }
+
+  // For UndoCommand.
+  DocumentHistory& history() noexcept { return history_; }
+  const ControlView& view() const noexcept { return control_; }
+  bool HasFormatting() const noexcept { return control_.hasFormatting(); }
+  bool HasSelection() const { return !control_.Selection().empty(); }
+  bool canUndo() const noexcept { return history_.canUndo(); }
+  bool canRedo() const noexcept { return history_.canRedo(); }
+  bool canPaste() const { return box_.Send(EM_CANPASTE) != FALSE; }
+  void Undo();
+  void Redo();
+
+  // The format of the selection is kept, and given to another selection.
+  void CopyFormat();
+  void PasteFormat();
+
+  std::u16string Text() const override { return history_.text().Text(); }
+  std::u16string SelectedText() const override { return history_.text().Text(Selection()); }
+  TextRange Selection() const override { return breaks().ToText(control_.Selection()); }
+  void SetSelection(TextRange range) override { control_.Select(breaks().ToControl(range)); }
+  std::size_t CountDisplayLines(std::u16string_view text) override;
+  std::size_t CaretDisplayLine() const override;
+  void SetText(std::u16string_view text) override;
+  void ReplaceSelection(std::u16string_view text) override;
+  std::string Rtf() const override { return box_.Rtf(); }
+  std::string SelectedRtf() const override { return box_.SelectedRtf(); }
+  bool SetRtf(std::string_view rtf) override;
+  void SetRtf(const RtfByLines& rtf) override;
+  bool ReplaceSelectionByRtf(std::string_view rtf) override;
+  void SetColours(std::span<const TextRange> ranges, const TextColours& colours) override;
+  ScrollPosition Scroll() const override;
+  void SetScroll(ScrollPosition position) override;
+
+  void Cut() override;
+  void Copy() override;
+  void Paste() override;
+  void DeleteSelection() override { box_.Send(WM_CLEAR); }
+  bool HasEffect(TextEffect effect) const override;
+  void SetEffect(TextEffect effect, bool on) override;
+  FontDescription Font() const override;
+  void SetFont(const FontDescription& font) override;
+
+ private:
+  struct StoredFormat {
+    CHARFORMAT2W characters;
+    PARAFORMAT2 paragraphs;
+  };
+
+  const LineBreakIndex& breaks() const noexcept { return history_.text().breaks(); }
+  void NoteFormatChange();
+  // What `load` does to the document, formatting and all, as one step of undo; unless it returns false.
+  template <typename Load>
+  bool Rebuild(Load load);
+
+  Listener listener_;
+  RichEdit box_;
+  FrmMainControl control_;
+  DocumentHistory history_;
+  std::optional<StoredFormat> storedFormat_;
+  FontDescription font_;
+};
+
+}  // namespace scrivanta

@@ -1,0 +1,101 @@
+#include "shell/window/FrmMainMenu.h"
+
+#include <array>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "shell/window/MenuTree.h"
+#include "text/win/PlatformError.h"
+#include "text/win/WideText.h"
+
+namespace scrivanta {
+
+namespace {
+
+std::wstring ShownText(const MenuEntry& entry) {
+  std::wstring text = ToWide(entry.caption);
+  if (!entry.shortcut.empty()) {
+    text += L'\t' + ToWide(entry.shortcut);
+  }
+  return text;
+}
+
+// "Ctrl+Shift+S", "F3".
+std::optional<ACCEL> ParseShortcut(std::u16string_view shortcut, int commandId) {
+  if (shortcut.empty()) {
+    return std::nullopt;
+  }
+  ACCEL accelerator{};
+  accelerator.fVirt = FVIRTKEY;
+  accelerator.cmd = static_cast<WORD>(commandId);
+  const auto take = [&shortcut](std::u16string_view prefix) {
+    const bool found = shortcut.starts_with(prefix);
+    shortcut.remove_prefix(found ? prefix.size() : 0);
+    return found;
+  };
+  if (take(u"Ctrl+")) {
+    accelerator.fVirt |= FCONTROL;
+  }
+  if (take(u"Shift+")) {
+    accelerator.fVirt |= FSHIFT;
+  }
+  if (shortcut.size() == 1) {
+    accelerator.key = shortcut.front();  // the virtual key code of a letter is its capital
+  } else {
+    accelerator.key = static_cast<WORD>(VK_F1 + shortcut[1] - u'1');
+  }
+  return accelerator;
+}
+
+struct OtherKeys {
+  const char* controlName;
+  BYTE modifier;
+  WORD key;
+};
+
+// The older keys of the clipboard. The edit control knows them, but its way of copying is not the program's.
+constexpr std::array kOtherKeys = {OtherKeys{"mnuCut", FSHIFT, VK_DELETE}, OtherKeys{"mnuCopy", FCONTROL, VK_INSERT},
+                                   OtherKeys{"mnuPaste", FSHIFT, VK_INSERT}};
+
+}  // namespace
+
+OwnedMenu BuildMainMenu() {
+  OwnedMenu bar(CreateMenu());
+  HMENU popup = nullptr;
+  for (const MenuEntry& entry : MenuTree()) {
+    if (entry.level == MenuLevel::kBar) {
+      popup = CreatePopupMenu();
+      AppendMenuW(bar.get(), MF_POPUP, reinterpret_cast<UINT_PTR>(popup), ShownText(entry).c_str());
+    } else if (entry.level == MenuLevel::kEntry) {
+      AppendMenuW(popup, entry.IsSeparator() ? MF_SEPARATOR : MF_STRING,
+                  static_cast<UINT_PTR>(*MenuCommandId(entry.controlName)), ShownText(entry).c_str());
+    }
+  }
+  return bar;
+}
+
+OwnedAccelerators BuildAccelerators() {
+  std::vector<ACCEL> accelerators;
+  for (const MenuEntry& entry : MenuTree()) {
+    if (const auto accelerator = ParseShortcut(entry.shortcut, *MenuCommandId(entry.controlName))) {
+      accelerators.push_back(*accelerator);
+    }
+  }
+  for (const OtherKeys& other : kOtherKeys) {
+    accelerators.push_back({static_cast<BYTE>(FVIRTKEY | other.modifier), other.key,
+                            static_cast<WORD>(*MenuCommandId(other.controlName))});
+  }
+  return OwnedAccelerators(CreateAcceleratorTableW(accelerators.data(), static_cast<int>(accelerators.size())));
+}
+
+void EnableMenuEntries(HMENU bar, const CommandTable& commands, const WorkbenchState& state) {
+  for (const MenuEntry& entry : MenuTree()) {
+    if (entry.level == MenuLevel::kEntry && !entry.IsSeparator()) {
+      const bool available = commands.IsAvailable(entry.controlName, state);
+      EnableMenuItem(bar, static_cast<UINT>(*MenuCommandId(entry.controlName)), available ? MF_ENABLED : MF_GRAYED);
+    }
+  }
+}
+
+}  // namespace scrivanta

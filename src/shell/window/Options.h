@@ -1,0 +1,36 @@
+// The options of the program, and the command that asks for them.
+#pragma once
+
+#include <filesystem>
+#include <optional>
+
+#include "shell/workbench/CommandTable.h"
+#include "shell/window/MainWindow.h"
+#include "shell/workbench/Workbench.h"
+#include "text/Interface.h"
+
+namespace scrivanta {
+
+struct Options {
+  bool wraps = false;                 // lines are wrapped at the width of the window
+  bool allEnglish = true;             // the text has no Chinese characters: going to a line counts positions directly
+  bool usesRegExpObject = false;      // patterns are searched by the platform's object, not by the built-in engine
+  std::filesystem::path defaultFile;  // opened when the program starts without a document
+
+  friend bool operator==(const Options&, const Options&) = default;
+};
+
+Options ReadOptions(const Settings& settings);
+void SaveOptions(const Options& options, Settings& settings);
+
+// The dialog, as the command sees it.
+class OptionsDialog : public Interface {
+ public:
+  // Nothing when the user has left them alone. The dialog tells where the ini file is.
+  virtual std::optional<Options> Ask(Workbench& workbench, const Options& options) = 0;
+};
+
+void mnuOptions(Workbench& workbench, MainWindow& window, OptionsDialog& dialog);
+void RegisterOptionsCommand(CommandTable& table, MainWindow& window, OptionsDialog& dialog);
+
+}  // namespace scrivanta

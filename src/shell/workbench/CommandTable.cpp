@@ -1,0 +1,40 @@
+#include "shell/workbench/CommandTable.h"
+
+#include <stdexcept>
+
+#include "shell/workbench/FailureMessage.h"
+
+namespace scrivanta {
+
+void CommandTable::Add(std::string_view controlName, Command command) {
+  if (!commands_.emplace(controlName, std::move(command)).second) {
+    throw std::logic_error("the command " + std::string(controlName) + " is registered twice");
+  }
+}
+
+const Command* CommandTable::Find(std::string_view controlName) const {
+  const auto found = commands_.find(controlName);
+  return found == commands_.end() ? nullptr : &found->second;
+}
+
+bool CommandTable::IsAvailable(std::string_view controlName, const WorkbenchState& state) const {
+  const Command* command = Find(controlName);
+  return command != nullptr && (!command->available || command->available(state));
+}
+
+bool CommandTable::Run(std::string_view controlName, Workbench& workbench) const {
+  const Command* command = Find(controlName);
+  if (command == nullptr) {
+    return false;
+  }
+  try {
+    command->handler(workbench);
+  } catch (const Interrupted&) {
+    return true;  // the user stopped it and knows
+  } catch (const std::exception& error) {
+    workbench.prompts().Ask(FailureMessage(error));
+  }
+  return true;
+}
+
+}  // namespace scrivanta

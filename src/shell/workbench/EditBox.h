@@ -1,0 +1,28 @@
+// What the commands of the editor ask of its edit box beyond the text: clipboard and character formats.
+#pragma once
+
+#include "shell/workbench/FontLine.h"
+#include "text/Interface.h"
+
+namespace scrivanta {
+
+enum class TextEffect { kBold, kItalic, kUnderline };
+
+class EditBox : public Interface {
+ public:
+  // All on the selection; the first two through the clipboard.
+  virtual void Cut() = 0;
+  virtual void Copy() = 0;
+  virtual void Paste() = 0;
+  virtual void DeleteSelection() = 0;
+
+  // Whether all of the selection has it.
+  virtual bool HasEffect(TextEffect effect) const = 0;
+  virtual void SetEffect(TextEffect effect, bool on) = 0;
+
+  // The font of the whole box.
+  virtual FontDescription Font() const = 0;
+  virtual void SetFont(const FontDescription& font) = 0;
+};
+
+}  // namespace scrivanta

@@ -1,0 +1,80 @@
+#include "shell/workbench/ResultFiles.h"
+
+#include "text/AtomicFile.h"
+#include "text/LineReader.h"
+#include "text/LineWriter.h"
+
+namespace scrivanta {
+
+namespace {
+
+constexpr std::u16string_view kLineBreak = u"\r\n";
+
+// The file is put in place whole, so that two instances that write it at the same moment do not stop each other.
+void WriteFile(const std::filesystem::path& path, std::string_view bytes) {
+  AtomicFile file(path, Durability::kAgainstKill);
+  file.Write(bytes);
+  file.Commit();
+}
+
+}  // namespace
+
+CapturedInput CaptureInput(Workbench& workbench, std::u16string_view fileName, WholeTextEnd wholeTextEnd) {
+  const Editor& editor = workbench.editor();
+  CapturedInput input;
+  input.selection = editor.Selection();
+  if (input.selection.empty()) {
+    input.text = editor.Text();
+    if (wholeTextEnd == WholeTextEnd::kLineBreak) {
+      input.text += kLineBreak;
+    }
+  } else {
+    input.text = editor.SelectedText();
+  }
+  input.bytes = Encode(kWorkFileEncoding, input.text);
+  input.file = workbench.folders().temporary / fileName;
+  RewriteInputFile(input);
+  return input;
+}
+
+void RewriteInputFile(const CapturedInput& input) {
+  WriteFile(input.file, input.bytes);
+}
+
+ResultFile::ResultFile(Workbench& workbench, std::u16string_view fileName)
+    : path_(workbench.folders().temporary / fileName) {}
+
+void ResultFile::Save() const {
+  WriteFile(path_, bytes_);
+}
+
+void PutResultBack(Workbench& workbench, const CapturedInput& input, const ResultFile& result) {
+  result.Save();
+  std::u16string text = Decode(kWorkFileEncoding, result.bytes());
+  if (text.ends_with(kLineBreak)) {
+    text.resize(text.size() - kLineBreak.size());
+  }
+  Editor& editor = workbench.editor();
+  if (input.selection.empty()) {
+    editor.SetText(text);
+    return;
+  }
+  if (editor.Selection() != input.selection) {
+    editor.SetSelection(input.selection);
+  }
+  editor.ReplaceSelection(text);
+}
+
+void MergeFiles(const std::vector<const ResultFile*>& parts, ResultFile& target, Progress& progress) {
+  LineWriter writer(target);
+  for (const ResultFile* part : parts) {
+    MemorySource source(part->bytes());
+    LineReader reader(source, LineEnds::kCrLf, progress);
+    while (reader.Next()) {
+      writer.WriteLine(reader.line());
+    }
+  }
+  writer.Flush();
+}
+
+}  // namespace scrivanta

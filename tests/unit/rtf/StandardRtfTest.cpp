@@ -1,0 +1,45 @@
+#include <string>
+
+#include <gtest/gtest.h>
+
+#include "rtf/StandardRtf.h"
+
+namespace scrivanta {
+namespace {
+
+std::u16string NotAsked() {
+  ADD_FAILURE() << "the text is read only where the bytes do not tell";
+  return {};
+}
+
+TEST(StandardRtfTest, EveryCharacterKeepsItsNumber) {
+  EXPECT_EQ(StandardRtf("{\\urtf1\\deff0{\\fonttbl{\\f0\\fcharset134 宋体;}}\n\\f0 m² É中\\{😀\\par\n}", &NotAsked),
+            "{\\rtf1\\ansi\\ansicpg936\\uc1\\deff0{\\fonttbl{\\f0\\fcharset134 \\'cb\\'ce\\'cc\\'e5;}}\n"
+            "\\f0 m\\u178? \\u201?\\u20013?\\{\\u-10179?\\u-8704?\\par\n}");
+}
+
+TEST(StandardRtfTest, NamesOfFontsThatTheCodePageLacksAreWrittenByNumber) {
+  EXPECT_EQ(StandardRtf("{\\urtf{\\fonttbl{\\f0 É\\};}{\\f1 體;}}é", &NotAsked),
+            "{\\rtf1\\ansi\\ansicpg936\\uc1{\\fonttbl{\\f0 \\u201?\\};}{\\f1 \\'f3\\'77;}}\\u233?");
+}
+
+// Undecodable bytes of a file stand in its text as halves of pairs; a control makes U+FFFD of them in UTF-8. It may
+// write a whole pair as two of them, too, where a line is wrapped between its halves.
+TEST(StandardRtfTest, HalvesOfPairsComeFromTheText) {
+  const std::u16string text =
+      u"a\xDC81\xFFFD😀\xD83D\xDE00"
+      u"b";
+  EXPECT_EQ(StandardRtf("{\\urtf a\uFFFD\uFFFD😀\\b0 \uFFFD\uFFFD b}", [&] { return text; }),
+            "{\\rtf1\\ansi\\ansicpg936\\uc1 a\\u-9087?\\u-3?\\u-10179?\\u-8704?\\b0 \\u-10179?\\u-8704? b}");
+}
+
+TEST(StandardRtfTest, OtherRichTextsComeBackAsTheyAre) {
+  for (const char* rtf : {"", "{\\rtf1 \\'d6\\'d0}", "{\\urt", "{\\rtf1 中}"}) {
+    EXPECT_EQ(StandardRtf(rtf, &NotAsked), rtf);
+  }
+  EXPECT_EQ(StandardRtf("{\\urtf", &NotAsked), "{\\rtf1\\ansi\\ansicpg936\\uc1");
+  EXPECT_EQ(StandardRtf("{\\urtf1{\\fonttbl{", &NotAsked), "{\\rtf1\\ansi\\ansicpg936\\uc1{\\fonttbl{");
+}
+
+}  // namespace
+}  // namespace scrivanta
