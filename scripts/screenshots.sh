@@ -3,8 +3,8 @@
 set -euo pipefail
 cd "$(dirname "$0")/.."
 scripts/setup.sh
-scripts/build.sh windows screenshots
+scripts/build.sh windows pictures
 mkdir -p docs/images
 # Relative paths are the same to both systems but for the strokes.
-scripts/wine-env.sh wine build/windows/bin/screenshots.exe samples docs/images
+scripts/wine-env.sh wine build/windows/bin/pictures.exe samples docs/images
 ls -l docs/images

@@ -78,6 +78,7 @@ void ScriptedEditor::SetText(std::u16string_view text) {
   ++changes;
   text_ = WithLineBreaks(text);
   selection_ = {};
+  scroll = {};
 }
 
 void ScriptedEditor::ReplaceSelection(std::u16string_view text) {
@@ -92,7 +93,6 @@ bool ScriptedEditor::SetRtf(std::string_view bytes) {
     return false;
   }
   rtf = bytes;
-  scroll = {};
   SetText(textOfRtf(bytes));
   return true;
 }

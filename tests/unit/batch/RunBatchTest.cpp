@@ -6,6 +6,7 @@
 #include "batch/BatchCommand.h"
 #include "batch/Spool.h"
 #include "support/BatchRun.h"
+#include "support/FileSizeLimit.h"
 #include "support/TemporaryFolder.h"
 
 namespace scrivanta::testing {
@@ -88,6 +89,20 @@ TEST(RunBatch, AFailureIsOneLineAndItsStatus) {
 TEST(RunBatch, TakesTextsThatLookLikeOptions) {
   EXPECT_EQ(RunBatchOn("a\nb\nc\n", {"del-lines", "--from", "-5", "--to", "2"}).output, "c\r\n");
   EXPECT_EQ(RunBatchOn("a\nb\nc\n", {"del-lines", "--from=3", "--to=2"}).output, "a\r\nb\r\nc\r\n");
+}
+
+// All outputs are written out before the first is put in place.
+TEST(RunBatch, PutsNoOutputInPlaceWhenOneCannotBeFinished) {
+  const TemporaryFolder folder;
+  const std::string have = folder.Put("have", "old").string();
+  const std::string haveNot = folder.Put("have-not", "old").string();
+  const FileSizeLimit full(1000);
+  const BatchResult result = RunBatchOn(
+      "q\n" + std::string(2000, 'x'), {"filter", "--keyword", "q", "--have", have, "--have-not", haveNot});
+  EXPECT_EQ(result.status, 3);
+  EXPECT_EQ(ReadWholeFile(have), "old");
+  EXPECT_EQ(ReadWholeFile(haveNot), "old");
+  EXPECT_EQ(FilesIn(folder.path()), 2U);
 }
 
 TEST(RunBatch, WritesAPipeStraight) {

@@ -57,6 +57,7 @@ TEST(RtfText, ReadsTheTextOfTheDocument) {
       {"plain", u""},
       {"{\\rtf1 a", u"a"},
       {"{\\rtf1\\ansicpg936 \\'d6\\'d0 \xD6\xD0 \\'81@\\'81\\'5c \\'80}", u"中 中 丂乗 €"},
+      {"{\\rtf1\\ansicpg936{\\fonttbl{\\f0\\fcharset1 A;}{\\f1\\fcharset0 B;}}\\f0\\'d6\\'d0\\f1\\'e9}", u"中\x00E9"},
       {"{\\rtf1\\ansicpg936 \\'d6{\\'d0}\\'ff\\'d6\\'20}", u"\xFFFF\xFFFF\xFFFF\xFFFF"},
       {"{\\rtf1\\ansicpg1252 \\'e9\\'80\\'81}", u"é€\xFFFF"},
       {"{\\rtf1\\ansicpg1251 \\'e9}", u"\xFFFF"},

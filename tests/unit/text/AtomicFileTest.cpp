@@ -4,21 +4,36 @@
 #include <functional>
 #include <string>
 #include <system_error>
+#include <vector>
 
 #include <gtest/gtest.h>
-#include <sys/resource.h>
 #include <sys/stat.h>
+#include <sys/syscall.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include "support/FileSizeLimit.h"
 #include "support/TemporaryFolder.h"
 #include "text/AtomicFile.h"
 #include "text/PlatformFile.h"
+
+namespace {
+std::function<void()> onFlush;  // what a test looks at while a file is being flushed to the disk
+}
+
+// In place of the C library's.
+extern "C" int fsync(int file) {
+  if (onFlush) {
+    onFlush();
+  }
+  return static_cast<int>(syscall(SYS_fsync, file));
+}
 
 namespace scrivanta {
 namespace {
 
 namespace fs = std::filesystem;
+using testing::FileSizeLimit;
 using testing::TemporaryFolder;
 
 std::ptrdiff_t FilesIn(const fs::path& folder) {
@@ -126,24 +141,26 @@ TEST(AtomicFile, RefusesWhatItMustNotReplace) {
   EXPECT_EQ(FilesIn(folder.path()), 2);
 }
 
-// A limit on the size of files stands for a full disk.
 TEST(AtomicFile, LeavesTheOldFileWhenTheDiskIsFull) {
   const TemporaryFolder folder;
   const fs::path target = folder.Put("target", "old");
-  rlimit before = {};
-  getrlimit(RLIMIT_FSIZE, &before);
-  const auto oldHandler = std::signal(SIGXFSZ, SIG_IGN);
   for (const std::size_t size : {100'000U, 10'000'000U}) {  // noticed on flushing, on writing
-    rlimit limit = before;
-    limit.rlim_cur = 50'000;
-    setrlimit(RLIMIT_FSIZE, &limit);
-    const std::error_code code = CodeOf([&] { ReplaceFileContent(target, std::string(size, 'x')); });
-    setrlimit(RLIMIT_FSIZE, &before);
-    EXPECT_EQ(code, std::errc::file_too_large);
+    const FileSizeLimit full(50'000);
+    EXPECT_EQ(CodeOf([&] { ReplaceFileContent(target, std::string(size, 'x')); }), std::errc::file_too_large);
     EXPECT_EQ(ReadWholeFile(target), "old");
     EXPECT_EQ(FilesIn(folder.path()), 1);
   }
-  std::signal(SIGXFSZ, oldHandler);
+}
+
+TEST(AtomicFile, IsOnTheDiskBeforeItTakesTheOldFilesPlace) {
+  const TemporaryFolder folder;
+  const fs::path target = folder.Put("target", "old");
+  std::vector<std::string> atFlush;
+  onFlush = [&] { atFlush.push_back(ReadWholeFile(target)); };
+  ReplaceFileContent(target, "new");
+  onFlush = nullptr;
+  ASSERT_FALSE(atFlush.empty());
+  EXPECT_EQ(atFlush.front(), "old");
 }
 
 TEST(AtomicFile, LeavesTheOldFileOrTheNewOneWhenTheProgramIsKilled) {

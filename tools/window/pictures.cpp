@@ -1,6 +1,6 @@
 // Makes the pictures of the documents from the program itself.
 //
-//   screenshots SAMPLES IMAGES
+//   pictures SAMPLES IMAGES
 #include <windows.h>
 
 #include <array>
@@ -85,7 +85,7 @@ void TakePictures(const std::filesystem::path& samples, const std::filesystem::p
 int wmain(int argc, wchar_t** argv) {
   constexpr int kArguments = 3;
   if (argc != kArguments) {
-    std::fputs("usage: screenshots SAMPLES IMAGES\n", stderr);
+    std::fputs("usage: pictures SAMPLES IMAGES\n", stderr);
     return 2;
   }
   try {

@@ -368,8 +368,10 @@ TEST_F(ExternalChangeTest, IsLoadedAsAChangeThatCanBeUndone) {
   Edit(u"mine");
   ChangeFile("\xEF\xBB\xBFtheirs\n");
   const int changes = workbench.editor().changes;
+  workbench.editor().scroll = {0, 42};
   LookAndAnswer(Answer::kYes);
   EXPECT_EQ(Text(), u"theirs\r\n");
+  EXPECT_EQ(workbench.editor().scroll.y, 42);
   EXPECT_EQ(workbench.editor().changes, changes + 1);
   EXPECT_FALSE(document.IsChanged());
   document.LookAtFile();

@@ -1,5 +1,6 @@
 // What survives an instance that dies, and what the next one makes of it.
 #include <memory>
+#include <set>
 #include <string>
 
 #include <gtest/gtest.h>
@@ -151,6 +152,26 @@ TEST_F(DocumentRecoveryTest, EachDocumentGetsAWindow) {
   EXPECT_THROW(next->recovery.Restore(snapshot), std::runtime_error);
   EXPECT_FALSE(next->recovery.Restore(folder.path() / "Document.snapshot"));
   EXPECT_EQ(Start()->workbench.prompts().messages.size(), 0U);
+}
+
+TEST_F(DocumentRecoveryTest, TheOldestIsAskedAboutFirst) {
+  // Folders are listed in no order: the times alone decide, here against the order in which they were made.
+  const std::u16string_view texts[] = {u"文档五", u"文档四", u"文档三", u"文档二", u"文档一"};
+  auto time = std::filesystem::file_time_type::clock::now();
+  std::set<std::filesystem::path> known;
+  for (const std::u16string_view text : texts) {
+    LeaveBehind({}, text);
+    for (const auto& entry : std::filesystem::recursive_directory_iterator(folder.path())) {
+      if (entry.path().filename() == "Document.snapshot" && known.insert(entry.path()).second) {
+        std::filesystem::last_write_time(entry.path(), time -= 1min);
+      }
+    }
+  }
+  const auto next =
+      StartAndAnswer({Answer::kCancel, Answer::kCancel, Answer::kCancel, Answer::kCancel, Answer::kCancel});
+  for (std::size_t i = 0; i < std::size(texts); ++i) {
+    EXPECT_NE(next->workbench.prompts().messages.at(i).text.find(texts[std::size(texts) - 1 - i]), std::u16string::npos);
+  }
 }
 
 TEST_F(DocumentRecoveryTest, AnEncryptedDocumentIsNeverWritten) {
