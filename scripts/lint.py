@@ -3,7 +3,7 @@
 the dialogs' numbers.
 
 A file that was clean is not read again until it, a header of ours that it includes, its compile command or the
-configuration has changed: the stamps lie in build/lint. The native build's commands are used; what only the Windows build
+configuration has changed: the stamps lie in the user's cache, for every checkout. The native build's commands are used; what only the Windows build
 has is read with clang's view of the mingw headers.
 """
 
@@ -17,7 +17,7 @@ import subprocess
 import sys
 
 ROOT = pathlib.Path(__file__).resolve().parent.parent
-STAMPS = ROOT / "build" / "lint"
+STAMPS = pathlib.Path(os.environ.get("XDG_CACHE_HOME") or pathlib.Path.home() / ".cache") / "scrivanta-lint"
 INCLUDE = re.compile(r'^\s*#\s*include\s*"([^"]+)"', re.MULTILINE)
 GENERATED = re.compile(r"Table\.cpp$")
 
