@@ -426,7 +426,7 @@ class MenuEntry:
     shortcut: str
 
 
-def read_menu(path=ROOT / "src" / "shell" / "MenuTree.cpp"):
+def read_menu(path=ROOT / "src" / "shell" / "window" / "MenuTree.cpp"):
     """The commands of the menu: its entries without separators and without those of the bar."""
     row = re.compile(r'\{"(mnu\w+)", u"([^"]*)"(, MenuLevel::kBar)?(?:, MenuLevel::kEntry)?(?:, u"([^"]*)")?\}')
     rows = row.findall(path.read_text(encoding="utf-8"))
@@ -438,10 +438,12 @@ def read_menu(path=ROOT / "src" / "shell" / "MenuTree.cpp"):
 
 
 def read_registered(folder=ROOT / "src"):
-    """The commands that the program has: what the sources whose registration the composition calls add to the table."""
-    composition = (folder / "ScrivantaApp.cpp").read_text(encoding="utf-8")
+    """The commands that the program has: what the sources whose registration the composition or a subsystem's opening calls
+    add to the table."""
+    openings = [folder / "ScrivantaApp.cpp", *folder.glob("*/Scrivanta*.cpp")]
+    composition = "".join(path.read_text(encoding="utf-8") for path in openings)
     registered = set()
-    for path in folder.glob("*/*.cpp"):
+    for path in folder.glob("*/**/*.cpp"):
         source = path.read_text(encoding="utf-8")
         registrations = re.findall(r"^void (Register\w+)\(", source, re.MULTILINE)
         if any(name + "(" in composition for name in registrations):
