@@ -9,7 +9,6 @@
 #include <nlohmann/json.hpp>
 
 #include "batch/BatchCommand.h"
-#include "lines/duplicates/DuplicateFilter.h"
 #include "lines/LineCleanup.h"
 #include "lines/LineShuffle.h"
 #include "lines/LineSort.h"
@@ -17,6 +16,7 @@
 #include "lines/RegExpLineFilters.h"
 #include "lines/TextStatistics.h"
 #include "lines/WordFilter.h"
+#include "lines/duplicates/DuplicateFilter.h"
 
 namespace scrivanta {
 

@@ -9,7 +9,6 @@
 #include "crypto/cRijndael.h"
 #include "shell/workbench/FailureMessage.h"
 #include "text/Bytes.h"
-#include "text/ExplainedError.h"
 #include "text/DecimalText.h"
 #include "text/ExplainedError.h"
 #include "text/PathParts.h"
@@ -137,7 +136,7 @@ bool AskWhetherToOpenGarbled(Workbench& workbench) {
 
 // Nothing when it is not, or hardly, the plaintext of a document, which has been told then.
 std::optional<std::u16string> DecryptDocument(Workbench& workbench, std::u16string_view ciphertext,
-                                               const SecretKey& key) {
+                                              const SecretKey& key) {
   DecryptedText result = DecryptText(RijndaelKey(PasswordBytes(key.digits), kBits), FastestRijndael(), ciphertext);
   if (result.outcome == DecryptedText::Outcome::kNotHexadecimal) {
     TellFailure(workbench, kErrorOpening, u"错误：非十六进制数据！");

@@ -3,10 +3,10 @@
 #include <functional>
 #include <optional>
 
-#include "lines/duplicates/DuplicateFilter.h"
 #include "lines/LineWork.h"
 #include "lines/RegExpLineFilters.h"
 #include "lines/WordFilter.h"
+#include "lines/duplicates/DuplicateFilter.h"
 
 namespace scrivanta {
 

@@ -3,11 +3,11 @@
 #include <algorithm>
 #include <span>
 
-#include "lines/duplicates/KeyedLine.h"
 #include "lines/LineNumber.h"
 #include "lines/PacedProgress.h"
 #include "lines/StringOrder.h"
 #include "lines/WriteInOrder.h"
+#include "lines/duplicates/KeyedLine.h"
 
 namespace scrivanta {
 

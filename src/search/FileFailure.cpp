@@ -3,8 +3,8 @@
 #include <new>
 
 #include "shell/workbench/FailureMessage.h"
-#include "text/ErrorText.h"
 #include "text/Bytes.h"
+#include "text/ErrorText.h"
 
 namespace scrivanta {
 

@@ -5,10 +5,10 @@
 
 #include "regexp/MultiReplace.h"
 #include "regexp/RegExpReplace.h"
+#include "rtf/RtfText.h"
 #include "search/FileProgress.h"
 #include "search/FileText.h"
 #include "search/FindPlaces.h"
-#include "rtf/RtfText.h"
 #include "text/AtomicFile.h"
 
 namespace scrivanta {

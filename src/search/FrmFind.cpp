@@ -7,9 +7,9 @@
 
 #include "search/FrmFindControls.h"
 #include "search/ScrivantaComboBox.h"
+#include "text/win/WideText.h"
 #include "win/DroppedFiles.h"
 #include "win/Registry.h"
-#include "text/win/WideText.h"
 
 namespace scrivanta {
 

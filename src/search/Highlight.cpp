@@ -2,9 +2,9 @@
 
 #include <algorithm>
 
-#include "search/EditSelection.h"
 #include "rtf/RtfEscape.h"
 #include "rtf/RtfHeader.h"
+#include "search/EditSelection.h"
 #include "search/TextRanges.h"
 #include "shell/workbench/ResultFiles.h"
 #include "text/LiteralFinder.h"

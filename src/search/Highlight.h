@@ -6,8 +6,8 @@
 #include <string_view>
 #include <vector>
 
-#include "shell/workbench/Workbench.h"
 #include "rtf/RtfByLines.h"
+#include "shell/workbench/Workbench.h"
 
 namespace scrivanta {
 

@@ -1,9 +1,9 @@
 #include "win/Dialog.h"
 
 #include "text/Twips.h"
-#include "win/Monitors.h"
 #include "text/win/PlatformError.h"
 #include "text/win/WideText.h"
+#include "win/Monitors.h"
 
 namespace scrivanta {
 

@@ -9,8 +9,8 @@
 #include <string>
 #include <string_view>
 
-#include "text/Progress.h"
 #include "rtf/RtfByLines.h"
+#include "text/Progress.h"
 #include "win/Handles.h"
 
 namespace scrivanta {

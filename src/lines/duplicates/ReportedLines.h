@@ -6,8 +6,8 @@
 #include <string_view>
 #include <vector>
 
-#include "lines/duplicates/KeyedLine.h"
 #include "lines/LineStore.h"
+#include "lines/duplicates/KeyedLine.h"
 #include "text/Progress.h"
 
 namespace scrivanta {

@@ -8,9 +8,9 @@
 #include <string>
 #include <string_view>
 
-#include "shell/workbench/Document.h"
 #include "shell/document/FileOnDisk.h"
 #include "shell/document/Snapshot.h"
+#include "shell/workbench/Document.h"
 #include "shell/workbench/Workbench.h"
 #include "text/DocumentFormat.h"
 #include "text/Interface.h"

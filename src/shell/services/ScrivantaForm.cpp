@@ -5,8 +5,8 @@
 #include <string_view>
 
 #include "text/Twips.h"
-#include "win/Monitors.h"
 #include "text/win/WideText.h"
+#include "win/Monitors.h"
 
 namespace scrivanta {
 

@@ -9,7 +9,6 @@
 #include <optional>
 #include <string>
 
-#include "shell/workbench/CommandTable.h"
 #include "shell/document/DocumentFile.h"
 #include "shell/document/DocumentRecovery.h"
 #include "shell/window/FrmMainBars.h"
@@ -20,6 +19,7 @@
 #include "shell/window/MainWindow.h"
 #include "shell/window/ScrivantaDesktop.h"
 #include "shell/window/WindowWork.h"
+#include "shell/workbench/CommandTable.h"
 #include "win/Subclass.h"
 #include "win/TrayIcon.h"
 #include "win/Window.h"

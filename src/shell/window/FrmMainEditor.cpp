@@ -5,8 +5,8 @@
 #include <cmath>
 
 #include "shell/window/FrmMainControls.h"
-#include "win/Clipboard.h"
 #include "text/win/WideText.h"
+#include "win/Clipboard.h"
 
 namespace scrivanta {
 

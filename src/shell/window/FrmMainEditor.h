@@ -8,9 +8,9 @@
 #include <optional>
 
 #include "shell/history/DocumentHistory.h"
-#include "shell/workbench/Editor.h"
 #include "shell/window/FrmMainControl.h"
 #include "shell/workbench/EditBox.h"
+#include "shell/workbench/Editor.h"
 #include "win/RichEdit.h"
 
 namespace scrivanta {

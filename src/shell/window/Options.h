@@ -4,8 +4,8 @@
 #include <filesystem>
 #include <optional>
 
-#include "shell/workbench/CommandTable.h"
 #include "shell/window/MainWindow.h"
+#include "shell/workbench/CommandTable.h"
 #include "shell/workbench/Workbench.h"
 #include "text/Interface.h"
 

@@ -4,11 +4,11 @@
 #include <memory>
 #include <utility>
 
-#include "shell/window/Capitals.h"
 #include "shell/document/DocumentFile.h"
+#include "shell/window/Capitals.h"
+#include "shell/workbench/EditBox.h"
 #include "shell/workbench/FontLine.h"
 #include "shell/workbench/NewInstance.h"
-#include "shell/workbench/EditBox.h"
 
 namespace scrivanta {
 

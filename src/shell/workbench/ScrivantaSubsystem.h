@@ -11,8 +11,8 @@
 
 #include "shell/workbench/CommandTable.h"
 #include "shell/workbench/EditBox.h"
-#include "win/WindowHost.h"
 #include "text/Interface.h"
+#include "win/WindowHost.h"
 
 namespace scrivanta {
 

@@ -11,8 +11,8 @@
 #include "shell/workbench/Editor.h"
 #include "shell/workbench/Prompts.h"
 #include "shell/workbench/Settings.h"
-#include "text/Progress.h"
 #include "text/Interface.h"
+#include "text/Progress.h"
 
 namespace scrivanta {
 

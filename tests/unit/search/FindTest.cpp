@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 #include <unistd.h>
 
+#include "rtf/RtfText.h"
 #include "search/ComboHistory.h"
 #include "search/FileReplace.h"
 #include "search/FileSearch.h"
@@ -9,7 +10,6 @@
 #include "search/FindNext.h"
 #include "search/FindTokens.h"
 #include "search/Highlight.h"
-#include "rtf/RtfText.h"
 #include "search/SearchCommands.h"
 #include "search/TextRanges.h"
 #include "shell/services/FormState.h"

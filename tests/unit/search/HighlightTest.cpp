@@ -1,8 +1,8 @@
 #include <gtest/gtest.h>
 
+#include "rtf/RtfText.h"
 #include "search/EditSelection.h"
 #include "search/Highlight.h"
-#include "rtf/RtfText.h"
 #include "support/ScriptedWorkbench.h"
 
 namespace scrivanta {

@@ -4,8 +4,8 @@
 #include <gtest/gtest.h>
 
 #include "shell/window/MenuTree.h"
-#include "shell/workbench/EditBox.h"
 #include "shell/window/ShellCommands.h"
+#include "shell/workbench/EditBox.h"
 #include "support/ScriptedWorkbench.h"
 
 namespace scrivanta {
