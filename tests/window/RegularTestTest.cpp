@@ -63,25 +63,6 @@ TEST_F(RegularTestTest, ColoursTheMatchesAndCountsThem) {
   dialog.WaitUntilGone();
 }
 
-TEST_F(RegularTestTest, LeavesTheViewWhereItIs) {
-  app.Start();
-  std::u16string text;
-  for (int line = 0; line < 300; ++line) {
-    text += u"行\r\n";
-  }
-  app.Editor().Insert(text + u"末尾");
-  POINT middle{0, 1000};
-  const HWND box = app.Editor().window();
-  SendMessageW(box, EM_SETSCROLLPOS, 0, reinterpret_cast<LPARAM>(&middle));
-  SendMessageW(box, EM_GETSCROLLPOS, 0, reinterpret_cast<LPARAM>(&middle));
-  ASSERT_GT(middle.y, 0);
-  DialogDriver dialog = Open();
-  Test(dialog, u"末尾|\\A行", u"1");
-  POINT after{};
-  SendMessageW(box, EM_GETSCROLLPOS, 0, reinterpret_cast<LPARAM>(&after));
-  EXPECT_EQ(after.y, middle.y);
-}
-
 TEST_F(RegularTestTest, KeepsItsHistoryInTheIniFileAndExplainsTheDialect) {
   WriteBytes(IniFile(), Gbk(u"[HistoryRegularPattern]\r\n00000=甲\r\n00001=乙\r\n"));
   app.Start();
