@@ -8,6 +8,7 @@
 #include <CLI/CLI.hpp>
 
 #include "batch/BatchCommand.h"
+#include "batch/Choice.h"
 #include "batch/OutputFile.h"
 #include "batch/TerminalProgress.h"
 #include "batch/Version.h"
@@ -31,15 +32,13 @@ struct ConfiguredCommand {
 };
 
 void AddCommonOptions(CLI::App& parser, CommonOptions& options, bool takesInput) {
-  static const std::map<std::string, Encoding> kEncodings = {{"gbk", Encoding::kGbk}, {"utf-8", Encoding::kUtf8}};
   if (takesInput) {
     parser.add_option("INPUT", options.input, "File to read; \"-\" or none: standard input");
   }
   parser.add_option("-o,--output", options.output, "File to write, may be the input; none: standard output")
       ->type_name("OUTPUT");
-  parser.add_option("--encoding", options.encoding, "Encoding of input and output: gbk (default) or utf-8")
-      ->transform(CLI::CheckedTransformer(kEncodings, CLI::ignore_case).description(""))
-      ->type_name("ENCODING");
+  AddChoice(parser, "--encoding", options.encoding, {{"gbk", Encoding::kGbk}, {"utf-8", Encoding::kUtf8}},
+            "Encoding of input and output: gbk (default) or utf-8");
   parser.add_flag("--progress")->description("Show a bar on standard error when that is a terminal: so by default");
   parser.add_flag("--no-progress", options.noProgress, "Show none");
 }
@@ -51,6 +50,65 @@ void AddCommand(CLI::App& program, const BatchCommand& command, ConfiguredComman
   configured.takesInput = command.takesInput;
   configured.work = command.configure(*parser);
   AddCommonOptions(*parser, configured.options, command.takesInput);
+}
+
+// The option that an argument names, with its name alone, if it takes a value.
+const CLI::Option* ValueOption(const CLI::App& command, const std::string& argument) {
+  const CLI::Option* option = argument.starts_with("-") ? command.get_option_no_throw(argument) : nullptr;
+  return option != nullptr && option->get_items_expected_min() > 0 ? option : nullptr;
+}
+
+// The arguments with "--name=" taken apart into the name and an empty value. The parser would take the next argument
+// for the value.
+std::vector<std::string> WithEmptyValues(const CLI::App& program, std::vector<std::string> arguments) {
+  const auto commands = program.get_subcommands(
+      [&arguments](const CLI::App* command) { return !arguments.empty() && command->get_name() == arguments.front(); });
+  if (commands.empty()) {
+    return arguments;
+  }
+  const CLI::App& command = *commands.front();
+  std::vector<std::string> whole;
+  for (std::size_t i = 0; i < arguments.size(); ++i) {
+    std::string& argument = arguments[i];
+    if (ValueOption(command, argument) != nullptr && i + 1 < arguments.size()) {
+      whole.push_back(std::move(argument));
+      whole.push_back(std::move(arguments[++i]));
+    } else if (argument.starts_with("--") && argument.ends_with("=") &&
+               ValueOption(command, argument.substr(0, argument.size() - 1)) != nullptr) {
+      argument.pop_back();
+      whole.push_back(std::move(argument));
+      whole.emplace_back();
+    } else {
+      whole.push_back(std::move(argument));
+    }
+  }
+  return whole;
+}
+
+// What the parser has to say, as a sentence: its own words for some faults are rather a programmer's.
+std::string ParserMessage(const CLI::ParseError& error) {
+  const std::string message = error.what();
+  const auto behind = [&message](std::string_view beginning) { return message.substr(beginning.size()); };
+  constexpr std::string_view kNotConverted = "Could not convert: ";
+  if (message.starts_with(kNotConverted)) {
+    return "this value cannot be used: " + behind(kNotConverted);
+  }
+  // "--order: 1 required down|up missing"
+  constexpr std::string_view kRequired = ": 1 required ";
+  constexpr std::string_view kMissing = " missing";
+  const std::size_t required = message.find(kRequired);
+  if (required != std::string::npos && message.ends_with(kMissing)) {
+    const std::size_t begin = required + kRequired.size();
+    return message.substr(0, required) +
+           " needs a value: " + message.substr(begin, message.size() - kMissing.size() - begin);
+  }
+  // "--block-size: Value 5 not in range 8 to 99"
+  constexpr std::string_view kNotInRange = " not in range ";
+  const std::size_t range = message.find(kNotInRange);
+  if (range != std::string::npos) {
+    return message.substr(0, range) + " is not in the range " + message.substr(range + kNotInRange.size());
+  }
+  return message;
 }
 
 ExitStatus RunCommand(const ConfiguredCommand& command, const BatchStreams& streams) {
@@ -136,7 +194,9 @@ int RunBatch(const std::vector<std::string>& arguments, const BatchStreams& stre
     AddCommand(program, command, commands[command.name]);
   }
   try {
-    program.parse(std::vector<std::string>(arguments.rbegin(), arguments.rend()));
+    std::vector<std::string> whole = WithEmptyValues(program, arguments);
+    std::reverse(whole.begin(), whole.end());  // as the parser takes them
+    program.parse(std::move(whole));
   } catch (const CLI::CallForHelp&) {
     streams.output.Write(program.help());
     return static_cast<int>(ExitStatus::kDone);
@@ -144,7 +204,7 @@ int RunBatch(const std::vector<std::string>& arguments, const BatchStreams& stre
     streams.output.Write(std::string(version.what()) + "\n");
     return static_cast<int>(ExitStatus::kDone);
   } catch (const CLI::ParseError& error) {
-    return Fail(ExitStatus::kUnusableArguments, error.what(), streams);
+    return Fail(ExitStatus::kUnusableArguments, ParserMessage(error), streams);
   }
   if (program.get_subcommands().empty()) {
     return Fail(ExitStatus::kUnusableArguments, "a COMMAND is required, see scrivanta-batch --help", streams);

@@ -1,26 +1,22 @@
 #include "crypto/CipherHandlers.h"
 
+#include <functional>
 #include <optional>
 #include <utility>
 
 #include "crypto/EncryptedFile.h"
 #include "crypto/NumericCipher.h"
 #include "crypto/RijndaelText.h"
-#include "crypto/cRijndael.h"
 #include "shell/workbench/FailureMessage.h"
 #include "text/Bytes.h"
-#include "text/ExplainedError.h"
 #include "text/DecimalText.h"
 #include "text/ExplainedError.h"
 #include "text/PathParts.h"
 #include "text/PlatformFile.h"
-#include "text/Surrogates.h"
 
 namespace scrivanta {
 
 namespace {
-
-constexpr int kBits = 256;  // of the key and of a group of the hexadecimal text
 
 std::optional<SecretKey> AskForKey(Workbench& workbench, CryptoDialogs& dialogs, SecretDialog::Ciphers ciphers) {
   SecretDialog dialog(workbench.prompts(), ciphers);
@@ -44,23 +40,6 @@ std::optional<KeyAndSelection> AskForKeyToSelection(Workbench& workbench, Crypto
     return std::nullopt;
   }
   return KeyAndSelection{*std::move(key), std::move(selection)};
-}
-
-std::u16string Encrypted(Workbench& workbench, const KeyAndSelection& given) {
-  if (!given.key.useRijndael) {
-    return TextEncrypt(given.selection, NumericKey(given.key.digits));
-  }
-  RefuseNul(given.selection);
-  return cRijndael(workbench.prompts()).StringEncrypt(given.selection, given.key.digits, kBits, kBits);
-}
-
-// Nothing when it is no ciphertext of this cipher.
-std::optional<std::u16string> Decrypted(Workbench& workbench, const KeyAndSelection& given) {
-  if (!given.key.useRijndael) {
-    return TextDecrypt(given.selection, NumericKey(given.key.digits));
-  }
-  std::u16string text = cRijndael(workbench.prompts()).StringDecrypt(given.selection, given.key.digits, kBits, kBits);
-  return text.empty() ? std::nullopt : std::optional(std::move(text));
 }
 
 void SaveAndRemark(Workbench& workbench, const std::filesystem::path& path, const SecretKey& key) {
@@ -97,6 +76,7 @@ void TellFailure(Workbench& workbench, std::u16string_view what, std::u16string_
 }
 
 constexpr std::u16string_view kErrorOpening = u"Error Opening File";
+constexpr std::u16string_view kWrongKey = u"Incorrect Encryption Key";
 
 // Nothing when the file cannot be read, which has been told then.
 std::optional<std::u16string> ReadCiphertext(Workbench& workbench, const std::filesystem::path& path) {
@@ -110,53 +90,49 @@ std::optional<std::u16string> ReadCiphertext(Workbench& workbench, const std::fi
   return std::nullopt;
 }
 
-constexpr std::u16string_view kWrongKey = u"Incorrect Encryption Key";
-
-// Whether there is in it what documents hardly hold and random bytes soon do: bytes that are no character, or control
-// characters.
-bool LooksGarbled(std::u16string_view text) {
-  constexpr std::u16string_view kUsualControls = u"\t\n\f\r\x1A";
-  for (std::size_t i = 0; i < text.size(); ++i) {
-    const bool isHalfOfPair = i > 0 && IsHighSurrogate(text[i - 1]);
-    const bool isLoneByte = text[i] >= 0xDC80 && text[i] <= 0xDCFF && !isHalfOfPair;
-    if (isLoneByte || (text[i] < u' ' && kUsualControls.find(text[i]) == std::u16string_view::npos)) {
-      return true;
-    }
-  }
-  return false;
-}
-
-bool AskWhetherToOpenGarbled(Workbench& workbench) {
+bool AskWhetherToTakeGarbled(Workbench& workbench) {
   return workbench.prompts().Ask({.text = std::u16string(kWrongKey) +
-                                          u"\r\n解出来的内容有乱码，多半是密钥不对，或文件被改动过。仍要打开吗？",
+                                          u"\r\n解出来的内容有乱码，多半是密钥不对，或密文被改动过。仍要这样的内容吗？",
                                   .buttons = Buttons::kYesNo,
                                   .icon = Icon::kCritical,
                                   .defaultAnswer = Answer::kNo,
                                   .systemModal = true}) == Answer::kYes;
 }
 
-// Nothing when it is not, or hardly, the plaintext of a document, which has been told then.
-std::optional<std::u16string> DecryptDocument(Workbench& workbench, std::u16string_view ciphertext,
-                                               const SecretKey& key) {
-  DecryptedText result = DecryptText(RijndaelKey(PasswordBytes(key.digits), kBits), FastestRijndael(), ciphertext);
-  if (result.outcome == DecryptedText::Outcome::kNotHexadecimal) {
-    TellFailure(workbench, kErrorOpening, u"错误：非十六进制数据！");
-  } else if (result.outcome == DecryptedText::Outcome::kNotWholeBlocks) {
-    TellFailure(workbench, kErrorOpening, u"密文不完整：长度不是 16 字节的整数倍。");
-  } else if (!result.whole || result.text.empty()) {
-    TellFailure(workbench, kWrongKey, u"解出来的不是当初加密的文字：密钥不对，或文件被改动过。");
-  } else if (!LooksGarbled(result.text) || AskWhetherToOpenGarbled(workbench)) {
-    return std::move(result.text);
+// Nothing when it is not, or hardly, what was encrypted, which has been told then. How it is told that it is no
+// ciphertext at all depends on what was to be done.
+std::optional<std::u16string> DecryptRijndael(Workbench& workbench, std::u16string_view ciphertext,
+                                              const SecretKey& key,
+                                              const std::function<void(std::u16string_view)>& tellNoCiphertext) {
+  DecryptedText result =
+      DecryptText(RijndaelKey(PasswordBytes(key.digits), kWindowBits), FastestRijndael(), ciphertext);
+  switch (result.outcome) {
+    case DecryptedText::Outcome::kNotHexadecimal:
+      tellNoCiphertext(u"错误：非十六进制数据！");
+      return std::nullopt;
+    case DecryptedText::Outcome::kNotWholeBlocks:
+      tellNoCiphertext(u"密文不完整：长度不是 16 字节的整数倍。");
+      return std::nullopt;
+    case DecryptedText::Outcome::kNotWhole:
+      TellFailure(workbench, kWrongKey, u"解出来的不是当初加密的文字：密钥不对，或密文被改动过。");
+      return std::nullopt;
+    case DecryptedText::Outcome::kDone:
+      break;
   }
-  return std::nullopt;
+  const bool isTaken = !LooksGarbled(result.text) || AskWhetherToTakeGarbled(workbench);
+  return isTaken ? std::optional(std::move(result.text)) : std::nullopt;
 }
 
 }  // namespace
 
 void mnuEncryptSelectedText(Workbench& workbench, CryptoDialogs& dialogs) {
-  if (const std::optional<KeyAndSelection> given = AskForKeyToSelection(workbench, dialogs)) {
-    workbench.editor().ReplaceSelection(Encrypted(workbench, *given));
+  const std::optional<KeyAndSelection> given = AskForKeyToSelection(workbench, dialogs);
+  if (!given) {
+    return;
   }
+  const auto& [key, selection] = *given;
+  workbench.editor().ReplaceSelection(key.useRijndael ? EncryptWithDigits(selection, key.digits)
+                                                      : TextEncrypt(selection, NumericKey(key.digits)));
 }
 
 void mnuDeEncryptSelectedText(Workbench& workbench, CryptoDialogs& dialogs) {
@@ -164,7 +140,13 @@ void mnuDeEncryptSelectedText(Workbench& workbench, CryptoDialogs& dialogs) {
   if (!given) {
     return;
   }
-  if (const std::optional<std::u16string> text = Decrypted(workbench, *given)) {
+  const auto& [key, selection] = *given;
+  const auto tell = [&workbench](std::u16string_view reason) {
+    workbench.prompts().Ask({.text = std::u16string(reason)});
+  };
+  const std::optional<std::u16string> text = key.useRijndael ? DecryptRijndael(workbench, selection, key, tell)
+                                                             : TextDecrypt(selection, NumericKey(key.digits));
+  if (text) {
     workbench.editor().ReplaceSelection(*text);
   } else {
     workbench.ShowStatus(u"没有解密：选中的不是完整的密文，或密钥不对");
@@ -205,7 +187,8 @@ void mnuOpenEncryptedFile(Workbench& workbench, CryptoDialogs& dialogs) {
   if (!ciphertext) {
     return;
   }
-  if (const std::optional<std::u16string> text = DecryptDocument(workbench, *ciphertext, *key)) {
+  const auto tell = [&workbench](std::u16string_view reason) { TellFailure(workbench, kErrorOpening, reason); };
+  if (const auto text = DecryptRijndael(workbench, *ciphertext, *key, tell)) {
     workbench.document().ShowNew(*text, SaverFor(dialogs, path));
   }
 }

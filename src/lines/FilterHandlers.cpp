@@ -3,10 +3,10 @@
 #include <functional>
 #include <optional>
 
-#include "lines/duplicates/DuplicateFilter.h"
 #include "lines/LineWork.h"
 #include "lines/RegExpLineFilters.h"
 #include "lines/WordFilter.h"
+#include "lines/duplicates/DuplicateFilter.h"
 
 namespace scrivanta {
 
@@ -70,7 +70,7 @@ void RunDuplicateFilter(Workbench& workbench, bool keepFirst, WholeTextEnd whole
   PutResultBack(workbench, input, collected);
 }
 
-// What the three questions of the filter over the whole text have given.
+// What the questions of the filter over the whole text have given.
 struct DuplicateChoice {
   std::u16string pattern;  // empty: without regular expressions
   bool keepFirst = true;

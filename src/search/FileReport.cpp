@@ -4,6 +4,7 @@
 
 #include "search/FindTokens.h"
 #include "text/DecimalText.h"
+#include "text/LineText.h"
 #include "text/PlatformFile.h"
 
 namespace scrivanta {
@@ -54,7 +55,7 @@ std::u16string ReportOf(const FileSearchResult& result, std::u16string_view find
 std::u16string DescribeFailures(const std::vector<FileFailure>& failures) {
   std::u16string text;
   for (std::size_t i = 0; i < std::min(failures.size(), kMostFailuresShown); ++i) {
-    text += i == 0 ? u"\n以下文件未能替换：\n" : u"\n";
+    text += i == 0 ? u"\n以下文件没有替换，或没有全部替换：\n" : u"\n";
     text += TextOfPath(failures[i].path) + u"：" + failures[i].reason;
   }
   if (failures.size() > kMostFailuresShown) {

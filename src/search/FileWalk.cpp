@@ -1,9 +1,11 @@
 #include "search/FileWalk.h"
 
 #include <algorithm>
+#include <map>
 #include <system_error>
 
 #include "text/ErrorText.h"
+#include "text/LineText.h"
 #include "text/PlatformFile.h"
 #include "text/UpperCase.h"
 
@@ -91,13 +93,7 @@ class Walk {
 FileFilter::FileFilter(std::u16string_view patterns) {
   while (!patterns.empty()) {
     const std::size_t end = std::min(patterns.find(u';'), patterns.size());
-    std::u16string_view pattern = patterns.substr(0, end);
-    while (pattern.starts_with(u' ')) {
-      pattern.remove_prefix(1);
-    }
-    while (pattern.ends_with(u' ')) {
-      pattern.remove_suffix(1);
-    }
+    const std::u16string_view pattern = TrimSpaces(patterns.substr(0, end));
     if (!pattern.empty()) {
       patterns_.push_back(pattern == u"*.*" ? u"*" : UpperCase(pattern));
     }
@@ -117,6 +113,24 @@ FoundFiles WalkFiles(const std::vector<std::filesystem::path>& places, const Fil
     walk.Add(place);
   }
   return walk.Take();
+}
+
+void DropRepeatedFiles(std::vector<std::filesystem::path>& files) {
+  // Only paths that are the same but for the case of letters can be one file, once links are followed.
+  std::map<std::u16string, std::vector<std::filesystem::path>> seen;
+  std::erase_if(files, [&seen](const std::filesystem::path& file) {
+    std::error_code error;
+    const std::filesystem::path whole = std::filesystem::canonical(file, error);
+    if (error) {
+      return false;
+    }
+    std::vector<std::filesystem::path>& alike = seen[UpperCase(TextOfPath(whole))];
+    const bool isRepeated = std::any_of(alike.begin(), alike.end(), [&](const std::filesystem::path& other) {
+      return std::filesystem::equivalent(whole, other, error);
+    });
+    alike.push_back(whole);
+    return isRepeated;
+  });
 }
 
 bool IsFile(const std::filesystem::path& path) {

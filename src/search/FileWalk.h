@@ -34,4 +34,7 @@ FoundFiles WalkFiles(const std::vector<std::filesystem::path>& places, const Fil
 
 bool IsFile(const std::filesystem::path& path);
 
+// Leaves of every file the first path that leads to it, as the file system sees it.
+void DropRepeatedFiles(std::vector<std::filesystem::path>& files);
+
 }  // namespace scrivanta

@@ -7,19 +7,19 @@
 #include "regexp/RegExpMarkerFilter.h"
 #include "regexp/RegExpReplace.h"
 #include "regexp/RegExpReplacer.h"
+#include "rtf/RtfText.h"
 #include "search/EditSelection.h"
-#include "search/FileReplace.h"
 #include "search/FileReport.h"
-#include "search/FileSearchCommand.h"
 #include "search/FileSearch.h"
+#include "search/FileSearchCommand.h"
 #include "search/FindNext.h"
 #include "search/FindPlaces.h"
 #include "search/FindTokens.h"
 #include "search/Highlight.h"
-#include "rtf/RtfText.h"
 #include "shell/workbench/FormKey.h"
 #include "shell/workbench/ResultFiles.h"
 #include "text/DecimalText.h"
+#include "text/LineText.h"
 #include "text/LiteralFinder.h"
 #include "text/PlatformFile.h"
 
@@ -44,6 +44,10 @@ ComboHistory LoadHistory(Settings& settings, std::u16string_view box) {
     settings.Save(key, JoinLines(history.items()));
   }
   return history;
+}
+
+std::u16string SplitRemark(std::size_t split) {
+  return u"，另有" + DecimalText(split) + u"处被格式代码分开，未替换";
 }
 
 // The text is shown again where it was.
@@ -206,15 +210,16 @@ void FindDialog::Replace(FindView& view) {
     return;
   }
   Editor& editor = workbench_.editor();
-  const TextPos start = editor.Selection().start;
+  const TextRange selection = editor.Selection();
   if (const auto replacement = ReplacementOfSelection()) {
     editor.ReplaceSelection(*replacement);
-    // The search goes on behind the new text, or before it.
+    // The search goes on behind the new text, or before it. Behind an empty match its own place would come again.
     if (state_.searchesUp) {
-      editor.SetSelection({start, 0});
+      editor.SetSelection({selection.start, 0});
     }
     state_.lastFound = EditGetSelStart(editor);
-    state_.isNewSearch = !state_.searchesUp;
+    state_.isNewSearch = false;
+    state_.beginsAtCaret = !state_.searchesUp && !selection.empty();
   }
   scrivanta::FindNext(workbench_, state_);
 }
@@ -281,7 +286,7 @@ void FindDialog::ReportReplaced(std::size_t replaced, std::size_t split) {
   }
   std::u16string status = u"已替换" + DecimalText(replaced) + u"处";
   if (split > 0) {
-    status += u"，另有" + DecimalText(split) + u"处被格式代码分开，未替换";
+    status += SplitRemark(split);
   }
   workbench_.ShowStatus(status);
 }
@@ -340,14 +345,25 @@ void FindDialog::SearchInFiles(FindView& view) {
   SearchAndReport(workbench_, places, FileFilter(filter), state_);
 }
 
-std::vector<std::filesystem::path> FindDialog::FilesToReplaceIn(const FindView& view) const {
-  std::vector<std::filesystem::path> files = DroppedFiles(view);
-  if (files.empty()) {
-    const Editor& editor = workbench_.editor();
-    files = PathsOfLines(editor.Selection().empty() ? editor.Text() : editor.SelectedText(), PathLines::kMarked);
+// Of dropped folders those files that a search would look into. Nothing when the user cancels.
+std::optional<FoundFiles> FindDialog::FilesToReplaceIn(const FindView& view) {
+  FoundFiles found;
+  const std::vector<std::filesystem::path> dropped = DroppedFiles(view);
+  if (dropped.empty()) {
+    found.files = PathsInEditor(workbench_.editor(), PathLines::kMarked);
+  } else if (std::ranges::all_of(dropped, &IsFile)) {
+    found.files = dropped;
+  } else {
+    const std::u16string filter = AskForFileFilter(workbench_);
+    if (filter.empty()) {
+      return std::nullopt;
+    }
+    const auto work = workbench_.StartWork();
+    found = WalkFiles(dropped, FileFilter(filter), work->progress());
   }
-  std::erase_if(files, [](const std::filesystem::path& file) { return !IsFile(file); });
-  return files;
+  std::erase_if(found.files, [](const std::filesystem::path& file) { return !IsFile(file); });
+  DropRepeatedFiles(found.files);
+  return found;
 }
 
 void FindDialog::ReplaceInFiles(FindView& view) {
@@ -355,16 +371,19 @@ void FindDialog::ReplaceInFiles(FindView& view) {
   if (state_.findText.empty()) {
     return;
   }
-  const std::vector<std::filesystem::path> files = FilesToReplaceIn(view);
+  const std::optional<FoundFiles> found = FilesToReplaceIn(view);
+  if (!found) {
+    return;
+  }
   Prompts& prompts = workbench_.prompts();
-  if (files.empty()) {
+  if (found->files.empty()) {
     prompts.Ask({.text = u"没有可以替换的文件：请先【在文件中查找】，或将文件拖动到此窗口。",
                  .icon = Icon::kInformation,
                  .systemModal = true});
     return;
   }
   const Answer answer =
-      prompts.Ask({.text = u"将在" + DecimalText(files.size()) + u"个文件中替换，不可逆转！！\n是否继续？",
+      prompts.Ask({.text = u"将在" + DecimalText(found->files.size()) + u"个文件中替换，不可逆转！！\n是否继续？",
                    .buttons = Buttons::kYesNo,
                    .icon = Icon::kWarning,
                    .defaultAnswer = Answer::kNo,
@@ -375,14 +394,28 @@ void FindDialog::ReplaceInFiles(FindView& view) {
   FileReplaceOutcome outcome;
   {
     const auto work = workbench_.StartWork();
-    outcome = scrivanta::ReplaceInFiles(files, state_, workbench_.regExpEngine(), work->progress());
+    outcome = scrivanta::ReplaceInFiles(found->files, state_, workbench_.regExpEngine(), work->progress());
   }
-  workbench_.ShowStatus(u"已在" + DecimalText(outcome.changedFiles) + u"个文件中替换" + DecimalText(outcome.replaced) +
-                        u"处");
-  const std::u16string end = outcome.untouchedFiles == 0
-                                 ? u"已全部替换！"
-                                 : u"已中断：还有" + DecimalText(outcome.untouchedFiles) + u"个文件没有替换。";
-  prompts.Ask({.text = end + DescribeFailures(outcome.failures), .systemModal = true});
+  outcome.leftOver.insert(outcome.leftOver.end(), found->failures.begin(), found->failures.end());
+  ReportReplacedInFiles(outcome);
+}
+
+void FindDialog::ReportReplacedInFiles(const FileReplaceOutcome& outcome) {
+  std::u16string status =
+      u"已在" + DecimalText(outcome.changedFiles) + u"个文件中替换" + DecimalText(outcome.replaced) + u"处";
+  if (outcome.split > 0) {
+    status += SplitRemark(outcome.split);
+  }
+  workbench_.ShowStatus(status);
+  if (outcome.replaced == 0 && outcome.leftOver.empty()) {
+    SayNotFound(workbench_.prompts());
+    return;
+  }
+  std::u16string end = outcome.leftOver.empty() ? u"已全部替换！" : u"没有全部替换。";
+  if (outcome.untouchedFiles > 0) {
+    end = u"已中断：还有" + DecimalText(outcome.untouchedFiles) + u"个文件没有替换。";
+  }
+  workbench_.prompts().Ask({.text = end + DescribeFailures(outcome.leftOver), .systemModal = true});
 }
 
 void FindDialog::Drop(FindView& view, const std::vector<std::filesystem::path>& paths, bool clear) {

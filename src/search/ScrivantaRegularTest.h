@@ -1,4 +1,4 @@
-// The pattern workbench: tries a pattern on the document and explains the dialect.
+// The pattern tester: tries a pattern on the document and explains the dialect.
 #pragma once
 
 #include "search/RegularTest.h"

@@ -1,6 +1,5 @@
 #include "search/SearchCommands.h"
 
-#include <algorithm>
 #include <memory>
 #include <optional>
 
@@ -13,7 +12,9 @@
 #include "search/FindPlaces.h"
 #include "search/Highlight.h"
 #include "search/RegularTest.h"
+#include "search/TextRanges.h"
 #include "shell/workbench/ResultFiles.h"
+#include "text/LineText.h"
 #include "text/PlatformFile.h"
 
 namespace scrivanta {
@@ -43,14 +44,6 @@ void PutBack(Workbench& workbench, const CapturedInput& input, std::u16string_vi
   // One line break is cut off when the result is put back.
   result.Write("\r\n");
   PutResultBack(workbench, input, result);
-}
-
-// The line of the caret, without its line break.
-TextRange CurrentLine(std::u16string_view text, TextPos caret) {
-  const std::size_t place = std::min(caret.value, text.size());
-  const std::size_t start = place == 0 ? 0 : text.find_last_of(u"\r\n", place - 1) + 1;
-  const std::size_t end = std::min(text.find_first_of(u"\r\n", start), text.size());
-  return {{start}, end - start};
 }
 
 // The dialogs live as long as the table that holds the handlers.
@@ -90,7 +83,7 @@ void mnufindall(Workbench& workbench, const FindState& state) {
 
 void mnuGoToThis(Workbench& workbench) {
   Editor& editor = workbench.editor();
-  const TextRange line = CurrentLine(editor.Text(), editor.Selection().start);
+  const TextRange line = WholeLines(editor.Text(), {editor.Selection().start, 0});
   editor.SetSelection(line);
   const auto paths = PathsOfLines(editor.SelectedText(), PathLines::kAll);
   if (paths.empty()) {
@@ -112,8 +105,7 @@ void mnuFindInFile(Workbench& workbench) {
   if (state.findText.empty()) {
     return;
   }
-  const Editor& editor = workbench.editor();
-  auto places = PathsOfLines(editor.Selection().empty() ? editor.Text() : editor.SelectedText(), PathLines::kAll);
+  auto places = PathsInEditor(workbench.editor(), PathLines::kAll);
   std::erase_if(places, [](const std::filesystem::path& place) {
     std::error_code error;
     return !std::filesystem::exists(place, error);
@@ -137,7 +129,7 @@ void mnuRegGet(Workbench& workbench) {
     SayNotFound(workbench.prompts());
     return;
   }
-  PutBack(workbench, input, JoinResults(results));
+  PutBack(workbench, input, JoinLines(results));
 }
 
 void mnuRegReplace(Workbench& workbench) {

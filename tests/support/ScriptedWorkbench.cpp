@@ -77,6 +77,7 @@ std::size_t ScriptedEditor::CaretDisplayLine() const {
 void ScriptedEditor::SetText(std::u16string_view text) {
   ++changes;
   text_ = WithLineBreaks(text);
+  rtf.clear();  // the formatting is gone
   selection_ = {};
   scroll = {};
 }
@@ -92,8 +93,8 @@ bool ScriptedEditor::SetRtf(std::string_view bytes) {
   if (!textOfRtf) {
     return false;
   }
-  rtf = bytes;
   SetText(textOfRtf(bytes));
+  rtf = bytes;
   return true;
 }
 

@@ -1,4 +1,4 @@
-// The pattern workbench as a person uses it.
+// The pattern tester as a person uses it.
 #include "search/ScrivantaRegularTestControls.h"
 #include "win/Handles.h"
 #include "window/driver/Keyboard.h"

@@ -70,7 +70,7 @@ void TakePictures(const std::filesystem::path& samples, const std::filesystem::p
   constexpr std::array kDialogs = {DialogPicture{"mnuFind", L"查找", L"find.png"},
                                    DialogPicture{"mnuDelLineFromXtoY", L"删除开始行至结束行", L"delete-lines.png"},
                                    DialogPicture{"mnuSort", L"文件排序", L"sort.png"},
-                                   DialogPicture{"mnuRegTest", L"RegularTest正则表达式测试", L"workbench.png"},
+                                   DialogPicture{"mnuRegTest", L"RegularTest正则表达式测试", L"regexp-test.png"},
                                    DialogPicture{"mnuEncryptSelectedText", L"密钥", L"key.png"}};
   for (const DialogPicture& picture : kDialogs) {
     TakeDialogPicture(program, picture, images);

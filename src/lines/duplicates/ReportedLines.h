@@ -6,18 +6,18 @@
 #include <string_view>
 #include <vector>
 
-#include "lines/duplicates/KeyedLine.h"
 #include "lines/LineStore.h"
+#include "lines/duplicates/KeyedLine.h"
 #include "text/Progress.h"
 
 namespace scrivanta {
 
 class ReportedLines {
  public:
-  // All lines of the report but its first, which stands behind no line break. Throws FileError, Interrupted.
+  // The lines below the report's header, which is the first line that is not empty. Throws FileError, Interrupted.
   ReportedLines(LineReader& report, Progress& progress);
 
-  // Whether a line break followed by the line occurs in the report.
+  // Whether a line break followed by the line occurs there.
   bool HasAtLineBegin(std::string_view line) const;
 
  private:

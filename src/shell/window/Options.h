@@ -4,8 +4,8 @@
 #include <filesystem>
 #include <optional>
 
-#include "shell/workbench/CommandTable.h"
 #include "shell/window/MainWindow.h"
+#include "shell/workbench/CommandTable.h"
 #include "shell/workbench/Workbench.h"
 #include "text/Interface.h"
 
@@ -13,7 +13,7 @@ namespace scrivanta {
 
 struct Options {
   bool wraps = false;                 // lines are wrapped at the width of the window
-  bool allEnglish = true;             // the text has no Chinese characters: going to a line counts positions directly
+  bool allEnglish = true;             // kept for old settings: going to a line is right whatever the text holds
   bool usesRegExpObject = false;      // patterns are searched by the platform's object, not by the built-in engine
   std::filesystem::path defaultFile;  // opened when the program starts without a document
 

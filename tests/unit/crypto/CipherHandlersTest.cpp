@@ -6,7 +6,7 @@
 #include <gtest/gtest.h>
 
 #include "crypto/CryptoCommands.h"
-#include "crypto/cRijndael.h"
+#include "crypto/services/cRijndael.h"
 #include "support/ScriptedWorkbench.h"
 #include "text/Encoding.h"
 
@@ -158,7 +158,7 @@ TEST_F(CipherHandlers, LeaveASelectionThatIsNoCiphertext) {
       {u"no numbers", false, u""},
       {u"79\r\n76", false, u""},
       {u"xyz", true, u"错误：非十六进制数据！"},
-      {u"00 11 22", true, u""},
+      {u"00 11 22", true, u"密文不完整：长度不是 16 字节的整数倍。"},
   };
   for (const Case& c : cases) {
     OpenSelected(c.selection);
@@ -279,7 +279,6 @@ TEST_F(CipherHandlers, TellFilesThatCannotBeOpened) {
   };
   const Case cases[] = {
       {std::nullopt, u"Error Opening File\r\n文件读写失败：\n"},
-      {u"", u"Error Opening File\r\n错误：非十六进制数据！"},
       {u"没有密文", u"Error Opening File\r\n错误：非十六进制数据！"},
       {ciphertext.substr(0, 100), u"Error Opening File\r\n密文不完整："},
       {ciphertext, u"Incorrect Encryption Key\r\n解出来的不是当初加密的文字"},
@@ -296,6 +295,38 @@ TEST_F(CipherHandlers, TellFilesThatCannotBeOpened) {
     EXPECT_TRUE(LastMessage().starts_with(c.message));
     EXPECT_EQ(workbench_.editor().Text(), u"the document");
     EXPECT_FALSE(workbench_.document().saver);
+  }
+}
+
+TEST_F(CipherHandlers, OpenAnEmptyDocumentThatTheyHaveSaved) {
+  const std::filesystem::path file = folder_.path() / "empty.txt";
+  workbench_.editor().Open(u"");
+  workbench_.prompts().Will(file);
+  dialogs_.script = {{u"7"}, {u"7"}};
+  Run("mnuSaveEncryptFile");
+  workbench_.document().texts[file] = Decode(Encoding::kGbk, ReadWholeFile(file));
+  workbench_.editor().Open(u"the document");
+  workbench_.prompts().Will(file);
+  Run("mnuOpenEncryptedFile");
+  EXPECT_EQ(workbench_.editor().Text(), u"");
+  EXPECT_TRUE(workbench_.prompts().messages.empty());
+}
+
+TEST_F(CipherHandlers, LeaveASelectionThatAnotherKeyMakesNothingOf) {
+  const std::u16string longer = Rijndael(u"长过一个块的一段文字，错的密钥解不出它的末尾", u"42");
+  OpenSelected(longer);
+  dialogs_.script = {{u"7", true}};
+  Run("mnuDeEncryptSelectedText");
+  EXPECT_EQ(workbench_.editor().Text(), longer);
+  EXPECT_EQ(LastMessage(), u"Incorrect Encryption Key\r\n解出来的不是当初加密的文字：密钥不对，或密文被改动过。");
+  const std::u16string garbled = Rijndael(u"bell \x07", u"42");
+  for (const Answer answer : {Answer::kNo, Answer::kYes}) {
+    OpenSelected(garbled);
+    workbench_.prompts().Will(answer);
+    dialogs_.script = {{u"42", true}};
+    Run("mnuDeEncryptSelectedText");
+    EXPECT_TRUE(LastMessage().starts_with(u"Incorrect Encryption Key\r\n"));
+    EXPECT_EQ(workbench_.editor().Text(), answer == Answer::kYes ? u"bell \x07" : garbled);
   }
 }
 

@@ -107,8 +107,8 @@ TEST(DuplicateFilter, DropsEveryCopy) {
   const Case cases[] = {
       {u"x\r\ny\r\n\r\n\r\n", u"\r\nhead\r\n\r\nx\r\nx\r\n", u"y\r\n\r\n\r\n"},
       {u"ab\r\nabcd\r\nbc\r\n", u"head\r\nabc\r\n", u"abcd\r\nbc\r\n"},
-      {u"he\r\nhead\r\n", u"\r\nhead\r\n", u""},
-      {u"he\r\nhead\r\n", u"head\r\n", u"he\r\nhead\r\n"},
+      {u"he\r\nhead\r\n", u"\r\nhead\r\n", u"he\r\nhead\r\n"},  // the header is no repeat
+      {u"he\r\nhead\r\n", u"head\r\nhead\r\n", u""},
       {u"ab\r\r\nabc\r\r\n", u"head\r\nabc\r\n", u"ab\r\r\n"},
       {u"a\r\n", u"head\r\n", u"a\r\n"},
       {u"甲\r\n乙\r\n", u"head\r\n甲乙\r\n乙甲\r\n", u""},
@@ -141,7 +141,7 @@ Filtered PlainSearch(const std::vector<std::u16string>& lines) {
 std::u16string PlainDrop(const std::vector<std::u16string>& lines, const std::u16string& report) {
   std::u16string out;
   for (const std::u16string& line : lines) {
-    if (line.empty() || report.find(u"\r\n" + line) == std::u16string::npos) {
+    if (line.empty() || report.find(u"\r\n" + line, kReportHeader.size() - 2) == std::u16string::npos) {
       out += line + u"\r\n";
     }
   }

@@ -1,8 +1,8 @@
 #include <gtest/gtest.h>
 
+#include "rtf/RtfText.h"
 #include "search/EditSelection.h"
 #include "search/Highlight.h"
-#include "rtf/RtfText.h"
 #include "support/ScriptedWorkbench.h"
 
 namespace scrivanta {
@@ -49,6 +49,13 @@ TEST_F(HighlightTest, AsksForWordsAndTakesNoneForNo) {
   EXPECT_EQ(workbench_.prompts().inputs[0].title, u"高亮显示字符：");
   EXPECT_EQ(workbench_.prompts().inputs[0].preset, u"two");
   EXPECT_EQ(workbench_.editor().rtf, "");
+  EXPECT_EQ(workbench_.editor().changes, 0);
+}
+
+TEST_F(HighlightTest, SaysWhenNoWordOccurs) {
+  workbench_.editor().Open(u"one two");
+  HighlightInEditor(workbench_, u"three|four");
+  EXPECT_EQ(workbench_.prompts().messages.back().text, u"未找到结果");
   EXPECT_EQ(workbench_.editor().changes, 0);
 }
 

@@ -9,9 +9,6 @@
 
 namespace scrivanta {
 
-// Whether an operation writes its result over the file that its source names.
-enum class WriteBack { kNo, kYes };
-
 class SourceText {
  public:
   // A source that names no file is the text itself, whatever it looks like. Throws FileError when the file cannot be

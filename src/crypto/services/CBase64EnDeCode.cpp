@@ -1,8 +1,8 @@
-#include "crypto/CBase64EnDeCode.h"
+#include "crypto/services/CBase64EnDeCode.h"
 
 #include "crypto/Base64.h"
-#include "crypto/OverwritingSink.h"
-#include "crypto/Quietly.h"
+#include "crypto/services/OverwritingSink.h"
+#include "crypto/services/Quietly.h"
 #include "text/Encoding.h"
 
 namespace scrivanta {

@@ -1,4 +1,4 @@
-#include "crypto/OverwritingSink.h"
+#include "crypto/services/OverwritingSink.h"
 
 #include <cerrno>
 

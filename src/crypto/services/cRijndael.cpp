@@ -1,12 +1,12 @@
-#include "crypto/cRijndael.h"
+#include "crypto/services/cRijndael.h"
 
 #include <algorithm>
 #include <stdexcept>
 #include <utility>
 
-#include "crypto/OverwritingSink.h"
 #include "crypto/RijndaelStream.h"
 #include "crypto/RijndaelText.h"
+#include "crypto/services/OverwritingSink.h"
 
 namespace scrivanta {
 
@@ -128,7 +128,7 @@ std::u16string cRijndael::StringDecrypt(std::u16string_view strSource, std::u16s
                                         int /*blockSize*/, int keySize) {
   SetCipherKeyString(strPassword, keySize);
   DecryptedText result = DecryptText(Key(), form_, strSource);
-  if (result.outcome == DecryptedText::Outcome::kNotHexadecimal) {
+  if (strSource.empty() || result.outcome == DecryptedText::Outcome::kNotHexadecimal) {
     Show(u"错误：非十六进制数据！");
   }
   return std::move(result.text);

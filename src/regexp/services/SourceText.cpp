@@ -1,4 +1,4 @@
-#include "regexp/SourceText.h"
+#include "regexp/services/SourceText.h"
 
 #include <system_error>
 

@@ -1,7 +1,7 @@
-#include "crypto/CRndXorHash.h"
+#include "crypto/services/CRndXorHash.h"
 
-#include "crypto/OverwritingSink.h"
-#include "crypto/Quietly.h"
+#include "crypto/services/OverwritingSink.h"
+#include "crypto/services/Quietly.h"
 #include "text/Encoding.h"
 
 namespace scrivanta {
