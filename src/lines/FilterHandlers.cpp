@@ -43,9 +43,7 @@ void RunDuplicateFilter(Workbench& workbench, bool keepFirst, WholeTextEnd whole
   const std::unique_ptr<BusyWork> work = workbench.StartWork();
   CapturedInput input = CaptureInput(workbench, kInputFileName, wholeTextEnd);
   if (addLineBreak) {
-    input.text += u"\r\n";
-    input.bytes += "\r\n";
-    RewriteInputFile(input);
+    AddLineBreak(input);
   }
   ResultFile kept(workbench, u"FilterLineOk.txt");
   ResultFile report(workbench, u"FilterLineSameOk.txt");

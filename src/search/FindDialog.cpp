@@ -309,16 +309,14 @@ void FindDialog::Filter(FindView& view) {
     return;
   }
   std::u16string text = matches + filter(MarkerFilterMode::kRemove);
-  // One line break is cut off when the result is put back; a text that ends with one keeps it.
-  if (!text.ends_with(kLineBreak)) {
-    text += kLineBreak;
+  // Another line may be the last one now; the text ends as it did.
+  if (text.ends_with(kLineBreak)) {
+    text.resize(text.size() - kLineBreak.size());
   }
   if (input.text.ends_with(kLineBreak)) {
     text += kLineBreak;
   }
-  ResultFile result(workbench_, kInputFileName);
-  result.Write(Encode(kWorkFileEncoding, text));
-  PutResultBack(workbench_, input, result);
+  PutTextBack(workbench_, input, kInputFileName, text);
 }
 
 std::vector<std::filesystem::path> FindDialog::DroppedFiles(const FindView& view) const {

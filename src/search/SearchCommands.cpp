@@ -38,14 +38,6 @@ std::u16string AskForPattern(Workbench& workbench) {
   return AskAndKeep(workbench, u"输入要寻找的字串（正则表达式）", kPatternKey);
 }
 
-void PutBack(Workbench& workbench, const CapturedInput& input, std::u16string_view text) {
-  ResultFile result(workbench, kInputFileName);
-  result.Write(Encode(kWorkFileEncoding, text));
-  // One line break is cut off when the result is put back.
-  result.Write("\r\n");
-  PutResultBack(workbench, input, result);
-}
-
 // The dialogs live as long as the table that holds the handlers.
 struct SearchSession {
   FindState state;
@@ -129,7 +121,9 @@ void mnuRegGet(Workbench& workbench) {
     SayNotFound(workbench.prompts());
     return;
   }
-  PutBack(workbench, input, JoinLines(results));
+  ResultFile lines(workbench, kInputFileName);
+  lines.Write(Encode(kWorkFileEncoding, JoinLines(results) + u"\r\n"));
+  PutResultBack(workbench, input, lines);
 }
 
 void mnuRegReplace(Workbench& workbench) {
@@ -151,7 +145,7 @@ void mnuRegReplace(Workbench& workbench) {
     SayNotFound(workbench.prompts());
     return;
   }
-  PutBack(workbench, input, result);
+  PutTextBack(workbench, input, kInputFileName, result);
 }
 
 void RegisterSearchCommands(CommandTable& table, SearchDialogs& dialogs) {

@@ -30,6 +30,7 @@ TEST(CleanupHandlers, ChangeTheDocumentOrTheSelection) {
       {mnuDelEmptyLine, u"\r\n\r\n", u""},
       {mnuDelEmptyLine, u"一\r\n\r\n \r\n二\r\n", u"一\r\n \r\n二"},
       {mnuDelEmptyLine, u"\r\n一[\r\n\r\n二]三\r\n\r\n", u"\r\n一二三\r\n\r\n"},
+      {mnuDelEmptyLine, u"[一\r\n\r\n二\r\n]三", u"一\r\n二\r\n三"},
       {mnuTrimLine, u"", u""},
       {mnuTrimLine, u"  一 \t \r\n   \r\n\U00020000  ", u"一 \t\r\n\r\n\U00020000"},
       {mnuTrimLine, u" a [ b \r\n c] d ", u" a b\r\nc d "},

@@ -575,6 +575,19 @@ TEST(SearchCommands, ExtractsAndReplacesByPattern) {
   EXPECT_EQ(workbench.editor().Text(), u"<1>\r\n<2>2");
 }
 
+TEST(SearchCommands, ASelectionOfWholeLinesKeepsItsLastLineBreak) {
+  ScriptedWorkbench workbench;
+  workbench.editor().Open(u"a1\r\nb2\r\nc3", {{0}, 8});
+  workbench.prompts().Will(std::u16string(u"\\d"));
+  mnuRegGet(workbench);
+  EXPECT_EQ(workbench.editor().Text(), u"1\r\n2\r\nc3");
+  workbench.editor().SetSelection({{0}, 6});
+  workbench.prompts().Will(std::u16string(u"\\d"));
+  workbench.prompts().Will(std::u16string(u"x"));
+  mnuRegReplace(workbench);
+  EXPECT_EQ(workbench.editor().Text(), u"x\r\nx\r\nc3");
+}
+
 TEST(SearchCommands, OpensTheFileOfTheLine) {
   ScriptedWorkbench workbench;
   workbench.editor().Open(u"x\r\n``C:\\a b.txt\r\n", {{5}, 0});
