@@ -19,6 +19,7 @@
 #include "shell/workbench/FormKey.h"
 #include "shell/workbench/ResultFiles.h"
 #include "text/DecimalText.h"
+#include "text/ExplainedError.h"
 #include "text/LineText.h"
 #include "text/LiteralFinder.h"
 #include "text/PlatformFile.h"
@@ -267,11 +268,12 @@ void FindDialog::ReplaceAllFormatted(TextRange selection) {
     outcome = text.Replace(FindReplacements(text.text(), state_, workbench_.regExpEngine(), work->progress()));
     if (outcome.replaced > 0) {
       const ScrollPosition scroll = editor.Scroll();
+      const bool isTaken = selection.empty() ? editor.SetRtf(outcome.rtf) : editor.ReplaceSelectionByRtf(outcome.rtf);
+      if (!isTaken) {
+        throw ExplainedError("the rich text was not taken", u"带格式的文本没有放回，文档没有改变。");
+      }
       if (selection.empty()) {
-        editor.SetRtf(outcome.rtf);
         editor.SetSelection({selection.start, 0});
-      } else {
-        editor.ReplaceSelectionByRtf(outcome.rtf);
       }
       editor.SetScroll(scroll);
     }
@@ -448,7 +450,7 @@ void FindDialog::FilterReplaceHistory(FindView& view) {
 void FindDialog::ShowStoredHistories(const std::function<void(const std::u16string& key)>& pointAt) {
   if (const auto key = workbench_.settings().RegistryKeyOf(kFormSection)) {
     pointAt(*key);
-    workbench_.desktop().Run(u"REGEDIT.EXE", u"");
+    workbench_.desktop().RunSystemProgram(u"REGEDIT.EXE", u"");
   } else {
     workbench_.desktop().OpenWithDefaultProgram(workbench_.folders().iniFile);
   }

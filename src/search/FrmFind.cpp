@@ -7,9 +7,9 @@
 
 #include "search/FrmFindControls.h"
 #include "search/ScrivantaComboBox.h"
+#include "text/win/WideText.h"
 #include "win/DroppedFiles.h"
 #include "win/Registry.h"
-#include "text/win/WideText.h"
 
 namespace scrivanta {
 
@@ -183,11 +183,11 @@ void FrmFind::OnClose() {
 }
 
 std::u16string FrmFind::FindBox() const {
-  return ComboBoxText(Control(Combo1));
+  return ControlText(Combo1);
 }
 
 std::u16string FrmFind::ReplaceBox() const {
-  return ComboBoxText(Control(Combo2));
+  return ControlText(Combo2);
 }
 
 void FrmFind::SetFindBox(const std::u16string& text, const std::vector<std::u16string>& list) {

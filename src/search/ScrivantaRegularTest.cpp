@@ -79,7 +79,7 @@ bool ScrivantaRegularTest::OnComboKey(WPARAM key) {
 }
 
 std::u16string ScrivantaRegularTest::PatternBox() const {
-  return ComboBoxText(Control(Combo1));
+  return ControlText(Combo1);
 }
 
 void ScrivantaRegularTest::SetPatternBox(const std::u16string& text, const std::vector<std::u16string>& list) {

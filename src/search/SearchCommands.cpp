@@ -85,7 +85,7 @@ void mnuGoToThis(Workbench& workbench) {
                                                  .buttons = Buttons::kYesNoCancel,
                                                  .icon = Icon::kQuestion});
   if (answer == Answer::kYes) {
-    workbench.desktop().Run(u"notepad.exe", TextOfPath(paths.front()));
+    workbench.desktop().RunSystemProgram(u"notepad.exe", TextOfPath(paths.front()));
   } else if (answer == Answer::kNo) {
     workbench.desktop().OpenWithDefaultProgram(paths.front());
   }

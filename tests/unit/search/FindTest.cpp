@@ -14,6 +14,7 @@
 #include "search/TextRanges.h"
 #include "shell/services/FormState.h"
 #include "support/ScriptedWorkbench.h"
+#include "text/ExplainedError.h"
 
 namespace scrivanta {
 namespace {
@@ -207,11 +208,11 @@ TEST_F(FindDialogTest, ShowsTheHistoriesWhereTheyAreKept) {
   const auto pointAt = [&shown](const std::u16string& key) { shown = key; };
   dialog.ShowStoredHistories(pointAt);
   EXPECT_EQ(shown, u"HKEY\\FormSaveSetting");
-  ASSERT_EQ(workbench.desktop().runs.size(), 1U);
-  EXPECT_EQ(workbench.desktop().runs[0].first, u"REGEDIT.EXE");
+  ASSERT_EQ(workbench.desktop().systemRuns.size(), 1U);
+  EXPECT_EQ(workbench.desktop().systemRuns[0].first, u"REGEDIT.EXE");
   workbench.settings().inRegistry = false;
   dialog.ShowStoredHistories(pointAt);
-  EXPECT_EQ(workbench.desktop().runs.size(), 1U);
+  EXPECT_EQ(workbench.desktop().systemRuns.size(), 1U);
   EXPECT_EQ(workbench.desktop().opened, std::vector{workbench.folders().iniFile});
 }
 
@@ -315,6 +316,18 @@ TEST_F(FindDialogTest, ReplacesAllWithinTheFormatting) {
   dialog.ReplaceAll(view);
   EXPECT_EQ(workbench.editor().changes, 1);
   EXPECT_EQ(workbench.status, u"已替换0处，另有1处被格式代码分开，未替换");
+}
+
+TEST_F(FindDialogTest, ARichTextThatIsNotTakenIsNoSuccess) {
+  workbench.editor().Open(u"a");
+  workbench.editor().rtf = "{\\rtf1 a}";
+  Fill(u"a", u"b");
+  view.keepsFormatting = true;
+  for (const TextRange selection : {TextRange{}, TextRange{{0}, 1}}) {
+    workbench.editor().SetSelection(selection);
+    EXPECT_THROW(dialog.ReplaceAll(view), ExplainedError);
+  }
+  EXPECT_EQ(workbench.status, u"");
 }
 
 TEST_F(FindDialogTest, FiltersMatchingLinesToTheTop) {
@@ -594,8 +607,8 @@ TEST(SearchCommands, OpensTheFileOfTheLine) {
   workbench.prompts().Will(Answer::kYes);
   mnuGoToThis(workbench);
   EXPECT_EQ(workbench.editor().SelectedText(), u"``C:\\a b.txt");
-  ASSERT_EQ(workbench.desktop().runs.size(), 1U);
-  EXPECT_EQ(workbench.desktop().runs[0].second, u"C:\\a b.txt");
+  ASSERT_EQ(workbench.desktop().systemRuns.size(), 1U);
+  EXPECT_EQ(workbench.desktop().systemRuns[0].second, u"C:\\a b.txt");
 }
 
 }  // namespace
