@@ -113,8 +113,6 @@ std::optional<DuplicateChoice> AskForDuplicateChoice(Workbench& workbench) {
   return choice;
 }
 
-}  // namespace
-
 void mnuFilterNeedLine(Workbench& workbench) {
   const std::u16string keyword = workbench.prompts().Input(
       {.prompt = u"输入过滤行关键字：", .title = u"输入信息", .preset = workbench.settings().Get(kKeywordKey)});
@@ -170,6 +168,14 @@ void mnuFilterContinueRepeatLine(Workbench& workbench) {
                      [](LineReader& in, LineWriter& kept, LineWriter& report, Progress&) {
                        FilterConsecutiveDuplicates(in, kept, report, kWorkFileEncoding);
                      });
+}
+
+}  // namespace
+
+void AddFilterCommands(CommandTable& table) {
+  table.Add("mnuFilterNeedLine", {&mnuFilterNeedLine});
+  table.Add("mnuFilterRepeatLine", {&mnuFilterRepeatLine});
+  table.Add("mnuFilterContinueRepeatLine", {&mnuFilterContinueRepeatLine});
 }
 
 }  // namespace scrivanta
