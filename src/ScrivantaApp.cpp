@@ -6,18 +6,19 @@
 
 #include "ScrivantaSubsystems.h"
 #include "regexp/ScrivantaRegExpObject.h"
-#include "shell/window/ChosenRegExpEngine.h"
-#include "shell/workbench/CommandTable.h"
-#include "shell/window/FrmMain.h"
-#include "shell/window/FrmOptions.h"
 #include "shell/settings/PortableStore.h"
-#include "shell/window/ScrivantaDesktop.h"
 #include "shell/settings/ScrivantaRegistry.h"
 #include "shell/settings/SettingsStore.h"
+#include "shell/window/ChosenRegExpEngine.h"
+#include "shell/window/FrmMain.h"
+#include "shell/window/FrmOptions.h"
+#include "shell/window/ScrivantaDesktop.h"
 #include "shell/window/ShellCommands.h"
+#include "shell/workbench/CommandTable.h"
 #include "win/ComApartment.h"
 #include "win/MessageLoop.h"
 #include "win/RichEdit.h"
+#include "win/SystemFolders.h"
 
 namespace scrivanta {
 
@@ -33,6 +34,7 @@ std::unique_ptr<RegistryStore> OpenRegistryStore(const IniFile& iniFile) {
 }  // namespace
 
 int RunApp(HINSTANCE instance, const std::u16string& commandLine, std::atomic<HWND>* window) {
+  CloseLibrarySearch();
   // What was copied from the edit box lies on the clipboard as an object of this library, so the library goes last.
   const OwnedLibrary richEdit = LoadRichEditLibrary();
   const ComApartment apartment;

@@ -31,7 +31,4 @@ class BatchInput final : public ByteSource {
   ByteSource* stream_ = nullptr;
 };
 
-// The whole of what is left of a source, in memory. Throws FileError, Interrupted.
-std::string ReadAll(ByteSource& source, Progress& progress);
-
 }  // namespace scrivanta

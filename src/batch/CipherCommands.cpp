@@ -13,6 +13,7 @@
 #include "text/Encoding.h"
 #include "text/ExplainedError.h"
 #include "text/LineReader.h"
+#include "text/ReadAll.h"
 
 namespace scrivanta {
 

@@ -11,12 +11,14 @@
 #include "text/Bytes.h"
 #include "text/DecimalText.h"
 #include "text/ExplainedError.h"
-#include "text/PathParts.h"
 #include "text/PlatformFile.h"
+#include "text/SameFile.h"
 
 namespace scrivanta {
 
 namespace {
+
+constexpr std::size_t kMostDigits = kWindowBits / 8;  // that a key has room for
 
 std::optional<SecretKey> AskForKey(Workbench& workbench, CryptoDialogs& dialogs, SecretDialog::Ciphers ciphers) {
   SecretDialog dialog(workbench.prompts(), ciphers);
@@ -42,10 +44,18 @@ std::optional<KeyAndSelection> AskForKeyToSelection(Workbench& workbench, Crypto
   return KeyAndSelection{*std::move(key), std::move(selection)};
 }
 
+// What of a long key does not count; empty for all others.
+std::u16string CutOf(const SecretKey& key) {
+  return key.useRijndael && key.digits.size() > kMostDigits ? u"只有前 " + DecimalText(kMostDigits) + u" 位起作用"
+                                                            : u"";
+}
+
 void SaveAndRemark(Workbench& workbench, const std::filesystem::path& path, const SecretKey& key) {
   SaveEncrypted(workbench, path, key.digits);
   // What was typed was hidden; its length is one way to notice a slip while the plaintext is still there.
-  workbench.ShowStatus(u"已加密保存（密钥 " + DecimalText(key.digits.size()) + u" 位）：" + TextOfPath(path));
+  const std::u16string cut = CutOf(key);
+  workbench.ShowStatus(u"已加密保存（密钥 " + DecimalText(key.digits.size()) + u" 位" + (cut.empty() ? u"" : u"，") +
+                       cut + u"）：" + TextOfPath(path));
 }
 
 // Saves a document that is kept in an encrypted file.
@@ -133,6 +143,9 @@ void mnuEncryptSelectedText(Workbench& workbench, CryptoDialogs& dialogs) {
   const auto& [key, selection] = *given;
   workbench.editor().ReplaceSelection(key.useRijndael ? EncryptWithDigits(selection, key.digits)
                                                       : TextEncrypt(selection, NumericKey(key.digits)));
+  if (const std::u16string cut = CutOf(key); !cut.empty()) {
+    workbench.ShowStatus(u"密钥 " + DecimalText(key.digits.size()) + u" 位，" + cut);
+  }
 }
 
 void mnuDeEncryptSelectedText(Workbench& workbench, CryptoDialogs& dialogs) {
@@ -155,19 +168,20 @@ void mnuDeEncryptSelectedText(Workbench& workbench, CryptoDialogs& dialogs) {
 
 void mnuSaveEncryptFile(Workbench& workbench, CryptoDialogs& dialogs) {
   const std::filesystem::path chosen = workbench.prompts().AskForFile({.filter = u"*.txt"});
-  if (chosen.empty()) {
+  const std::optional<std::filesystem::path> path =
+      chosen.empty() ? std::nullopt : workbench.document().ConfirmTarget(chosen);
+  if (!path) {
     return;
   }
   const std::optional<SecretKey> key = AskForKey(workbench, dialogs, SecretDialog::Ciphers::kRijndaelOnly);
   if (!key) {
     return;
   }
-  const std::filesystem::path path = PathOfText(WithTextExtension(TextOfPath(chosen)));
-  SaveAndRemark(workbench, path, *key);
   const std::filesystem::path own = workbench.document().Path();
-  std::error_code ignored;
-  if (own.empty() || std::filesystem::equivalent(own, path, ignored)) {
-    workbench.document().SaveThrough(SaverFor(dialogs, path));
+  const bool becomesEncrypted = own.empty() || IsSameFile(own, *path);
+  SaveAndRemark(workbench, *path, *key);
+  if (becomesEncrypted) {
+    workbench.document().SaveThrough(SaverFor(dialogs, *path));
   }
 }
 
@@ -188,7 +202,8 @@ void mnuOpenEncryptedFile(Workbench& workbench, CryptoDialogs& dialogs) {
     return;
   }
   const auto tell = [&workbench](std::u16string_view reason) { TellFailure(workbench, kErrorOpening, reason); };
-  if (const auto text = DecryptRijndael(workbench, *ciphertext, *key, tell)) {
+  const std::optional<std::u16string> text = DecryptRijndael(workbench, *ciphertext, *key, tell);
+  if (text && workbench.document().MayBeReplaced()) {
     workbench.document().ShowNew(*text, SaverFor(dialogs, path));
   }
 }

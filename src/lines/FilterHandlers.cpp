@@ -43,9 +43,7 @@ void RunDuplicateFilter(Workbench& workbench, bool keepFirst, WholeTextEnd whole
   const std::unique_ptr<BusyWork> work = workbench.StartWork();
   CapturedInput input = CaptureInput(workbench, kInputFileName, wholeTextEnd);
   if (addLineBreak) {
-    input.text += u"\r\n";
-    input.bytes += "\r\n";
-    RewriteInputFile(input);
+    AddLineBreak(input);
   }
   ResultFile kept(workbench, u"FilterLineOk.txt");
   ResultFile report(workbench, u"FilterLineSameOk.txt");
@@ -115,8 +113,6 @@ std::optional<DuplicateChoice> AskForDuplicateChoice(Workbench& workbench) {
   return choice;
 }
 
-}  // namespace
-
 void mnuFilterNeedLine(Workbench& workbench) {
   const std::u16string keyword = workbench.prompts().Input(
       {.prompt = u"输入过滤行关键字：", .title = u"输入信息", .preset = workbench.settings().Get(kKeywordKey)});
@@ -172,6 +168,14 @@ void mnuFilterContinueRepeatLine(Workbench& workbench) {
                      [](LineReader& in, LineWriter& kept, LineWriter& report, Progress&) {
                        FilterConsecutiveDuplicates(in, kept, report, kWorkFileEncoding);
                      });
+}
+
+}  // namespace
+
+void AddFilterCommands(CommandTable& table) {
+  table.Add("mnuFilterNeedLine", {&mnuFilterNeedLine});
+  table.Add("mnuFilterRepeatLine", {&mnuFilterRepeatLine});
+  table.Add("mnuFilterContinueRepeatLine", {&mnuFilterContinueRepeatLine});
 }
 
 }  // namespace scrivanta

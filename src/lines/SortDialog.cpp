@@ -58,8 +58,8 @@ bool SortDialog::IsStillCaptured() const {
   if (editor.Selection().empty() != input_.selection.empty()) {
     return false;
   }
-  return input_.selection.empty() ? editor.Text() + u"\r\n" == input_.text
-                                  : editor.Selection() == input_.selection && editor.SelectedText() == input_.text;
+  return input_.selection.empty() ? editor.Text() == input_.OwnText()
+                                  : editor.Selection() == input_.selection && editor.SelectedText() == input_.OwnText();
 }
 
 // The window stays open, so what was sorted is captured and, when it was a selection, selected again. The range stays.

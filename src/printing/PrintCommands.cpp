@@ -39,8 +39,6 @@ std::size_t Print(Workbench& workbench, const PrintOrder& order, const PrintedTe
   return last - first;
 }
 
-}  // namespace
-
 void mnuPrint(Workbench& workbench, PrintDialogs& dialogs) {
   Editor& editor = workbench.editor();
   PrintedText whole{.text = editor.Text()};
@@ -67,6 +65,8 @@ void mnuShowPageSetupDlg(Workbench& workbench, PrintDialogs& dialogs) {
     SavePageSetup(*setup, workbench.settings());
   }
 }
+
+}  // namespace
 
 void RegisterPrintCommands(CommandTable& table, PrintDialogs& dialogs) {
   table.Add("mnuPrint", {[&dialogs](Workbench& workbench) { mnuPrint(workbench, dialogs); }});

@@ -52,8 +52,7 @@ class PrintDialogs : public Interface {
   virtual std::optional<PageSetup> AskForSetup(const PageSetup& setup) = 0;
 };
 
-void mnuPrint(Workbench& workbench, PrintDialogs& dialogs);
-void mnuShowPageSetupDlg(Workbench& workbench, PrintDialogs& dialogs);
+// The dialogs outlive the table.
 void RegisterPrintCommands(CommandTable& table, PrintDialogs& dialogs);
 
 }  // namespace scrivanta

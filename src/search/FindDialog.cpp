@@ -19,6 +19,7 @@
 #include "shell/workbench/FormKey.h"
 #include "shell/workbench/ResultFiles.h"
 #include "text/DecimalText.h"
+#include "text/ExplainedError.h"
 #include "text/LineText.h"
 #include "text/LiteralFinder.h"
 #include "text/PlatformFile.h"
@@ -267,11 +268,12 @@ void FindDialog::ReplaceAllFormatted(TextRange selection) {
     outcome = text.Replace(FindReplacements(text.text(), state_, workbench_.regExpEngine(), work->progress()));
     if (outcome.replaced > 0) {
       const ScrollPosition scroll = editor.Scroll();
+      const bool isTaken = selection.empty() ? editor.SetRtf(outcome.rtf) : editor.ReplaceSelectionByRtf(outcome.rtf);
+      if (!isTaken) {
+        throw ExplainedError("the rich text was not taken", u"带格式的文本没有放回，文档没有改变。");
+      }
       if (selection.empty()) {
-        editor.SetRtf(outcome.rtf);
         editor.SetSelection({selection.start, 0});
-      } else {
-        editor.ReplaceSelectionByRtf(outcome.rtf);
       }
       editor.SetScroll(scroll);
     }
@@ -309,16 +311,14 @@ void FindDialog::Filter(FindView& view) {
     return;
   }
   std::u16string text = matches + filter(MarkerFilterMode::kRemove);
-  // One line break is cut off when the result is put back; a text that ends with one keeps it.
-  if (!text.ends_with(kLineBreak)) {
-    text += kLineBreak;
+  // Another line may be the last one now; the text ends as it did.
+  if (text.ends_with(kLineBreak)) {
+    text.resize(text.size() - kLineBreak.size());
   }
   if (input.text.ends_with(kLineBreak)) {
     text += kLineBreak;
   }
-  ResultFile result(workbench_, kInputFileName);
-  result.Write(Encode(kWorkFileEncoding, text));
-  PutResultBack(workbench_, input, result);
+  PutTextBack(workbench_, input, kInputFileName, text);
 }
 
 std::vector<std::filesystem::path> FindDialog::DroppedFiles(const FindView& view) const {
@@ -450,7 +450,7 @@ void FindDialog::FilterReplaceHistory(FindView& view) {
 void FindDialog::ShowStoredHistories(const std::function<void(const std::u16string& key)>& pointAt) {
   if (const auto key = workbench_.settings().RegistryKeyOf(kFormSection)) {
     pointAt(*key);
-    workbench_.desktop().Run(u"REGEDIT.EXE", u"");
+    workbench_.desktop().RunSystemProgram(u"REGEDIT.EXE", u"");
   } else {
     workbench_.desktop().OpenWithDefaultProgram(workbench_.folders().iniFile);
   }

@@ -2,25 +2,30 @@
 
 #include <windows.h>
 
-#include "text/win/WideText.h"
+#include "win/HeldFailure.h"
+#include "win/WindowText.h"
 
 namespace scrivanta {
 
 namespace {
 
-BOOL CALLBACK AddTitle(HWND window, LPARAM titles) {
-  std::wstring title(static_cast<std::size_t>(GetWindowTextLengthW(window)) + 1, L'\0');
-  title.resize(static_cast<std::size_t>(GetWindowTextW(window, title.data(), static_cast<int>(title.size()))));
-  reinterpret_cast<std::vector<std::u16string>*>(titles)->push_back(FromWide(title));
-  return TRUE;
+struct Titles {
+  std::vector<std::u16string> list;
+  HeldFailure failure;
+};
+
+BOOL CALLBACK AddTitle(HWND window, LPARAM parameter) {
+  auto& titles = *reinterpret_cast<Titles*>(parameter);
+  return titles.failure.Hold([&] { titles.list.push_back(WindowText(window)); }) ? TRUE : FALSE;
 }
 
 }  // namespace
 
 std::vector<std::u16string> TopLevelWindowTitles() {
-  std::vector<std::u16string> titles;
+  Titles titles;
   EnumWindows(&AddTitle, reinterpret_cast<LPARAM>(&titles));
-  return titles;
+  titles.failure.Rethrow();
+  return std::move(titles.list);
 }
 
 }  // namespace scrivanta

@@ -4,6 +4,9 @@
 
 #include <gtest/gtest.h>
 
+#include "text/PathParts.h"
+#include "text/PlatformFile.h"
+
 namespace scrivanta::testing {
 
 namespace {
@@ -188,6 +191,10 @@ std::optional<std::u16string> MapSettings::RegistryKeyOf(std::u16string_view sec
 bool ScriptedDocument::OfferToSave() {
   ++offers;
   return offerAnswer;
+}
+
+std::optional<std::filesystem::path> ScriptedDocument::ConfirmTarget(const std::filesystem::path& chosen) {
+  return targetIsFine ? std::optional(PathOfText(WithTextExtension(TextOfPath(chosen)))) : std::nullopt;
 }
 
 void ScriptedDocument::ShowNew(std::u16string_view text, DocumentSaver newSaver) {

@@ -109,9 +109,13 @@ class RecordingDesktop final : public Desktop {
   void Run(const std::u16string& program, const std::u16string& arguments) override {
     runs.emplace_back(program, arguments);
   }
+  void RunSystemProgram(const std::u16string& fileName, const std::u16string& arguments) override {
+    systemRuns.emplace_back(fileName, arguments);
+  }
 
   std::vector<std::filesystem::path> opened;
   std::vector<std::pair<std::u16string, std::u16string>> runs;
+  std::vector<std::pair<std::u16string, std::u16string>> systemRuns;
 };
 
 class ScriptedDocument final : public Document {
@@ -122,6 +126,9 @@ class ScriptedDocument final : public Document {
   bool IsChanged() const override { return changed; }
   void MarkUnchanged() override { changed = false; }
   bool OfferToSave() override;
+  bool MayBeReplaced() override { return mayBeReplaced; }
+  // The path that it would get, unless the user does not want it.
+  std::optional<std::filesystem::path> ConfirmTarget(const std::filesystem::path& chosen) override;
   void ShowNew(std::u16string_view text, DocumentSaver newSaver) override;
   void SaveThrough(DocumentSaver newSaver) override;
   std::u16string TextOfFile(const std::filesystem::path& file) override;
@@ -130,6 +137,8 @@ class ScriptedDocument final : public Document {
   bool changed = false;
   DocumentSaver saver;
   bool offerAnswer = true;  // false: the user cancels
+  bool mayBeReplaced = true;
+  bool targetIsFine = true;
   int offers = 0;
   std::map<std::filesystem::path, std::u16string> texts;  // of the files that there are
 

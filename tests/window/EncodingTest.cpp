@@ -53,6 +53,7 @@ TEST_F(EncodingTest, DocumentsKeepTheirEncodingAndLineEnds) {
     app.Open(file);
     EXPECT_EQ(Shown(app.Text()), Shown(document.shown));
 
+    std::filesystem::remove(folder / u"副本.txt");
     app.Menu("mnuSaveAs");
     app.ChooseFile(folder / u"副本.txt");
     EXPECT_EQ(ReadBytes(folder / u"副本.txt"), document.bytes);

@@ -9,8 +9,6 @@
 #include <vector>
 
 #include "shell/window/CommandLine.h"
-#include "text/DateTimeText.h"
-#include "shell/workbench/FailureMessage.h"
 #include "shell/window/FrmMainControls.h"
 #include "shell/window/FrmMainMenu.h"
 #include "shell/window/InstanceNumber.h"
@@ -18,12 +16,15 @@
 #include "shell/window/MenuTree.h"
 #include "shell/window/Options.h"
 #include "shell/window/WindowPlacement.h"
+#include "shell/workbench/FailureMessage.h"
+#include "text/DateTimeText.h"
 #include "text/PlatformFile.h"
 #include "text/Twips.h"
+#include "text/win/WideText.h"
 #include "win/DroppedFiles.h"
 #include "win/Monitors.h"
 #include "win/TopLevelWindows.h"
-#include "text/win/WideText.h"
+#include "win/WindowText.h"
 
 namespace scrivanta {
 
@@ -540,9 +541,7 @@ HWND FrmMain::PromptOwner() const {
 }
 
 std::u16string FrmMain::Caption() const {
-  std::wstring caption(static_cast<std::size_t>(GetWindowTextLengthW(handle())) + 1, L'\0');
-  caption.resize(static_cast<std::size_t>(GetWindowTextW(handle(), caption.data(), static_cast<int>(caption.size()))));
-  return FromWide(caption);
+  return WindowText(handle());
 }
 
 }  // namespace scrivanta

@@ -139,13 +139,18 @@ std::filesystem::path FrmMainPrompts::AskForFolder(const FolderQuestion& questio
   return ShowFolderDialog(asking.owner(), question.title, question.initialFolder);
 }
 
-void ShowFailure(HWND owner, const std::exception_ptr& failure) {
+void ShowFailure(HWND owner, const std::exception_ptr& failure) noexcept {
   try {
-    std::rethrow_exception(failure);
-  } catch (const Interrupted&) {
-    return;
-  } catch (const std::exception& error) {
-    ShowMessage(owner, FailureMessage(error));
+    try {
+      std::rethrow_exception(failure);
+    } catch (const Interrupted&) {
+      return;
+    } catch (const std::exception& error) {
+      ShowMessage(owner, FailureMessage(error));
+    }
+  } catch (...) {
+    // Not even the message could be made. This one takes no memory of ours.
+    MessageBoxW(owner, L"操作没有完成，可能内存不足。请先存盘。", L"Scrivanta", MB_OK | MB_ICONERROR);
   }
 }
 

@@ -32,6 +32,6 @@ class FrmMainPrompts final : public Prompts {
 };
 
 // One message box for what has reached a window from inside; none for an Interrupted.
-void ShowFailure(HWND owner, const std::exception_ptr& failure);
+void ShowFailure(HWND owner, const std::exception_ptr& failure) noexcept;
 
 }  // namespace scrivanta

@@ -4,11 +4,11 @@
 #include <memory>
 #include <utility>
 
-#include "shell/window/Capitals.h"
 #include "shell/document/DocumentFile.h"
+#include "shell/window/Capitals.h"
+#include "shell/workbench/EditBox.h"
 #include "shell/workbench/FontLine.h"
 #include "shell/workbench/NewInstance.h"
-#include "shell/workbench/EditBox.h"
 
 namespace scrivanta {
 
@@ -110,7 +110,7 @@ void RegisterShellCommands(CommandTable& table, MainWindow& window) {
   AddClipboardCommands(table, window.editBox());
   AddFormatCommands(table, window.editBox());
   AddSelectionCommands(table);
-  table.Add("mnuCalculator", {[](Workbench& workbench) { workbench.desktop().Run(u"CALC.EXE", u""); }});
+  table.Add("mnuCalculator", {[](Workbench& workbench) { workbench.desktop().RunSystemProgram(u"CALC.EXE", u""); }});
   table.Add("mnuHowToUse", {&mnuHowToUse});
 }
 

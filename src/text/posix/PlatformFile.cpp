@@ -8,6 +8,7 @@
 
 #include "text/Bytes.h"
 #include "text/Encoding.h"
+#include "text/FileIdentity.h"
 
 namespace scrivanta {
 
@@ -137,6 +138,18 @@ std::error_code MoveInPlace(const std::filesystem::path& from, const std::filesy
   }
   FlushFolder(FolderOfFile(to));
   return {};
+}
+
+std::optional<FileIdentity> IdentityOf(const std::filesystem::path& path) {
+  struct stat status = {};
+  if (stat(path.c_str(), &status) != 0) {
+    return std::nullopt;
+  }
+  return FileIdentity{.volume = status.st_dev, .file = status.st_ino};
+}
+
+bool AreSameName(const std::filesystem::path& one, const std::filesystem::path& other) {
+  return one == other;
 }
 
 bool IsLinkToFolder(const std::filesystem::path& path) noexcept {

@@ -10,6 +10,7 @@
 #include <fcntl.h>
 #include <io.h>
 
+#include "text/FileIdentity.h"
 #include "text/win/Handles.h"
 #include "text/win/WideText.h"
 
@@ -83,12 +84,17 @@ HANDLE HandleOf(std::FILE* file) {
   return reinterpret_cast<HANDLE>(_get_osfhandle(_fileno(file)));
 }
 
+// A file or a folder, not to be read but to be asked about: whoever else has it open does not stand in the way.
+OwnedFile OpenToAskAbout(const std::wstring& path) {
+  constexpr DWORD kEveryUse = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
+  return OwnedFile(
+      CreateFileW(path.c_str(), 0, kEveryUse, nullptr, OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr));
+}
+
 // Where the symbolic links that begin at the path end. Other files than links have such a mark too; they end at
 // themselves.
 std::filesystem::path EndOfLinks(const std::wstring& path, std::error_code& code) {
-  constexpr DWORD kEveryUse = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
-  const OwnedFile file(
-      CreateFileW(path.c_str(), 0, kEveryUse, nullptr, OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr));
+  const OwnedFile file = OpenToAskAbout(path);
   if (!file) {
     code = LastSystemError();
     return path;
@@ -233,6 +239,21 @@ std::error_code MoveInPlace(const std::filesystem::path& from, const std::filesy
     }
     Sleep(pauseMs);
   }
+}
+
+std::optional<FileIdentity> IdentityOf(const std::filesystem::path& path) {
+  const OwnedFile file = OpenToAskAbout(SystemPath(path));
+  BY_HANDLE_FILE_INFORMATION information{};
+  if (!file || GetFileInformationByHandle(file.get(), &information) == 0) {
+    return std::nullopt;
+  }
+  constexpr int kHalf = 32;
+  return FileIdentity{.volume = information.dwVolumeSerialNumber,
+                      .file = std::uint64_t{information.nFileIndexHigh} << kHalf | information.nFileIndexLow};
+}
+
+bool AreSameName(const std::filesystem::path& one, const std::filesystem::path& other) {
+  return CompareStringOrdinal(one.c_str(), -1, other.c_str(), -1, TRUE) == CSTR_EQUAL;
 }
 
 bool IsLinkToFolder(const std::filesystem::path& path) noexcept {

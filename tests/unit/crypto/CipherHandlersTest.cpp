@@ -96,6 +96,21 @@ TEST_F(CipherHandlers, EncryptTheSelectionBothWays) {
   EXPECT_TRUE(workbench_.prompts().messages.empty());
 }
 
+TEST_F(CipherHandlers, TellWhatOfALongKeyDoesNotCount) {
+  const std::u16string longKey(33, u'1');
+  OpenSelected(u"A");
+  dialogs_.script = {{longKey, true}};
+  Run("mnuEncryptSelectedText");
+  EXPECT_EQ(workbench_.editor().Text(), Rijndael(u"A", longKey.substr(1)));
+  EXPECT_EQ(workbench_.status, u"密钥 33 位，只有前 32 位起作用");
+  workbench_.status.clear();
+  OpenSelected(u"A");
+  dialogs_.script = {{longKey, false}, {longKey.substr(1), true}};
+  Run("mnuEncryptSelectedText");
+  Run("mnuEncryptSelectedText");
+  EXPECT_EQ(workbench_.status, u"");
+}
+
 TEST_F(CipherHandlers, MakeTheCiphertextsOfTheirCiphers) {
   OpenSelected(u"A");
   dialogs_.script = {{u"5"}};
@@ -213,6 +228,11 @@ TEST_F(CipherHandlers, SaveNothingWhenCalledOff) {
   workbench_.prompts().Will(std::filesystem::path());
   Run("mnuSaveEncryptFile");
   EXPECT_EQ(dialogs_.shown, 0);
+  workbench_.prompts().Will(folder_.path() / "letter.txt");
+  workbench_.document().targetIsFine = false;
+  Run("mnuSaveEncryptFile");
+  EXPECT_EQ(dialogs_.shown, 0) << "what would be replaced stays";
+  workbench_.document().targetIsFine = true;
   workbench_.prompts().Will(folder_.path() / "letter.txt");
   dialogs_.script = {{u"", false, true}};
   Run("mnuSaveEncryptFile");

@@ -14,6 +14,7 @@
 #include "search/TextRanges.h"
 #include "shell/services/FormState.h"
 #include "support/ScriptedWorkbench.h"
+#include "text/ExplainedError.h"
 
 namespace scrivanta {
 namespace {
@@ -207,11 +208,11 @@ TEST_F(FindDialogTest, ShowsTheHistoriesWhereTheyAreKept) {
   const auto pointAt = [&shown](const std::u16string& key) { shown = key; };
   dialog.ShowStoredHistories(pointAt);
   EXPECT_EQ(shown, u"HKEY\\FormSaveSetting");
-  ASSERT_EQ(workbench.desktop().runs.size(), 1U);
-  EXPECT_EQ(workbench.desktop().runs[0].first, u"REGEDIT.EXE");
+  ASSERT_EQ(workbench.desktop().systemRuns.size(), 1U);
+  EXPECT_EQ(workbench.desktop().systemRuns[0].first, u"REGEDIT.EXE");
   workbench.settings().inRegistry = false;
   dialog.ShowStoredHistories(pointAt);
-  EXPECT_EQ(workbench.desktop().runs.size(), 1U);
+  EXPECT_EQ(workbench.desktop().systemRuns.size(), 1U);
   EXPECT_EQ(workbench.desktop().opened, std::vector{workbench.folders().iniFile});
 }
 
@@ -315,6 +316,18 @@ TEST_F(FindDialogTest, ReplacesAllWithinTheFormatting) {
   dialog.ReplaceAll(view);
   EXPECT_EQ(workbench.editor().changes, 1);
   EXPECT_EQ(workbench.status, u"已替换0处，另有1处被格式代码分开，未替换");
+}
+
+TEST_F(FindDialogTest, ARichTextThatIsNotTakenIsNoSuccess) {
+  workbench.editor().Open(u"a");
+  workbench.editor().rtf = "{\\rtf1 a}";
+  Fill(u"a", u"b");
+  view.keepsFormatting = true;
+  for (const TextRange selection : {TextRange{}, TextRange{{0}, 1}}) {
+    workbench.editor().SetSelection(selection);
+    EXPECT_THROW(dialog.ReplaceAll(view), ExplainedError);
+  }
+  EXPECT_EQ(workbench.status, u"");
 }
 
 TEST_F(FindDialogTest, FiltersMatchingLinesToTheTop) {
@@ -559,30 +572,55 @@ TEST(Highlight, FindsWordsWhateverTheirCaseAndMergesThem) {
   EXPECT_TRUE(FindWords(u"x", u"|", progress).empty());
 }
 
+class NoDialogs final : public SearchDialogs {
+  void ShowFind(Workbench&, FindState&, FindDialogFocus) override {}
+  void ShowRegularTest(Workbench&) override {}
+};
+
+void Run(std::string_view command, Workbench& workbench) {
+  NoDialogs dialogs;
+  CommandTable table;
+  RegisterSearchCommands(table, dialogs);
+  EXPECT_TRUE(table.Run(command, workbench));
+}
+
 TEST(SearchCommands, ExtractsAndReplacesByPattern) {
   ScriptedWorkbench workbench;
   workbench.editor().Open(u"a1\r\nb22");
   workbench.prompts().Will(std::u16string(u"\\d+"));
-  mnuRegGet(workbench);
+  Run("mnuRegGet", workbench);
   EXPECT_EQ(workbench.editor().Text(), u"1\r\n22");
   EXPECT_EQ(workbench.prompts().inputs[0].prompt, u"输入要寻找的字串（正则表达式）");
   EXPECT_EQ(workbench.WorkFile("FileAutoSave.txt"), "1\r\n22\r\n");
   workbench.prompts().Will(std::u16string(u"^(\\d)"));
   workbench.prompts().Will(std::u16string(u"<\\1>"));
-  mnuRegReplace(workbench);
+  Run("mnuRegReplace", workbench);
   EXPECT_EQ(workbench.prompts().inputs[1].preset, u"\\d+");
   EXPECT_EQ(workbench.prompts().inputs[2].prompt, u"替换为（取正则表达式中相应括号中的部分用：\\1\\2\\3...）：");
   EXPECT_EQ(workbench.editor().Text(), u"<1>\r\n<2>2");
+}
+
+TEST(SearchCommands, ASelectionOfWholeLinesKeepsItsLastLineBreak) {
+  ScriptedWorkbench workbench;
+  workbench.editor().Open(u"a1\r\nb2\r\nc3", {{0}, 8});
+  workbench.prompts().Will(std::u16string(u"\\d"));
+  Run("mnuRegGet", workbench);
+  EXPECT_EQ(workbench.editor().Text(), u"1\r\n2\r\nc3");
+  workbench.editor().SetSelection({{0}, 6});
+  workbench.prompts().Will(std::u16string(u"\\d"));
+  workbench.prompts().Will(std::u16string(u"x"));
+  Run("mnuRegReplace", workbench);
+  EXPECT_EQ(workbench.editor().Text(), u"x\r\nx\r\nc3");
 }
 
 TEST(SearchCommands, OpensTheFileOfTheLine) {
   ScriptedWorkbench workbench;
   workbench.editor().Open(u"x\r\n``C:\\a b.txt\r\n", {{5}, 0});
   workbench.prompts().Will(Answer::kYes);
-  mnuGoToThis(workbench);
+  Run("mnuGoToThis", workbench);
   EXPECT_EQ(workbench.editor().SelectedText(), u"``C:\\a b.txt");
-  ASSERT_EQ(workbench.desktop().runs.size(), 1U);
-  EXPECT_EQ(workbench.desktop().runs[0].second, u"C:\\a b.txt");
+  ASSERT_EQ(workbench.desktop().systemRuns.size(), 1U);
+  EXPECT_EQ(workbench.desktop().systemRuns[0].second, u"C:\\a b.txt");
 }
 
 }  // namespace

@@ -107,8 +107,8 @@ class Soak::Dialogs final : public LineDialogs,
     dialog.Capture(*this);
     dialog.Sort(*this);
   }
-  void ShowFind(FindDialog&, FindDialogFocus) override {}
-  void ShowRegularTest(RegularTest&) override {}
+  void ShowFind(Workbench&, FindState&, FindDialogFocus) override {}
+  void ShowRegularTest(Workbench&) override {}
   void ShowSecret(SecretDialog& dialog) override { dialog.Accept(*this); }
 
   std::u16string first;

@@ -4,8 +4,8 @@
 #include <gtest/gtest.h>
 
 #include "shell/window/MenuTree.h"
-#include "shell/workbench/EditBox.h"
 #include "shell/window/ShellCommands.h"
+#include "shell/workbench/EditBox.h"
 #include "support/ScriptedWorkbench.h"
 
 namespace scrivanta {
@@ -132,8 +132,8 @@ TEST_F(ShellCommandsTest, ANewInstanceIsThisProgramAgain) {
 
 TEST_F(ShellCommandsTest, CalculatorAndHelp) {
   Run("mnuCalculator");
-  ASSERT_EQ(workbench.desktop().runs.size(), 1U);
-  EXPECT_EQ(workbench.desktop().runs[0].first, u"CALC.EXE");
+  ASSERT_EQ(workbench.desktop().systemRuns.size(), 1U);
+  EXPECT_EQ(workbench.desktop().systemRuns[0].first, u"CALC.EXE");
   Run("mnuHowToUse");
   ASSERT_EQ(workbench.desktop().opened.size(), 1U);
   EXPECT_EQ(workbench.desktop().opened[0], workbench.folders().program / "Scrivanta.rtf");
