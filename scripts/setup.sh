@@ -12,6 +12,7 @@ packages=(
   clang-format clang-tidy-16 python3 git           # checks
   g++-mingw-w64-x86-64-posix dpkg-dev              # Windows build
   wine wine64 xvfb xdotool x11-utils openbox imagemagick locales fonts-wqy-microhei fonts-wine  # window tests
+  liberfa1                                         # the maker of the calendar's table, and its test
   mawk time                                        # benchmarks
 )
 

@@ -54,9 +54,11 @@ int RunApp(HINSTANCE instance, const std::u16string& commandLine, std::atomic<HW
   FrmOptions options(host, [&mainWindow] { return mainWindow.handle(); });
   RegisterShellCommands(commands, mainWindow);
   RegisterOptionsCommand(commands, mainWindow, options);
+  SubsystemServices services;
   const auto subsystems = OpenSubsystems({.windows = host,
                                           .commands = commands,
                                           .editBox = mainWindow.editBox(),
+                                          .services = services,
                                           .mainWindow = [&mainWindow] { return mainWindow.handle(); },
                                           .editBoxWindow = [&mainWindow] { return mainWindow.editBoxHandle(); }});
   mainWindow.Open(commandLine);

@@ -19,9 +19,8 @@ void Tell(Workbench& workbench, const std::u16string& text) {
 }
 
 // How many pages have been printed; nothing when the document has none of those that were asked for.
-std::size_t Print(Workbench& workbench, const PrintOrder& order, const PrintedText& text) {
+std::size_t Print(Workbench& workbench, const PrintOrder& order, const std::u16string& name, const PrintedText& text) {
   const std::unique_ptr<BusyWork> work = workbench.StartWork();
-  const std::u16string name = DocumentName(workbench.document());
   const std::size_t pages = order.job->LayOut(text, work->progress());
   const std::size_t first = std::max<std::size_t>(order.firstPage, 1) - 1;
   const std::size_t last = order.lastPage == 0 ? pages : std::min(order.lastPage, pages);
@@ -39,25 +38,34 @@ std::size_t Print(Workbench& workbench, const PrintOrder& order, const PrintedTe
   return last - first;
 }
 
-void mnuPrint(Workbench& workbench, PrintDialogs& dialogs) {
-  Editor& editor = workbench.editor();
-  PrintedText whole{.text = editor.Text()};
-  if (whole.text.empty()) {
-    Tell(workbench, u"文档是空的，没有可打印的内容！");
-    return;
-  }
-  const PrintedText selected{.text = editor.SelectedText(), .isSelection = true};
+}  // namespace
+
+void PrintUnderName(Workbench& workbench, PrintDialogs& dialogs, const std::u16string& name, const PrintedText& whole,
+                    const PrintedText& selected) {
   const std::optional<PrintOrder> order =
       dialogs.AskForOrder(ReadPageSetup(workbench.settings()), !selected.text.empty());
   if (!order) {
     return;
   }
-  const std::size_t printed = Print(workbench, *order, order->selectionOnly ? selected : whole);
+  const std::size_t printed = Print(workbench, *order, name, order->selectionOnly ? selected : whole);
   if (printed == 0) {
     Tell(workbench, u"文档没有这些页，什么也没有打印！");
   } else {
     workbench.ShowStatus(u"已打印 " + DecimalText(printed) + u" 页");
   }
+}
+
+namespace {
+
+void mnuPrint(Workbench& workbench, PrintDialogs& dialogs) {
+  Editor& editor = workbench.editor();
+  const PrintedText whole{.text = editor.Text()};
+  if (whole.text.empty()) {
+    Tell(workbench, u"文档是空的，没有可打印的内容！");
+    return;
+  }
+  PrintUnderName(workbench, dialogs, DocumentName(workbench.document()), whole,
+                 {.text = editor.SelectedText(), .isSelection = true});
 }
 
 void mnuShowPageSetupDlg(Workbench& workbench, PrintDialogs& dialogs) {

@@ -13,7 +13,7 @@
 
 namespace scrivanta {
 
-// What is to be printed: the document's text, or that of its selection.
+// What is to be printed: a text, the document's or another, or that of its selection.
 struct PrintedText {
   std::u16string text;
   bool isSelection = false;
@@ -51,6 +51,10 @@ class PrintDialogs : public Interface {
   virtual std::optional<PrintOrder> AskForOrder(const PageSetup& setup, bool hasSelection) = 0;
   virtual std::optional<PageSetup> AskForSetup(const PageSetup& setup) = 0;
 };
+
+// Asks for the order and prints; the name stands above each page.
+void PrintUnderName(Workbench& workbench, PrintDialogs& dialogs, const std::u16string& name, const PrintedText& whole,
+                    const PrintedText& selected = {});
 
 // The dialogs outlive the table.
 void RegisterPrintCommands(CommandTable& table, PrintDialogs& dialogs);
