@@ -31,7 +31,7 @@ struct Contact {
   std::array<std::vector<std::string>, kContactFields> values;
   // Lines of a card, LF between them: properties that no field holds, or not with all that they say. Each is written
   // back as it stands here; one whose text stands in a field no more is left out, for that field has been changed. A
-  // line that begins with "~" stands for one that is no text: "=XX" in it is a byte.
+  // line that begins with "~" stands for one that is no text, "=XX" in it being a byte, and is never left out.
   std::string rest;
 
   std::vector<std::string>& operator[](ContactField field) { return values[static_cast<std::size_t>(field)]; }

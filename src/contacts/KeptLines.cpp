@@ -29,22 +29,29 @@ void AppendKeptLines(std::string_view lines, std::string& kept) {
     if (CanStand(line)) {
       kept += line;
     } else {
-      kept += kMark;
-      for (const char c : line) {
-        const bool stands = !IsControl(c) && static_cast<unsigned char>(c) < 0x80 && c != '=';
-        if (stands) {
-          kept += c;
-        } else {
-          EncodeQuotedPrintableAppend({&c, 1}, kept);
-        }
-      }
+      AppendMarkedLine(line, kept);
     }
     begin = end + 1;
   }
 }
 
+void AppendMarkedLine(std::string_view line, std::string& kept) {
+  kept += kMark;
+  for (const char c : line) {
+    if (!IsControl(c) && static_cast<unsigned char>(c) < 0x80 && c != '=') {
+      kept += c;
+    } else {
+      EncodeQuotedPrintableAppend({&c, 1}, kept);
+    }
+  }
+}
+
+bool IsMarked(std::string_view kept) {
+  return kept.starts_with(kMark);
+}
+
 std::string LineOfKept(std::string_view kept) {
-  return kept.starts_with(kMark) ? DecodeQuotedPrintable(kept.substr(1)) : std::string(kept);
+  return IsMarked(kept) ? DecodeQuotedPrintable(kept.substr(1)) : std::string(kept);
 }
 
 }  // namespace scrivanta

@@ -10,6 +10,10 @@ namespace scrivanta {
 // Lines are separated by LF, here and below.
 void AppendKeptLines(std::string_view lines, std::string& kept);
 
+// One line in the marked form, whatever it holds: of a property that is written back even if no field holds its text.
+void AppendMarkedLine(std::string_view line, std::string& kept);
+bool IsMarked(std::string_view kept);
+
 // The bytes of one kept line.
 std::string LineOfKept(std::string_view kept);
 

@@ -26,6 +26,7 @@ struct KeptProperties {
 
 KeptProperties ReadRest(std::string_view rest) {
   KeptProperties kept;
+  std::vector<std::uint64_t> marked;
   if (rest.empty()) {
     return kept;
   }
@@ -34,13 +35,18 @@ KeptProperties ReadRest(std::string_view rest) {
   parser.TakeLine("BEGIN:VCARD", ++number);
   for (std::size_t begin = 0; begin <= rest.size();) {
     const std::size_t end = std::min(rest.find('\n', begin), rest.size());
-    parser.TakeLine(LineOfKept(rest.substr(begin, end - begin)), ++number);
+    const std::string_view line = rest.substr(begin, end - begin);
+    parser.TakeLine(LineOfKept(line), ++number);
+    if (IsMarked(line)) {
+      marked.push_back(number);
+    }
     begin = end + 1;
   }
   parser.End();
   while (std::optional<Card> card = parser.Next()) {
     for (CardProperty& property : card->properties) {
-      std::optional<FieldText> field = FieldTextOf(property);
+      const bool isMarked = std::ranges::binary_search(marked, property.line);
+      std::optional<FieldText> field = isMarked ? std::nullopt : FieldTextOf(property);
       kept.properties.push_back({std::move(property), std::move(field)});
     }
     for (const CardProperty& stray : card->strayLines) {
