@@ -16,13 +16,6 @@ constexpr std::int64_t kSecondsADay = 86400;
 constexpr std::int64_t kDaysTo9999 = 2958466;
 constexpr std::size_t kEscapeSize = 7;  // "_x000D_"
 
-std::optional<double> NumberOf(std::string_view value) {
-  double number = 0;
-  const auto [end, error] = std::from_chars(value.data(), value.data() + value.size(), number);
-  const bool isWhole = error == std::errc() && end == value.data() + value.size() && std::isfinite(number);
-  return isWhole ? std::optional(number) : std::nullopt;
-}
-
 std::string TwoDigits(std::int64_t number) {
   return (number < 10 ? "0" : "") + std::to_string(number);
 }
@@ -82,23 +75,24 @@ bool IsDateFormat(std::string_view code) {
   return false;
 }
 
-std::optional<std::string> SheetNumber(std::string_view value) {
-  const std::optional<double> number = NumberOf(value);
-  if (!number) {
-    return std::nullopt;
-  }
-  std::array<char, 400> digits;  // the largest of them has 309 before the point, the smallest 324 behind it and 17 more
-  const auto [end, error] =
-      std::to_chars(digits.data(), digits.data() + digits.size(), *number, std::chars_format::fixed);
-  return error == std::errc() ? std::optional(std::string(digits.data(), end)) : std::nullopt;
+std::optional<double> SheetNumberOf(std::string_view value) {
+  double number = 0;
+  const auto [end, error] = std::from_chars(value.data(), value.data() + value.size(), number);
+  const bool isWhole = error == std::errc() && end == value.data() + value.size() && std::isfinite(number);
+  return isWhole ? std::optional(number) : std::nullopt;
 }
 
-std::optional<std::string> SheetDate(std::string_view value, DateSystem system) {
-  const std::optional<double> number = NumberOf(value);
-  if (!number || *number < 0 || *number >= static_cast<double>(kDaysTo9999)) {
-    return SheetNumber(value);
+std::string SheetNumberText(double number) {
+  std::array<char, 400> digits;  // the largest has 309 before the point, the smallest 324 behind it and 17 more
+  return {digits.data(),
+          std::to_chars(digits.data(), digits.data() + digits.size(), number, std::chars_format::fixed).ptr};
+}
+
+std::string SheetDateText(double number, DateSystem system) {
+  if (!(number >= 0 && number < static_cast<double>(kDaysTo9999))) {
+    return SheetNumberText(number);
   }
-  const auto seconds = static_cast<std::int64_t>(std::llround(*number * static_cast<double>(kSecondsADay)));
+  const auto seconds = static_cast<std::int64_t>(std::llround(number * static_cast<double>(kSecondsADay)));
   const std::int64_t day = seconds / kSecondsADay;
   const std::int64_t rest = seconds % kSecondsADay;
   const std::string time = TwoDigits(rest / 3600) + ':' + TwoDigits(rest / 60 % 60) + ':' + TwoDigits(rest % 60);

@@ -14,11 +14,13 @@ bool IsDateFormat(std::string_view code);
 
 enum class DateSystem { k1900, k1904 };
 
-// A number as it stands in a sheet, in as many digits as it needs and without an exponent; nothing where it is none.
-std::optional<std::string> SheetNumber(std::string_view value);
+// A number as it stands in a sheet; nothing where it is none.
+std::optional<double> SheetNumberOf(std::string_view value);
+// In as many digits as it needs and without an exponent.
+std::string SheetNumberText(double number);
 // A day or a moment: "2024-02-29", "2024-02-29 13:05:00", or "13:05:00" for the first day; a number that is no day that
 // a sheet can show comes as a number.
-std::optional<std::string> SheetDate(std::string_view value, DateSystem system);
+std::string SheetDateText(double number, DateSystem system);
 
 // "_x000D_" stands for a character that the file could not hold.
 std::string WithoutSheetEscapes(std::string_view text);

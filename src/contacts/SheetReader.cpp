@@ -226,11 +226,11 @@ std::string BookReader::TextOfNumber(std::string_view value, std::string_view st
                                      std::size_t column) const {
   const std::size_t index = UnsignedOf(style).value_or(0);
   const bool isDate = index < isDate_.size() && isDate_[index];
-  const std::optional<std::string> text = isDate ? SheetDate(value, dates_) : SheetNumber(value);
-  if (!text) {
+  const std::optional<double> number = SheetNumberOf(value);
+  if (!number) {
     FailAt(row, column, "\"" + std::string(value.substr(0, 40)) + "\" is no number", u"不是数字。");
   }
-  return *text;
+  return isDate ? SheetDateText(*number, dates_) : SheetNumberText(*number);
 }
 
 std::string BookReader::TextOfCell(const pugi::xml_node& cell, std::size_t row, std::size_t column) const {
