@@ -10,6 +10,7 @@ packages=(
   libpcre2-dev libcli11-dev nlohmann-json3-dev     # libraries
   libxlsxwriter-dev libpugixml-dev libminizip-dev zlib1g-dev libz-mingw-w64-dev  # of sheets
   libgtest-dev libgmock-dev googletest libssl-dev  # tests
+  python3-openpyxl python3-vobject                 # other readers of sheets and cards, for tests
   clang-format clang-tidy-16 python3 git           # checks
   g++-mingw-w64-x86-64-posix dpkg-dev              # Windows build
   wine wine64 xvfb xdotool x11-utils openbox imagemagick locales fonts-wqy-microhei fonts-wine  # window tests

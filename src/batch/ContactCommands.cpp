@@ -1,5 +1,4 @@
 #include <functional>
-#include <map>
 #include <memory>
 #include <optional>
 #include <system_error>
@@ -8,6 +7,7 @@
 #include <CLI/CLI.hpp>
 
 #include "batch/BatchCommand.h"
+#include "batch/Choice.h"
 #include "contacts/CardContacts.h"
 #include "contacts/ContactRecords.h"
 #include "contacts/ContactSheets.h"
@@ -27,11 +27,8 @@ struct ContactOptions {
 
 void AddContactOptions(CLI::App& parser, ContactOptions& options, const std::string& formOption,
                        const std::string& description) {
-  static const std::map<std::string, TableForm> kForms = {
-      {"text", TableForm::kText}, {"csv", TableForm::kCsv}, {"xlsx", TableForm::kXlsx}};
-  parser.add_option(formOption, options.form, description)
-      ->transform(CLI::CheckedTransformer(kForms).description(""))
-      ->type_name("text|csv|xlsx");
+  AddChoice(parser, formOption, options.form,
+            {{"text", TableForm::kText}, {"csv", TableForm::kCsv}, {"xlsx", TableForm::kXlsx}}, description);
   parser.add_flag("--join-duplicates", options.joinsDuplicates,
                   "Make one contact of those with the same name and a number in common");
 }
