@@ -60,6 +60,8 @@ std::vector<BatchCommand> RegExpBatchCommands();
 std::vector<BatchCommand> FileBatchCommands();
 std::vector<BatchCommand> CipherBatchCommands();
 std::vector<BatchCommand> CalendarBatchCommands();
+std::vector<BatchCommand> ContactBatchCommands();
+std::vector<BatchCommand> TableBatchCommands();
 
 // All of them, in the order of the help.
 std::vector<BatchCommand> BatchCommands();

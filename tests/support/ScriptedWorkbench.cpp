@@ -153,6 +153,11 @@ std::filesystem::path ScriptedPrompts::AskForFile(const FileQuestion& question) 
   return NextAnswer(question.filter, std::filesystem::path());
 }
 
+std::vector<std::filesystem::path> ScriptedPrompts::AskForFiles(const FileQuestion& question) {
+  files.push_back(question);
+  return NextAnswer(question.filter, std::vector<std::filesystem::path>());
+}
+
 std::filesystem::path ScriptedPrompts::AskForFolder(const FolderQuestion& question) {
   folders.push_back(question);
   return NextAnswer(question.title, std::filesystem::path());

@@ -58,7 +58,8 @@ class ScriptedEditor final : public Editor {
 // asked for; a box with only an OK button needs none.
 class ScriptedPrompts final : public Prompts {
  public:
-  using ScriptedAnswer = std::variant<Answer, std::u16string, std::filesystem::path>;
+  using ScriptedAnswer =
+      std::variant<Answer, std::u16string, std::filesystem::path, std::vector<std::filesystem::path>>;
 
   ~ScriptedPrompts() override;
 
@@ -68,6 +69,7 @@ class ScriptedPrompts final : public Prompts {
   Answer Ask(const Message& message) override;
   std::u16string Input(const InputQuestion& question) override;
   std::filesystem::path AskForFile(const FileQuestion& question) override;
+  std::vector<std::filesystem::path> AskForFiles(const FileQuestion& question) override;
   std::filesystem::path AskForFolder(const FolderQuestion& question) override;
 
   std::vector<Message> messages;
@@ -105,7 +107,12 @@ class ManualClock final : public Clock {
 
 class RecordingDesktop final : public Desktop {
  public:
-  void OpenWithDefaultProgram(const std::filesystem::path& document) override { opened.push_back(document); }
+  void OpenWithDefaultProgram(const std::filesystem::path& document) override {
+    if (!hasPrograms) {
+      throw FileError(document, std::make_error_code(std::errc::no_such_file_or_directory));
+    }
+    opened.push_back(document);
+  }
   void Run(const std::u16string& program, const std::u16string& arguments) override {
     runs.emplace_back(program, arguments);
   }
@@ -113,6 +120,7 @@ class RecordingDesktop final : public Desktop {
     systemRuns.emplace_back(fileName, arguments);
   }
 
+  bool hasPrograms = true;  // false: no document can be opened
   std::vector<std::filesystem::path> opened;
   std::vector<std::pair<std::u16string, std::u16string>> runs;
   std::vector<std::pair<std::u16string, std::u16string>> systemRuns;

@@ -1,0 +1,76 @@
+// Sheets (xlsx, ECMA-376): one sheet of text cells written, sheets of any maker read.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <filesystem>
+#include <memory>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "text/ExplainedError.h"
+
+namespace scrivanta {
+
+// What the form allows.
+inline constexpr std::size_t kLongestSheetCell = 32767;  // UTF-16 units
+inline constexpr std::size_t kMostSheetRows = 1048576;
+inline constexpr std::size_t kMostSheetColumns = 16384;
+
+// What is wrong with a sheet file. Names sheet and cell where it is about one.
+class SheetError : public ExplainedError {
+ public:
+  using ExplainedError::ExplainedError;
+};
+
+// "B3" of a row and a column from 0.
+std::string SheetCellName(std::size_t row, std::size_t column);
+
+// Writes a new file row by row, with memory for one row: the first row is a header and stays in view, columns are wide
+// enough to read, every cell is a text and stays one when it is changed.
+class SheetWriter {
+ public:
+  // The sheet's name has at most 31 characters and none of []:*?/\. Nothing may stand at the path that is needed.
+  SheetWriter(const std::filesystem::path& path, std::u16string_view sheetName);
+  SheetWriter(const SheetWriter&) = delete;
+  SheetWriter& operator=(const SheetWriter&) = delete;
+  ~SheetWriter();
+
+  // UTF-8, LF for line breaks. Throws SheetError for what the form does not allow.
+  void WriteRow(std::span<const std::string> cells);
+  // Writes the file. Throws FileError.
+  void Close();
+
+ private:
+  class Book;
+
+  std::filesystem::path path_;
+  std::unique_ptr<Book> book_;
+  std::size_t row_ = 0;
+};
+
+// One row of a sheet as texts; an empty text where there is no cell.
+struct SheetRow {
+  std::size_t row = 0;  // from 0
+  std::vector<std::string> cells;
+};
+
+// How much a file may make of itself when it is unpacked.
+struct SheetLimits {
+  std::uint64_t entryBytes = 256 * 1024 * 1024;
+  std::uint64_t ratio = 250;  // of an entry of more than 16 MiB to what it takes in the file
+  std::size_t cells = 5'000'000;
+};
+
+struct Sheet {
+  std::string name;
+  std::vector<SheetRow> rows;  // those that hold something, in order
+};
+
+// The first sheet of a book. Numbers come in as many digits as they need and never with an exponent, dates as
+// 2024-02-29 and 2024-02-29 13:05:00. Throws SheetError.
+Sheet ReadFirstSheet(std::string_view bytes, const SheetLimits& limits = {});
+
+}  // namespace scrivanta

@@ -1,0 +1,82 @@
+#!/usr/bin/env python3
+"""Sheets and cards of the console program, read by others: openpyxl reads its sheets and writes some for it, vobject reads
+its cards. What is not installed is skipped, and said.
+
+    contact_readers_test.py PROGRAM
+"""
+
+import datetime
+import io
+import subprocess
+import sys
+import unittest
+
+try:
+    import openpyxl
+except ImportError:
+    openpyxl = None
+try:
+    import vobject
+except ImportError:
+    vobject = None
+
+PROGRAM = sys.argv[1]
+# The second name needs soft breaks, the third is outside of the Basic Multilingual Plane.
+NAMES = ["张三", "欧阳" * 20, "𠮷野家"]
+NOTE = "line 1\nline 2\tof = ; \\ _x0041_ \x0b"
+
+
+def run(*arguments, data):
+    return subprocess.run([PROGRAM, *arguments], input=data, capture_output=True, check=True).stdout
+
+
+def encoded(text):
+    return "".join(f"={byte:02X}" for byte in text.encode())
+
+
+def cards():
+    head = ";CHARSET=UTF-8;ENCODING=QUOTED-PRINTABLE:"
+    return "".join(
+        f"BEGIN:VCARD\r\nVERSION:2.1\r\nFN{head}{encoded(name)}\r\nTEL;CELL:00138{i}\r\n"
+        f"NOTE{head}{encoded(NOTE)}\r\nEND:VCARD\r\n"
+        for i, name in enumerate(NAMES)
+    ).encode()
+
+
+@unittest.skipIf(openpyxl is None, "python3-openpyxl is not installed")
+class Sheets(unittest.TestCase):
+    def test_a_sheet_is_read_by_others(self):
+        book = openpyxl.load_workbook(io.BytesIO(run("vcard-to-table", "--to", "xlsx", data=cards())))
+        sheet = book.active
+        rows = list(sheet.iter_rows(values_only=True))
+        self.assertEqual(rows[0][:3], ("姓名", "手机", "住宅电话"))
+        self.assertEqual([row[0] for row in rows[1:]], NAMES)
+        self.assertEqual([row[1] for row in rows[1:]], ["001380", "001381", "001382"])
+        note = openpyxl.utils.escape.unescape(rows[1][rows[0].index("备注")])
+        self.assertEqual(note, NOTE)
+        self.assertEqual({cell.data_type for cell in sheet[2] if cell.value}, {"s"})
+        self.assertEqual(sheet.freeze_panes, "A2")
+
+    def test_a_sheet_of_others_is_read(self):
+        book = openpyxl.Workbook()
+        book.active.append(["姓名", "手机", "生日", "备注"])
+        book.active.append(["张三", 13800138000, datetime.date(2024, 2, 29), " a\nb "])
+        data = io.BytesIO()
+        book.save(data)
+        text = run("table-to-vcard", "--from", "xlsx", data=data.getvalue())
+        table = run("vcard-to-table", "--encoding", "utf-8", data=text).decode().splitlines()[1].split("\t")
+        self.assertEqual((table[0], table[1], table[9], table[11]), ("张三", "13800138000", "2024-02-29", " a\\nb "))
+
+
+@unittest.skipIf(vobject is None, "python3-vobject is not installed")
+class Cards(unittest.TestCase):
+    def test_cards_are_read_by_others(self):
+        table = run("vcard-to-table", data=cards())
+        read = list(vobject.readComponents(run("table-to-vcard", data=table).decode("ascii")))
+        self.assertEqual([card.fn.value for card in read], NAMES)
+        self.assertEqual([card.tel.value for card in read], ["001380", "001381", "001382"])
+        self.assertEqual(read[0].note.value.replace("\r\n", "\n"), NOTE)
+
+
+if __name__ == "__main__":
+    unittest.main(argv=sys.argv[:1])
