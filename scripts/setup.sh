@@ -13,6 +13,9 @@ packages=(
   g++-mingw-w64-x86-64-posix dpkg-dev              # Windows build
   wine wine64 xvfb xdotool x11-utils openbox imagemagick locales fonts-wqy-microhei fonts-wine  # window tests
   mawk time                                        # benchmarks
+  libsqlite3-dev sqlite3 tcl                       # databases: files of SQLite; tcl makes its one source file
+  unixodbc-dev libodbc2 odbcinst libsqliteodbc odbc-postgresql odbc-mdbtools postgresql  # databases behind ODBC
+  g++-mingw-w64-i686-posix                         # the 32-bit companion for the drivers of Jet
 )
 
 as_root() {
@@ -52,20 +55,26 @@ build_for_windows() {
   }
 }
 
-if [ ! -e "$prefix/lib/libpcre2-16.a" ]; then
-  echo 'building PCRE2 for Windows'
+# debian_source NAME: fetches the source of a package and sets source_folder to it. It comes from the machine's own main
+# suite, as a source of sources, without touching the system's lists.
+debian_source() {
+  local name=$1 main_entry uri suite apt_options
   mkdir -p "$work/lists/partial"
-  # The machine's own main suite, as a source of sources, without touching the system's lists.
   main_entry=$(cat /etc/apt/sources.list /etc/apt/sources.list.d/*.list /etc/apt/sources.list.d/*.sources 2>/dev/null || true)
   uri=$(grep -oE 'https?://[^ ]+/debian/?( |$)' <<<"$main_entry" | grep -v snapshot | head -n 1 | tr -d ' ')
   suite=$(. /etc/os-release && echo "$VERSION_CODENAME")
   printf 'Types: deb-src\nURIs: %s\nSuites: %s\nComponents: main\nSigned-By: /usr/share/keyrings/debian-archive-keyring.gpg\n' \
-    "$uri" "$suite" >"$work/pcre2.sources"
-  apt_options=(-o "Dir::Etc::sourcelist=$work/pcre2.sources" -o Dir::Etc::sourceparts=/dev/null
+    "$uri" "$suite" >"$work/debian.sources"
+  apt_options=(-o "Dir::Etc::sourcelist=$work/debian.sources" -o Dir::Etc::sourceparts=/dev/null
     -o "Dir::State::lists=$work/lists" -o APT::Sandbox::User=root)
   as_root apt-get "${apt_options[@]}" update -qq
-  (cd "$work" && as_root apt-get "${apt_options[@]}" source -qq pcre2 >/dev/null 2>&1)
-  source_folder=$(find "$work" -maxdepth 1 -type d -name 'pcre2-*' | head -n 1)
+  (cd "$work" && as_root apt-get "${apt_options[@]}" source -qq "$name" >/dev/null 2>&1)
+  source_folder=$(find "$work" -maxdepth 1 -type d -name "$name-*" | head -n 1)
+}
+
+if [ ! -e "$prefix/lib/libpcre2-16.a" ]; then
+  echo 'building PCRE2 for Windows'
+  debian_source pcre2
   build_for_windows pcre2 "$source_folder" -DPCRE2_BUILD_PCRE2_8=OFF -DPCRE2_BUILD_PCRE2_16=ON -DPCRE2_SUPPORT_JIT=ON \
     -DPCRE2_BUILD_PCRE2GREP=OFF -DPCRE2_BUILD_TESTS=OFF -DPCRE2_SUPPORT_LIBBZ2=OFF -DPCRE2_SUPPORT_LIBZ=OFF \
     -DPCRE2_SUPPORT_LIBEDIT=OFF -DPCRE2_SUPPORT_LIBREADLINE=OFF
@@ -75,4 +84,17 @@ if [ ! -e "$prefix/lib/libgtest.a" ]; then
   echo 'building GoogleTest for Windows'
   mkdir -p "$work"
   build_for_windows googletest /usr/src/googletest -DBUILD_GMOCK=OFF
+fi
+
+if [ ! -e "$prefix/lib/libsqlite3.a" ]; then
+  echo 'building SQLite for Windows'
+  debian_source sqlite3
+  mkdir -p "$work/sqlite3" "$prefix/lib" "$prefix/include"
+  # The package holds the sources one by one; the library is made of them in one file.
+  (cd "$work/sqlite3" && make -f "$source_folder/Makefile.linux-gcc" "TOP=$source_folder" sqlite3.c) >"$work/sqlite3.log" 2>&1
+  x86_64-w64-mingw32-gcc-posix -O2 -DNDEBUG -DSQLITE_OMIT_LOAD_EXTENSION -DSQLITE_DQS=0 -c "$work/sqlite3/sqlite3.c" \
+    -o "$work/sqlite3/sqlite3.o" >>"$work/sqlite3.log" 2>&1
+  x86_64-w64-mingw32-ar rcs "$work/sqlite3/libsqlite3.a" "$work/sqlite3/sqlite3.o"
+  cp "$work/sqlite3/sqlite3.h" "$prefix/include/"
+  cp "$work/sqlite3/libsqlite3.a" "$prefix/lib/"
 fi
