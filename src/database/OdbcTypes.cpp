@@ -50,6 +50,15 @@ bool HoldsText(SQLSMALLINT sqlType) {
   return std::ranges::find(kTexts, sqlType) != std::end(kTexts);
 }
 
+// What a driver says of the length of a long text is a setting of its own, not a limit of the database.
+bool IsLong(const OdbcType& type) {
+  return type.sqlType == SQL_WLONGVARCHAR || type.sqlType == SQL_LONGVARCHAR || type.sqlType == SQL_LONGVARBINARY;
+}
+
+bool IsLongEnough(const OdbcType& type, const ColumnType& wanted) {
+  return type.size == 0 || wanted.length <= type.size || IsLong(type);
+}
+
 std::size_t LengthToMake(const ColumnType& wanted, const OdbcType& type) {
   if (!HoldsText(type.sqlType)) {
     return wanted.length > 0 ? wanted.length : type.size;
@@ -58,7 +67,7 @@ std::size_t LengthToMake(const ColumnType& wanted, const OdbcType& type) {
 }
 
 std::u16string WordWithParameters(const OdbcType& type, const ColumnType& wanted) {
-  if (type.parameters.empty() || (HoldsText(type.sqlType) && wanted.length > kUsualLength && type.size == 0)) {
+  if (type.parameters.empty() || IsLong(type)) {
     return type.word;
   }
   std::u16string arguments = DecimalText(LengthToMake(wanted, type));
@@ -74,10 +83,6 @@ std::u16string WordWithParameters(const OdbcType& type, const ColumnType& wanted
     return type.word.substr(0, brackets + 1) + arguments + type.word.substr(brackets + 1);
   }
   return type.word + u"(" + arguments + u")";
-}
-
-bool IsLongEnough(const OdbcType& type, const ColumnType& wanted) {
-  return type.size == 0 || wanted.length <= type.size;
 }
 
 }  // namespace
