@@ -7,7 +7,7 @@
 #include "batch/BatchCommand.h"
 #include "database/DatabaseError.h"
 #include "database/EnvironmentText.h"
-#include "database/OpenDatabase.h"
+#include "database/DatabaseSource.h"
 #include "database/RecordSource.h"
 #include "database/TableExport.h"
 
@@ -48,7 +48,7 @@ std::unique_ptr<Database> Open(const SourceArguments& arguments, MissingFile mis
     }
     source.connection = *connection;
   }
-  return OpenDatabase(source, missing);
+  return ConnectTo(source, missing);
 }
 
 BatchWork ConfigureTables(CLI::App& parser) {
@@ -173,6 +173,7 @@ BatchWork ConfigureImport(CLI::App& parser) {
       .add_option("--types", arguments->types,
                   "Types of a table to be made: text, integer, real, decimal, date, datetime, binary; none: found")
       ->delimiter(',')
+      ->allow_extra_args(false)
       ->type_name("LIST");
   return [arguments](BatchContext& context) { return RunImport(*arguments, context); };
 }

@@ -7,9 +7,10 @@
 
 #include "PostgresServer.h"
 #include "database/DatabaseError.h"
+#include "database/DatabaseSource.h"
 #include "database/OdbcDatabase.h"
-#include "database/OpenDatabase.h"
 #include "database/RecordSource.h"
+#include "database/RewindableMemory.h"
 #include "database/TableExport.h"
 
 namespace scrivanta::testing {
@@ -18,20 +19,10 @@ namespace {
 const RecordFormat kCsv{.separation = Separation::kComma, .encoding = Encoding::kUtf8};
 
 std::uint64_t Import(Database& database, const std::string& csv, ImportOptions options, Progress& progress) {
-  // A source that can be read again.
-  class Again final : public ByteSource {
-   public:
-    explicit Again(std::string_view all) : all_(all), source_(all) {}
-    std::size_t Read(std::span<char> buffer) override { return source_->Read(buffer); }
-    void Rewind() { source_.emplace(all_); }
-
-   private:
-    std::string_view all_;
-    std::optional<MemorySource> source_;
-  } again(csv);
+  RewindableMemory bytes(csv);
   options.header = true;
   RecordSource source(
-      again, [&again] { again.Rewind(); }, kCsv, progress);
+      bytes, [&bytes] { bytes.Rewind(); }, kCsv, progress);
   return ImportRows(database, source, options, progress);
 }
 
@@ -156,7 +147,7 @@ void SurvivesAKill(const DatabaseSource& source) {
   const pid_t child = fork();
   if (child == 0) {
     StoppingProgress killing(12, [] { std::raise(SIGKILL); });
-    const auto database = OpenDatabase(source, MissingFile::kMade);
+    const auto database = ConnectTo(source, MissingFile::kMade);
     std::string many = "id,name\r\n";
     for (int i = 2; i < 60000; ++i) {
       many += std::to_string(i) + ",n\r\n";
@@ -167,20 +158,20 @@ void SurvivesAKill(const DatabaseSource& source) {
   int status = 0;
   waitpid(child, &status, 0);
   ASSERT_TRUE(WIFSIGNALED(status));
-  EXPECT_EQ(Export(*OpenDatabase(source, MissingFile::kRefused), u"held"), "id,name\r\n1,one\r\n");
+  EXPECT_EQ(Export(*ConnectTo(source, MissingFile::kRefused), u"held"), "id,name\r\n1,one\r\n");
 }
 
 TEST(Exchange, SqliteThroughItsLibrary) {
   const TemporaryFolder folder;
   const DatabaseSource source{.file = (folder.path() / "库😀.db").u16string()};
   {
-    const auto database = OpenDatabase(source, MissingFile::kMade);
+    const auto database = ConnectTo(source, MissingFile::kMade);
     RoundTrip(*database);
     RefusesBadRows(*database);
   }
   SurvivesAKill(source);
   NoProgress progress;
-  const auto database = OpenDatabase(source, MissingFile::kRefused);
+  const auto database = ConnectTo(source, MissingFile::kRefused);
   EXPECT_THROW(database->Query(u"SELECT 1; SELECT 2", progress), DatabaseError);
   EXPECT_THROW(database->Query(u"", progress), DatabaseError);
   StoppingProgress stopping(0);
@@ -203,7 +194,7 @@ TEST(Exchange, AFileOfSqliteIsLeftAloneOrWhole) {
   const std::filesystem::path noDatabase = folder.Put("no.db", std::string(4096, 'n'));
   EXPECT_THROW(SqliteDatabase(noDatabase, MissingFile::kMade), DatabaseError);
   EXPECT_EQ(std::filesystem::file_size(noDatabase), 4096U);
-  EXPECT_THROW(OpenDatabase({.file = (folder.path() / "no.accdb").u16string()}, MissingFile::kMade), DatabaseError);
+  EXPECT_THROW(ConnectTo({.file = (folder.path() / "no.accdb").u16string()}, MissingFile::kMade), DatabaseError);
 }
 
 TEST(Exchange, SqliteThroughItsDriver) {
@@ -211,7 +202,7 @@ TEST(Exchange, SqliteThroughItsDriver) {
   const DatabaseSource source{.file = {},
                               .connection = u"DRIVER=SQLite3;Database=" + (folder.path() / "a.db").u16string()};
   {
-    const auto database = OpenDatabase(source, MissingFile::kRefused);
+    const auto database = ConnectTo(source, MissingFile::kRefused);
     RoundTrip(*database);
     RefusesBadRows(*database);
   }
@@ -223,7 +214,7 @@ TEST(Exchange, PostgreSql) {
   const PostgresServer server;
   const DatabaseSource source{.file = {}, .connection = server.ConnectionString()};
   {
-    const auto database = OpenDatabase(source, MissingFile::kRefused);
+    const auto database = ConnectTo(source, MissingFile::kRefused);
     RoundTrip(*database);
     RefusesBadRows(*database);
     NoProgress progress;

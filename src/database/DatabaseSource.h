@@ -15,6 +15,6 @@ struct DatabaseSource {
 };
 
 // Throws DatabaseError: with what to install where a Jet file has no driver.
-std::unique_ptr<Database> OpenDatabase(const DatabaseSource& source, MissingFile missing);
+std::unique_ptr<Database> ConnectTo(const DatabaseSource& source, MissingFile missing);
 
 }  // namespace scrivanta

@@ -1,4 +1,4 @@
-#include "database/OpenDatabase.h"
+#include "database/DatabaseSource.h"
 
 #include "database/DatabaseError.h"
 #include "database/JetDriver.h"
@@ -30,7 +30,7 @@ std::unique_ptr<Database> OpenJet(const std::filesystem::path& file, std::u16str
 
 }  // namespace
 
-std::unique_ptr<Database> OpenDatabase(const DatabaseSource& source, MissingFile missing) {
+std::unique_ptr<Database> ConnectTo(const DatabaseSource& source, MissingFile missing) {
   if (source.file.empty()) {
     return std::make_unique<OdbcDatabase>(source.connection);
   }
