@@ -111,9 +111,9 @@ SqliteDatabase::SqliteDatabase(const std::filesystem::path& file, MissingFile mi
   const std::u8string name = file.u8string();
   const std::string utf8(name.begin(), name.end());
   sqlite3* connection = nullptr;
-  const int code =
-      sqlite3_open_v2(utf8.c_str(), &connection,
-                      SQLITE_OPEN_READWRITE | (missing == MissingFile::kMade ? SQLITE_OPEN_CREATE : 0), nullptr);
+  const int code = sqlite3_open_v2(
+      utf8.c_str(), &connection,
+      SQLITE_OPEN_NOMUTEX | SQLITE_OPEN_READWRITE | (missing == MissingFile::kMade ? SQLITE_OPEN_CREATE : 0), nullptr);
   connection_.reset(connection);
   if (code != SQLITE_OK) {
     const DatabaseError failure = SqliteFailure(connection);

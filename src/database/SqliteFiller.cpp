@@ -1,5 +1,7 @@
 #include "database/SqliteFiller.h"
 
+#include <charconv>
+
 #include "database/ValueText.h"
 #include "text/Encoding.h"
 
@@ -41,6 +43,25 @@ std::string InsertStatement(const FillOrder& order) {
     marks += marks.empty() ? "?" : ",?";
   }
   return "INSERT INTO " + Utf8(QuotedName(order.table)) + " (" + names + ") VALUES (" + marks + ")";
+}
+
+template <typename Number>
+bool ReadWhole(std::string_view text, Number& number) {
+  const auto result = std::from_chars(text.data(), text.data() + text.size(), number);
+  return result.ec == std::errc() && result.ptr == text.data() + text.size();
+}
+
+// A number is given as one: the library takes longer to read it. A text must stay where it is until the row is added.
+int BindField(sqlite3_stmt* statement, int parameter, std::string_view field, ColumnKind kind) {
+  std::int64_t whole = 0;
+  if (kind == ColumnKind::kInteger && ReadWhole(field, whole)) {
+    return sqlite3_bind_int64(statement, parameter, whole);
+  }
+  double real = 0;
+  if (kind == ColumnKind::kReal && ReadWhole(field, real)) {
+    return sqlite3_bind_double(statement, parameter, real);
+  }
+  return sqlite3_bind_text64(statement, parameter, field.data(), field.size(), SQLITE_STATIC, SQLITE_UTF8);
 }
 
 }  // namespace

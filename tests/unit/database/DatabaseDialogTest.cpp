@@ -82,7 +82,7 @@ TEST(DatabaseDialog, AnErrandFromImportToExport) {
   dialog.Query(view);
   workbench.prompts().Will(folder.path() / "out.csv");
   dialog.ExportToFile(view);
-  EXPECT_EQ(ReadWholeFile(folder.path() / "out.csv"), "\xEF\xBB\xBF书名\r\n史记\r\n\"\"\r\n");
+  EXPECT_EQ(ReadWholeFile(folder.path() / "out.csv"), "\xEF\xBB\xBF书名\r\n史记\r\n\r\n");
 }
 
 TEST(DatabaseDialog, WhatFailsOrIsRefusedChangesNothing) {
