@@ -25,6 +25,21 @@ foreach(library xlsxwriter pugixml minizip)
 endforeach()
 find_library(ZLIB_ARCHIVE NAMES libz.a REQUIRED)
 target_link_libraries(scrivanta_sheet_libraries INTERFACE ${ZLIB_ARCHIVE})
+# Files of SQLite are read and written by its own library.
+find_library(SQLITE3_LIBRARY NAMES sqlite3 REQUIRED)
+find_path(SQLITE3_INCLUDE_DIR sqlite3.h REQUIRED)
+add_library(scrivanta_sqlite INTERFACE)
+target_include_directories(scrivanta_sqlite SYSTEM INTERFACE ${SQLITE3_INCLUDE_DIR})
+target_link_libraries(scrivanta_sqlite INTERFACE ${SQLITE3_LIBRARY})
+
+# ODBC is the system's own on Windows; natively its manager is unixODBC.
+add_library(scrivanta_odbc INTERFACE)
+if(WIN32)
+  target_link_libraries(scrivanta_odbc INTERFACE odbc32 odbccp32)
+else()
+  find_library(ODBC_LIBRARY NAMES odbc REQUIRED)
+  target_link_libraries(scrivanta_odbc INTERFACE ${ODBC_LIBRARY})
+endif()
 
 # CLI11 and nlohmann-json are header-only: the machine's own headers serve both builds. They are reached through a folder
 # of links, so that no other header of the machine is seen by the cross compiler.

@@ -8,9 +8,11 @@ root=$PWD
 packages=(
   g++ cmake ninja-build ccache pkg-config          # native build
   libpcre2-dev libcli11-dev nlohmann-json3-dev     # libraries
-  libxlsxwriter-dev libpugixml-dev libminizip-dev zlib1g-dev libz-mingw-w64-dev  # of sheets
+  libxlsxwriter-dev libpugixml-dev libminizip-dev zlib1g-dev libz-mingw-w64-dev  # libraries for sheets
+  libsqlite3-dev tcl unixodbc-dev                  # libraries for databases; tcl makes the one source file of SQLite
   libgtest-dev libgmock-dev googletest libssl-dev  # tests
-  python3-openpyxl python3-vobject                 # other readers of sheets and cards, for tests
+  python3-openpyxl python3-vobject sqlite3         # other readers and writers, for tests
+  libodbc2 odbcinst libsqliteodbc odbc-postgresql odbc-mdbtools postgresql  # databases behind ODBC, for tests
   clang-format clang-tidy-16 python3 git           # checks
   g++-mingw-w64-x86-64-posix dpkg-dev              # Windows build
   wine wine64 xvfb xdotool x11-utils openbox imagemagick locales fonts-wqy-microhei fonts-wine  # window tests
@@ -55,12 +57,11 @@ build_for_windows() {
   }
 }
 
-# fetch_source PACKAGE: unpacks its source from Debian's main suite and prints the folder.
+# fetch_source PACKAGE: unpacks its source from Debian's main suite and prints the folder. It comes from the machine's own
+# main suite, as a source of sources, without touching the system's lists.
 fetch_source() {
-  local package=$1
+  local package=$1 main_entry uri suite
   mkdir -p "$work/lists/partial" "$work/source/$package"
-  # The machine's own main suite, as a source of sources, without touching the system's lists.
-  local main_entry uri suite
   main_entry=$(cat /etc/apt/sources.list /etc/apt/sources.list.d/*.list /etc/apt/sources.list.d/*.sources 2>/dev/null || true)
   uri=$(grep -oE 'https?://[^ ]+/debian/?( |$)' <<<"$main_entry" | grep -v snapshot | head -n 1 | tr -d ' ')
   suite=$(. /etc/os-release && echo "$VERSION_CODENAME")
@@ -106,4 +107,17 @@ if [ ! -e "$prefix/lib/libgtest.a" ]; then
   echo 'building GoogleTest for Windows'
   mkdir -p "$work"
   build_for_windows googletest /usr/src/googletest -DBUILD_GMOCK=OFF
+fi
+
+if [ ! -e "$prefix/lib/libsqlite3.a" ]; then
+  echo 'building SQLite for Windows'
+  source_folder=$(fetch_source sqlite3)
+  mkdir -p "$work/sqlite3" "$prefix/lib" "$prefix/include"
+  # The package holds the sources one by one; the library is made of them in one file.
+  (cd "$work/sqlite3" && make -f "$source_folder/Makefile.linux-gcc" "TOP=$source_folder" sqlite3.c) >"$work/sqlite3.log" 2>&1
+  x86_64-w64-mingw32-gcc-posix -O2 -DNDEBUG -DSQLITE_OMIT_LOAD_EXTENSION -DSQLITE_DQS=0 -c "$work/sqlite3/sqlite3.c" \
+    -o "$work/sqlite3/sqlite3.o" >>"$work/sqlite3.log" 2>&1
+  x86_64-w64-mingw32-ar rcs "$work/sqlite3/libsqlite3.a" "$work/sqlite3/sqlite3.o"
+  cp "$work/sqlite3/sqlite3.h" "$prefix/include/"
+  cp "$work/sqlite3/libsqlite3.a" "$prefix/lib/"
 fi

@@ -62,6 +62,7 @@ std::vector<BatchCommand> CipherBatchCommands();
 std::vector<BatchCommand> CalendarBatchCommands();
 std::vector<BatchCommand> ContactBatchCommands();
 std::vector<BatchCommand> TableBatchCommands();
+std::vector<BatchCommand> DatabaseBatchCommands();
 
 // All of them, in the order of the help.
 std::vector<BatchCommand> BatchCommands();

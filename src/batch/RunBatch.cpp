@@ -171,7 +171,7 @@ int RunReportingFailure(const ConfiguredCommand& command, const BatchStreams& st
 std::vector<BatchCommand> BatchCommands() {
   std::vector<BatchCommand> all;
   for (auto list : {LineBatchCommands(), RegExpBatchCommands(), FileBatchCommands(), CipherBatchCommands(),
-                    CalendarBatchCommands(), TableBatchCommands(), ContactBatchCommands()}) {
+                    CalendarBatchCommands(), TableBatchCommands(), ContactBatchCommands(), DatabaseBatchCommands()}) {
     std::move(list.begin(), list.end(), std::back_inserter(all));
   }
   return all;

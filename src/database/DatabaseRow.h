@@ -1,0 +1,45 @@
+// One row of a table: fields of UTF-16, or NULL. It keeps its memory from row to row.
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace scrivanta {
+
+class DatabaseRow {
+ public:
+  void Clear() noexcept {
+    text_.clear();
+    fields_.clear();
+  }
+
+  // A field is appended to text() and then ended.
+  std::u16string& text() noexcept { return text_; }
+  void EndField() { fields_.push_back({text_.size(), false}); }
+  void Add(std::u16string_view field) {
+    text_ += field;
+    EndField();
+  }
+  void AddNull() { fields_.push_back({text_.size(), true}); }
+
+  std::size_t size() const noexcept { return fields_.size(); }
+  bool IsNull(std::size_t index) const { return fields_[index].isNull; }
+  // Empty for NULL.
+  std::u16string_view operator[](std::size_t index) const {
+    const std::size_t begin = index == 0 ? 0 : fields_[index - 1].end;
+    return std::u16string_view(text_).substr(begin, fields_[index].end - begin);
+  }
+
+ private:
+  struct Field {
+    std::size_t end;  // in text_
+    bool isNull;
+  };
+
+  std::u16string text_;
+  std::vector<Field> fields_;
+};
+
+}  // namespace scrivanta
