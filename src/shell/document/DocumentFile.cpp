@@ -107,7 +107,9 @@ void DocumentFile::Restore(const Snapshot& snapshot) {
   } else if (!view_.ShowRichDocument(*snapshot.rtf)) {
     throw NoRichText(snapshot.path);
   }
-  TakeOver(FileOnDisk(snapshot.path, snapshot.stamp), snapshot.path, snapshot.format);
+  // Without a stamp the file is one that saving to had failed: whatever stands there is not the document's.
+  TakeOver(snapshot.stamp ? FileOnDisk(snapshot.path, snapshot.stamp) : FileOnDisk(), snapshot.path, snapshot.format);
+  path_ = snapshot.path;
   workbench_.editor().SetSelection(snapshot.selection);
   SetChanged(true);
 }
@@ -194,8 +196,8 @@ bool DocumentFile::SaveTo(const std::filesystem::path& path) {
   shown_ = target->shown;
   view_.ShowPath(shown_);
   const std::unique_ptr<BusyWork> work = workbench_.StartWork();
-  const std::optional<std::string> original = OriginalBytes(work->progress());
-  const std::string bytes = original ? *original : BytesOf(path_, text, format);
+  std::optional<std::string> original = OriginalBytes(work->progress());
+  const std::string bytes = original ? *std::move(original) : BytesOf(path_, text, format);
   WriteFile(bytes, work->progress());
   file_ = FileOnDisk(path_);
   file_.NoteContent(bytes);

@@ -30,7 +30,7 @@ class OptionsDialog : public Interface {
   virtual std::optional<Options> Ask(Workbench& workbench, const Options& options) = 0;
 };
 
-void mnuOptions(Workbench& workbench, MainWindow& window, OptionsDialog& dialog);
+// The dialog outlives the table.
 void RegisterOptionsCommand(CommandTable& table, MainWindow& window, OptionsDialog& dialog);
 
 }  // namespace scrivanta
