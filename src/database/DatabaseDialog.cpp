@@ -4,6 +4,7 @@
 
 #include "database/DatabaseError.h"
 #include "database/DatabaseSource.h"
+#include "database/JetDriver.h"
 #include "database/RecordSource.h"
 #include "database/RewindableMemory.h"
 #include "database/SourceText.h"
@@ -60,6 +61,12 @@ std::vector<std::u16string> Names(const std::vector<DatabaseColumn>& columns) {
   std::vector<std::u16string> names;
   std::ranges::transform(columns, std::back_inserter(names), &DatabaseColumn::name);
   return names;
+}
+
+// The driver of Jet says only in words that a file wants a password.
+bool SpeaksOfPassword(const DatabaseError& failure) {
+  const std::u16string& words = failure.chinese();
+  return words.find(u"password") != std::u16string::npos || words.find(u"密码") != std::u16string::npos;
 }
 
 Separation SeparationOfFile(const std::filesystem::path& file, Separation chosen) {
@@ -130,7 +137,15 @@ void DatabaseDialog::Connect(std::u16string_view text) {
     }
     missing = MissingFile::kMade;
   }
-  database_ = ConnectTo({.file = std::u16string(text)}, missing);
+  try {
+    database_ = ConnectTo({.file = std::u16string(text)}, missing);
+  } catch (const DatabaseError& failure) {
+    if (!IsJetFile(PathOfText(text)) || !SpeaksOfPassword(failure)) {
+      throw;
+    }
+    const std::u16string password = workbench_.prompts().Input({.prompt = u"密码：", .hidden = true});
+    database_ = ConnectTo({.file = std::u16string(text), .password = password}, missing);
+  }
 }
 
 void DatabaseDialog::Remember(DatabaseView& view, std::u16string_view source) {

@@ -59,8 +59,12 @@ bool FrmDatabase::OnCommand(int controlId, int notification) {
       dialog_.Browse(*this);
       return true;
     case CmdOpenSource:
-    case IDOK:  // Enter, where the focus is in a box of one line
       dialog_.Open(*this);
+      return true;
+    case IDOK:  // Enter in a box of one line
+      if (GetParent(GetFocus()) == Control(CmbSource)) {
+        dialog_.Open(*this);
+      }
       return true;
     case LstTables:
       if (notification == LBN_SELCHANGE) {

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "database/OdbcLocale.h"
+#include "text/UpperCase.h"
 
 namespace scrivanta {
 
@@ -12,7 +13,7 @@ constexpr std::size_t kPieceUnits = 8 * 1024;
 
 // What the driver of PostgreSQL must be told so that it does not read a whole result into memory.
 constexpr std::u16string_view kReadInPieces = u"UseDeclareFetch=1;Fetch=2000";
-constexpr std::u16string_view kDriverOfPostgreSql = u"psqlodbc";
+constexpr std::u16string_view kDriverOfPostgreSql = u"PSQLODBC";  // in the name of its file
 
 SQLPOINTER AsPointer(SQLULEN value) {
   return reinterpret_cast<SQLPOINTER>(value);
@@ -28,7 +29,7 @@ OdbcEnvironment::OdbcEnvironment() : handle_(SQL_HANDLE_ENV, SQL_NULL_HANDLE) {
 OdbcConnection::OdbcConnection(std::u16string_view connectionString) : connection_(SQL_HANDLE_DBC, environment_.get()) {
   Connect(std::u16string(connectionString));
   const bool readsInPieces = connectionString.find(u"UseDeclareFetch") != std::u16string_view::npos;
-  std::u16string driver = Info(SQL_DRIVER_NAME);
+  const std::u16string driver = UpperCase(Info(SQL_DRIVER_NAME));
   if (driver.find(kDriverOfPostgreSql) != std::u16string::npos && !readsInPieces) {
     SQLDisconnect(connection_.get());
     isConnected_ = false;
