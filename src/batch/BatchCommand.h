@@ -59,6 +59,7 @@ std::vector<BatchCommand> LineBatchCommands();
 std::vector<BatchCommand> RegExpBatchCommands();
 std::vector<BatchCommand> FileBatchCommands();
 std::vector<BatchCommand> CipherBatchCommands();
+std::vector<BatchCommand> TableBatchCommands();
 
 // All of them, in the order of the help.
 std::vector<BatchCommand> BatchCommands();

@@ -1,0 +1,3 @@
+#include "tables/FrmTableDialogs.h"
+
+namespace scrivanta {}  // namespace scrivanta

@@ -1,0 +1,7 @@
+#include "tables/TableCommands.h"
+
+namespace scrivanta {
+
+void RegisterTableCommands(CommandTable&, TableDialogs&) {}
+
+}  // namespace scrivanta
