@@ -8,8 +8,8 @@
 #include <CLI/CLI.hpp>
 #include <nlohmann/json.hpp>
 
+#include "batch/AddChoice.h"
 #include "batch/BatchCommand.h"
-#include "lines/duplicates/DuplicateFilter.h"
 #include "lines/LineCleanup.h"
 #include "lines/LineShuffle.h"
 #include "lines/LineSort.h"
@@ -17,6 +17,7 @@
 #include "lines/RegExpLineFilters.h"
 #include "lines/TextStatistics.h"
 #include "lines/WordFilter.h"
+#include "lines/duplicates/DuplicateFilter.h"
 
 namespace scrivanta {
 
@@ -41,19 +42,6 @@ class OutputGroup final : public ByteSink {
   ByteSink& output_;
   ByteSink* file_;
 };
-
-// An option whose value is one of a few words.
-template <typename T>
-void AddChoice(CLI::App& parser, const std::string& name, T& value,
-               const std::map<std::string, std::type_identity_t<T>>& choices, const std::string& description) {
-  std::string words;
-  for (const auto& [word, meaning] : choices) {
-    words += (words.empty() ? "" : "|") + word;
-  }
-  parser.add_option(name, value, description)
-      ->transform(CLI::CheckedTransformer(choices).description(""))
-      ->type_name(words);
-}
 
 // The work of a command that goes from lines to lines and has nothing to set.
 template <typename Transform>

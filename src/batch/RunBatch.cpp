@@ -30,11 +30,8 @@ struct ConfiguredCommand {
   bool takesInput = true;
 };
 
-void AddCommonOptions(CLI::App& parser, CommonOptions& options, bool takesInput) {
+void AddCommonOptions(CLI::App& parser, CommonOptions& options) {
   static const std::map<std::string, Encoding> kEncodings = {{"gbk", Encoding::kGbk}, {"utf-8", Encoding::kUtf8}};
-  if (takesInput) {
-    parser.add_option("INPUT", options.input, "File to read; \"-\" or none: standard input");
-  }
   parser.add_option("-o,--output", options.output, "File to write, may be the input; none: standard output")
       ->type_name("OUTPUT");
   parser.add_option("--encoding", options.encoding, "Encoding of input and output: gbk (default) or utf-8")
@@ -49,8 +46,12 @@ void AddCommand(CLI::App& program, const BatchCommand& command, ConfiguredComman
   CLI::App* parser = program.add_subcommand(command.name, command.description);
   parser->footer("Example:\n  " + command.example);
   configured.takesInput = command.takesInput;
+  if (command.takesInput) {
+    // Before what positional arguments the command may have beside it.
+    parser->add_option("INPUT", configured.options.input, "File to read; \"-\" or none: standard input");
+  }
   configured.work = command.configure(*parser);
-  AddCommonOptions(*parser, configured.options, command.takesInput);
+  AddCommonOptions(*parser, configured.options);
 }
 
 ExitStatus RunCommand(const ConfiguredCommand& command, const BatchStreams& streams) {
