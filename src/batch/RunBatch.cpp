@@ -31,10 +31,7 @@ struct ConfiguredCommand {
   bool takesInput = true;
 };
 
-void AddCommonOptions(CLI::App& parser, CommonOptions& options, bool takesInput) {
-  if (takesInput) {
-    parser.add_option("INPUT", options.input, "File to read; \"-\" or none: standard input");
-  }
+                    }) {
   parser.add_option("-o,--output", options.output, "File to write, may be the input; none: standard output")
       ->type_name("OUTPUT");
   AddChoice(parser, "--encoding", options.encoding, {{"gbk", Encoding::kGbk}, {"utf-8", Encoding::kUtf8}},
@@ -48,8 +45,12 @@ void AddCommand(CLI::App& program, const BatchCommand& command, ConfiguredComman
   CLI::App* parser = program.add_subcommand(command.name, command.description);
   parser->footer("Example:\n  " + command.example);
   configured.takesInput = command.takesInput;
+  if (command.takesInput) {
+    // Before what positional arguments the command may have beside it.
+    parser->add_option("INPUT", configured.options.input, "File to read; \"-\" or none: standard input");
+  }
   configured.work = command.configure(*parser);
-  AddCommonOptions(*parser, configured.options, command.takesInput);
+  AddCommonOptions(*parser, configured.options);
 }
 
 // The option that an argument names, with its name alone, if it takes a value.
@@ -170,8 +171,7 @@ int RunReportingFailure(const ConfiguredCommand& command, const BatchStreams& st
 
 std::vector<BatchCommand> BatchCommands() {
   std::vector<BatchCommand> all;
-  for (auto list : {LineBatchCommands(), RegExpBatchCommands(), FileBatchCommands(), CipherBatchCommands(),
-                    CalendarBatchCommands(), TableBatchCommands(), ContactBatchCommands(), DatabaseBatchCommands()}) {
+                    LineBatchCommands(), RegExpBatchCommands(), FileBatchCommands(), CipherBatchCommands(), CalendarBatchCommands(), TableBatchCommands(), ContactBatchCommands(), DatabaseBatchCommands()}) {
     std::move(list.begin(), list.end(), std::back_inserter(all));
   }
   return all;

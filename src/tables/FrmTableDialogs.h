@@ -15,6 +15,10 @@ class FrmTableDialogs final : public TableDialogs {
   // The owner is asked for whenever a dialog is shown.
   FrmTableDialogs(WindowHost& host, std::function<HWND()> owner) : host_(host), owner_(std::move(owner)) {}
 
+  void ShowFenLan(ConversionDialog& dialog) override;
+  void ShowChangeToSDFFile(ConversionDialog& dialog) override;
+  void ShowDataGuanLianHeBin(JoinDialog& dialog) override;
+
  private:
   WindowHost& host_;
   std::function<HWND()> owner_;

@@ -24,7 +24,7 @@ enum class Separation {
 struct RecordFormat {
   Separation separation = Separation::kTab;
   std::u16string text = {};               // of kText and kPattern; not empty
-  std::vector<std::size_t> widths = {};   // of kFixedWidths; none is 0
+  std::vector<std::size_t> widths = {};   // of kFixedWidths
   WidthUnit unit = WidthUnit::kGbkBytes;  // of the widths
   bool lastTakesRest =
       false;  // of kFixedWidths: one more field takes what is behind the widths, and nothing is refused

@@ -7,7 +7,7 @@ namespace scrivanta {
 namespace {
 
 constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
-constexpr std::size_t kMostBytes = 64 * 1024 * 1024;  // of a record of several lines: an open quote would take them all
+constexpr std::size_t kMostBytes = 16 * 1024 * 1024;  // of a record of several lines: an open quote would take them all
 
 }  // namespace
 
@@ -41,8 +41,8 @@ bool RecordReader::Next() {
     }
     gathered_.append(lineEnd).append(lines_.line());
     if (gathered_.size() > kMostBytes) {
-      throw RecordError(line_, splitter_->openColumn(), "the record is longer than 64 MiB; its quote may not be closed",
-                        u"这条记录超过64 MB，可能是引号没有结束");
+      throw RecordError(line_, splitter_->openColumn(), "the record is longer than 16 MiB; its quote may not be closed",
+                        u"这条记录超过16 MB，可能是引号没有结束");
     }
     if (splitter_->GoOn(lineEnd, lines_.line(), fields_)) {
       raw_ = gathered_;

@@ -27,7 +27,7 @@ class RecordReader {
   RecordReader(ByteSource& source, const RecordFormat& format, Progress& progress);
 
   // Moves to the next record; false at the end. Throws RecordError (a quote that is not closed, a quoted record of more
-  // than 64 MiB, a character across a border of fixed widths, text behind the last of them), FileError, Interrupted,
+  // than 16 MiB, a character across a border of fixed widths, text behind the last of them), FileError, Interrupted,
   // RegExpTooComplex.
   bool Next();
 

@@ -1,7 +1,15 @@
 #include "tables/TableCommands.h"
 
+#include "tables/FenLanHandler.h"
+#include "tables/JoinHandler.h"
+#include "tables/SdfHandler.h"
+
 namespace scrivanta {
 
-void RegisterTableCommands(CommandTable&, TableDialogs&) {}
+void RegisterTableCommands(CommandTable& table, TableDialogs& dialogs) {
+  table.Add("mnuFenLan", {[&dialogs](Workbench& workbench) { mnuFenLan(workbench, dialogs); }});
+  table.Add("mnuChangeToSDFFile", {[&dialogs](Workbench& workbench) { mnuChangeToSDFFile(workbench, dialogs); }});
+  table.Add("mnuDataGuanLianHeBin", {[&dialogs](Workbench& workbench) { mnuDataGuanLianHeBin(workbench, dialogs); }});
+}
 
 }  // namespace scrivanta

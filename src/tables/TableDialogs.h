@@ -6,6 +6,15 @@
 
 namespace scrivanta {
 
-class TableDialogs : public Interface {};
+class ConversionDialog;
+class JoinDialog;
+
+// All are modal: they come back when they are closed.
+class TableDialogs : public Interface {
+ public:
+  virtual void ShowFenLan(ConversionDialog& dialog) = 0;
+  virtual void ShowChangeToSDFFile(ConversionDialog& dialog) = 0;
+  virtual void ShowDataGuanLianHeBin(JoinDialog& dialog) = 0;
+};
 
 }  // namespace scrivanta

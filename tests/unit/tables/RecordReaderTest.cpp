@@ -118,8 +118,8 @@ TEST(RecordReader, NamesLineAndColumnOfWhatIsWrong) {
   const Case cases[] = {
       {"a\n\"1\n2\"\nb,c,\"d\ne\n", comma, "line 4, column 3: the quote is not closed"},
       {"\"", comma, "line 1, column 1: the quote is not closed"},
-      {"\"" + std::string(65, 'x') + "\n" + std::string(64 << 20, 'y'), comma,
-       "line 1, column 1: the record is longer than 64 MiB; its quote may not be closed"},
+      {"\"" + std::string(65, 'x') + "\n" + std::string(16 << 20, 'y'), comma,
+       "line 1, column 1: the record is longer than 16 MiB; its quote may not be closed"},
       {"ab\na\xB0\xA1", fixed, "line 2, column 1: a character lies across the end of the column"},
       {"abcde \nabcdef", fixed, "line 2, column 3: the line is longer than the widths"},
   };
