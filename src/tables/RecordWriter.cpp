@@ -1,5 +1,7 @@
 #include "tables/RecordWriter.h"
 
+#include <algorithm>
+
 #include "tables/AlignedFinder.h"
 #include "tables/Blanks.h"
 #include "tables/RecordError.h"
@@ -57,7 +59,7 @@ bool FieldEncoder::HoldsDelimiter(std::string_view field) const {
 
 bool FieldEncoder::Append(std::string_view field, std::string& record) const {
   if (IsQuoted(separation_)) {
-    const bool holdsQuote = field.find_first_of("\"\r\n") != std::string_view::npos;
+    const bool holdsQuote = std::ranges::any_of(field, [](char c) { return c == '"' || c == '\r' || c == '\n'; });
     if (holdsQuote || HoldsDelimiter(field)) {
       AppendInQuotes(field, record);
       return true;
