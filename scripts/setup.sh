@@ -13,6 +13,7 @@ packages=(
   g++-mingw-w64-x86-64-posix dpkg-dev              # Windows build
   wine wine64 xvfb xdotool x11-utils openbox imagemagick locales fonts-wqy-microhei fonts-wine  # window tests
   mawk time                                        # benchmarks
+  unicode-data rime-data-pinyin-simp               # what generated tables are made of
 )
 
 as_root() {

@@ -60,6 +60,7 @@ std::vector<BatchCommand> RegExpBatchCommands();
 std::vector<BatchCommand> FileBatchCommands();
 std::vector<BatchCommand> CipherBatchCommands();
 std::vector<BatchCommand> TableBatchCommands();
+std::vector<BatchCommand> PinyinBatchCommands();
 
 // All of them, in the order of the help.
 std::vector<BatchCommand> BatchCommands();

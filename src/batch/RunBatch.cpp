@@ -113,8 +113,8 @@ int RunReportingFailure(const ConfiguredCommand& command, const BatchStreams& st
 
 std::vector<BatchCommand> BatchCommands() {
   std::vector<BatchCommand> all;
-  for (auto list :
-       {LineBatchCommands(), RegExpBatchCommands(), FileBatchCommands(), CipherBatchCommands(), TableBatchCommands()}) {
+  for (auto list : {LineBatchCommands(), RegExpBatchCommands(), FileBatchCommands(), CipherBatchCommands(),
+                    TableBatchCommands(), PinyinBatchCommands()}) {
     std::move(list.begin(), list.end(), std::back_inserter(all));
   }
   return all;
