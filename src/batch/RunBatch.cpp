@@ -74,7 +74,9 @@ ExitStatus RunCommand(const ConfiguredCommand& command, const BatchStreams& stre
       return files.emplace_back(path);
     };
     ByteSink& output = options.output.empty() ? toStandardOutput : openOutput(PathFromUtf8(options.output));
-    BatchContext context{*input, output, options.encoding, progress, openOutput};
+    BatchContext context{
+        *input,   output,     options.encoding,
+        progress, openOutput, files.empty() ? std::vector<std::filesystem::path>() : files.front().Files()};
     status = command.work(context);
   }
   for (OutputFile& file : files) {

@@ -5,11 +5,11 @@
 
 #include "regexp/MultiReplace.h"
 #include "regexp/RegExpReplace.h"
-#include "search/FileProgress.h"
+#include "rtf/RtfText.h"
 #include "search/FileText.h"
 #include "search/FindPlaces.h"
-#include "rtf/RtfText.h"
 #include "text/AtomicFile.h"
+#include "text/FileProgress.h"
 
 namespace scrivanta {
 
@@ -73,7 +73,7 @@ void ReplaceInFile(const std::filesystem::path& path, const Replacement& replace
   } catch (const Interrupted&) {
     throw;
   } catch (const std::exception& error) {
-    outcome.failures.push_back({path, FailureReason(error)});
+    outcome.failures.push_back(FailureOf(path, error));
   }
 }
 

@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <optional>
 
-#include "search/FileProgress.h"
 #include "search/FileText.h"
+#include "text/FileProgress.h"
 #include "text/LiteralFinder.h"
 
 namespace scrivanta {
@@ -96,7 +96,7 @@ FileSearchResult SearchFiles(const std::vector<std::filesystem::path>& places, c
     } catch (const Interrupted&) {
       throw;
     } catch (const std::exception& error) {
-      result.failures.push_back({path, FailureReason(error)});
+      result.failures.push_back(FailureOf(path, error));
     }
     fileProgress.FileDone();
   }

@@ -7,16 +7,16 @@
 #include "regexp/RegExpMarkerFilter.h"
 #include "regexp/RegExpReplace.h"
 #include "regexp/RegExpReplacer.h"
+#include "rtf/RtfText.h"
 #include "search/EditSelection.h"
 #include "search/FileReplace.h"
 #include "search/FileReport.h"
-#include "search/FileSearchCommand.h"
 #include "search/FileSearch.h"
+#include "search/FileSearchCommand.h"
 #include "search/FindNext.h"
 #include "search/FindPlaces.h"
 #include "search/FindTokens.h"
 #include "search/Highlight.h"
-#include "rtf/RtfText.h"
 #include "shell/workbench/FormKey.h"
 #include "shell/workbench/ResultFiles.h"
 #include "text/DecimalText.h"
@@ -382,7 +382,7 @@ void FindDialog::ReplaceInFiles(FindView& view) {
   const std::u16string end = outcome.untouchedFiles == 0
                                  ? u"已全部替换！"
                                  : u"已中断：还有" + DecimalText(outcome.untouchedFiles) + u"个文件没有替换。";
-  prompts.Ask({.text = end + DescribeFailures(outcome.failures), .systemModal = true});
+  prompts.Ask({.text = end + DescribeFailures(u"以下文件未能替换：", outcome.failures), .systemModal = true});
 }
 
 void FindDialog::Drop(FindView& view, const std::vector<std::filesystem::path>& paths, bool clear) {
