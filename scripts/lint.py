@@ -25,10 +25,11 @@ GENERATED = re.compile(r"Table\.cpp$")
 # What the files of a room may include beside their own; see docs/ARCHITECTURE.md. A room that is not named belongs to the
 # folder that it lies in.
 BELOW_WORKBENCH = {"text", "rtf", "regexp"}
-SUBSYSTEM = BELOW_WORKBENCH | {"shell/workbench"}
+SUBSYSTEM = BELOW_WORKBENCH | {"hanzi", "shell/workbench"}
 ROOMS = {
     "text": set(),
     "rtf": {"text"},
+    "hanzi": {"text"},
     "regexp": {"text"},
     "win": {"text", "rtf"},
     "shell/history": {"text"},

@@ -18,6 +18,7 @@ packages=(
   wine wine64 xvfb xdotool x11-utils openbox imagemagick locales fonts-wqy-microhei fonts-wine  # window tests
   liberfa1                                         # the maker of the calendar's table, and its test
   mawk time                                        # benchmarks
+  unicode-data rime-data-pinyin-simp               # what generated tables are made of
 )
 
 as_root() {

@@ -35,6 +35,7 @@ struct BatchContext {
   Progress& progress;
   // Opens an output beside the main one; it lives as long as the context. Throws FileError.
   std::function<ByteSink&(const std::filesystem::path&)> openFurtherOutput;
+  std::vector<std::filesystem::path> outputFiles = {};  // what the main output is written to; none for standard output
 };
 
 // Arguments that only together cannot be used; what() says why. Ends the program with kUnusableArguments.
@@ -63,6 +64,7 @@ std::vector<BatchCommand> CalendarBatchCommands();
 std::vector<BatchCommand> ContactBatchCommands();
 std::vector<BatchCommand> TableBatchCommands();
 std::vector<BatchCommand> DatabaseBatchCommands();
+std::vector<BatchCommand> PinyinBatchCommands();
 
 // All of them, in the order of the help.
 std::vector<BatchCommand> BatchCommands();

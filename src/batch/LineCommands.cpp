@@ -204,9 +204,13 @@ BatchWork ConfigureSort(CLI::App& parser) {
     std::size_t to = std::numeric_limits<std::size_t>::max();
   };
   const auto options = std::make_shared<Options>();
-  const std::map<std::string, SortBy> kinds{{"string", SortBy::kString}, {"number", SortBy::kNumber}};
+  const std::map<std::string, SortBy> kinds{{"string", SortBy::kString},
+                                            {"number", SortBy::kNumber},
+                                            {"pinyin", SortBy::kPinyin},
+                                            {"strokes", SortBy::kStrokes}};
   const std::map<std::string, bool> orders{{"up", false}, {"down", true}};
-  AddChoice(parser, "--by", options->sort.by, kinds, "What to compare: string (default) or number");
+  AddChoice(parser, "--by", options->sort.by, kinds,
+            "What to compare: string (default), number, or the Chinese characters' pinyin or strokes");
   AddChoice(parser, "--order", options->sort.descending, orders, "up (default) or down");
   parser.add_option("--from", options->from, "First line to sort, from 1")->type_name("X");
   parser.add_option("--to", options->to, "Last line to sort")->type_name("Y");

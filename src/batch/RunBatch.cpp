@@ -132,7 +132,9 @@ ExitStatus RunCommand(const ConfiguredCommand& command, const BatchStreams& stre
       return files.emplace_back(path);
     };
     ByteSink& output = options.output.empty() ? toStandardOutput : openOutput(PathFromUtf8(options.output));
-    BatchContext context{*input, output, options.encoding, progress, openOutput};
+    BatchContext context{
+        *input,   output,     options.encoding,
+        progress, openOutput, files.empty() ? std::vector<std::filesystem::path>() : files.front().Files()};
     status = command.work(context);
   }
   for (OutputFile& file : files) {
@@ -171,7 +173,7 @@ int RunReportingFailure(const ConfiguredCommand& command, const BatchStreams& st
 
 std::vector<BatchCommand> BatchCommands() {
   std::vector<BatchCommand> all;
-                    LineBatchCommands(), RegExpBatchCommands(), FileBatchCommands(), CipherBatchCommands(), CalendarBatchCommands(), TableBatchCommands(), ContactBatchCommands(), DatabaseBatchCommands()}) {
+                    LineBatchCommands(), RegExpBatchCommands(), FileBatchCommands(), CipherBatchCommands(), CalendarBatchCommands(), TableBatchCommands(), ContactBatchCommands(), DatabaseBatchCommands(), PinyinBatchCommands()}) {
     std::move(list.begin(), list.end(), std::back_inserter(all));
   }
   return all;

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 
-#include "lines/LineSort.h"
 #include "lines/LineWork.h"
 #include "text/DecimalText.h"
 #include "text/Numbers.h"
@@ -38,7 +37,7 @@ void SortDialog::Sort(SortView& view) {
                                       u"至" + DecimalText(last) + u"。",
                               .icon = Icon::kInformation});
   }
-  const SortOptions options{.by = view.IsByNumber() ? SortBy::kNumber : SortBy::kString,
+  const SortOptions options{.by = view.By(),
                             .descending = view.IsDescending(),
                             .first = static_cast<std::size_t>(first),
                             .last = static_cast<std::size_t>(last),

@@ -7,11 +7,11 @@
 #include "regexp/MultiReplace.h"
 #include "regexp/RegExpReplace.h"
 #include "rtf/RtfText.h"
-#include "search/FileProgress.h"
 #include "search/FileText.h"
 #include "search/FindPlaces.h"
 #include "text/AtomicFile.h"
 #include "text/DecimalText.h"
+#include "text/FileProgress.h"
 #include "text/LineText.h"
 
 namespace scrivanta {
@@ -119,7 +119,7 @@ void ReplaceInFile(const std::filesystem::path& path, const Replacement& replace
   } catch (const Interrupted&) {
     throw;
   } catch (const std::exception& error) {
-    outcome.leftOver.push_back({path, FailureReason(error)});
+    outcome.leftOver.push_back(FailureOf(path, error));
   }
 }
 

@@ -4,8 +4,8 @@
 #include <optional>
 
 #include "regexp/MultiReplace.h"
-#include "search/FileProgress.h"
 #include "search/FileText.h"
+#include "text/FileProgress.h"
 #include "text/LiteralFinder.h"
 
 namespace scrivanta {
@@ -124,7 +124,7 @@ FileSearchResult SearchFiles(const std::vector<std::filesystem::path>& places, c
     } catch (const Interrupted&) {
       throw;
     } catch (const std::exception& error) {
-      result.failures.push_back({path, FailureReason(error)});
+      result.failures.push_back(FailureOf(path, error));
     }
     fileProgress.FileDone();
   }

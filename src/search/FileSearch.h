@@ -6,8 +6,8 @@
 #include <vector>
 
 #include "regexp/RegExp.h"
-#include "search/FileWalk.h"
 #include "search/FindState.h"
+#include "text/FileWalk.h"
 
 namespace scrivanta {
 

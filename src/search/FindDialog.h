@@ -9,7 +9,7 @@
 
 #include "search/ComboHistory.h"
 #include "search/FileReplace.h"
-#include "search/FileWalk.h"
+#include "text/FileWalk.h"
 #include "search/FindState.h"
 #include "shell/workbench/DialogPlace.h"
 #include "shell/workbench/Workbench.h"

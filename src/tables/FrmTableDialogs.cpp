@@ -3,6 +3,8 @@
 #include "tables/FrmChangeToSDFFile.h"
 #include "tables/FrmDataGuanLianHeBin.h"
 #include "tables/FrmFenLan.h"
+#include "tables/FrmJiaZiMu.h"
+#include "tables/FrmMergeFile.h"
 
 namespace scrivanta {
 
@@ -18,6 +20,16 @@ void FrmTableDialogs::ShowChangeToSDFFile(ConversionDialog& dialog) {
 
 void FrmTableDialogs::ShowDataGuanLianHeBin(JoinDialog& dialog) {
   FrmDataGuanLianHeBin window(host_, dialog);
+  window.ShowModal(owner_());
+}
+
+void FrmTableDialogs::ShowJiaZiMu(InitialsDialog& dialog) {
+  FrmJiaZiMu window(host_, dialog);
+  window.ShowModal(owner_());
+}
+
+void FrmTableDialogs::ShowMergeFile(MergeDialog& dialog) {
+  FrmMergeFile window(host_, dialog);
   window.ShowModal(owner_());
 }
 

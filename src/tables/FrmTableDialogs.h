@@ -18,6 +18,8 @@ class FrmTableDialogs final : public TableDialogs {
   void ShowFenLan(ConversionDialog& dialog) override;
   void ShowChangeToSDFFile(ConversionDialog& dialog) override;
   void ShowDataGuanLianHeBin(JoinDialog& dialog) override;
+  void ShowJiaZiMu(InitialsDialog& dialog) override;
+  void ShowMergeFile(MergeDialog& dialog) override;
 
  private:
   WindowHost& host_;

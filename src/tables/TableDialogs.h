@@ -8,6 +8,8 @@ namespace scrivanta {
 
 class ConversionDialog;
 class JoinDialog;
+class InitialsDialog;
+class MergeDialog;
 
 // All are modal: they come back when they are closed.
 class TableDialogs : public Interface {
@@ -15,6 +17,8 @@ class TableDialogs : public Interface {
   virtual void ShowFenLan(ConversionDialog& dialog) = 0;
   virtual void ShowChangeToSDFFile(ConversionDialog& dialog) = 0;
   virtual void ShowDataGuanLianHeBin(JoinDialog& dialog) = 0;
+  virtual void ShowJiaZiMu(InitialsDialog& dialog) = 0;
+  virtual void ShowMergeFile(MergeDialog& dialog) = 0;
 };
 
 }  // namespace scrivanta

@@ -171,7 +171,7 @@ TEST(OrderHandlers, StatisticsReportsAndChangesNothing) {
 struct ScriptedSortView final : public SortView {
   std::u16string From() const override { return from; }
   std::u16string To() const override { return to; }
-  bool IsByNumber() const override { return byNumber; }
+  SortBy By() const override { return by; }
   bool IsDescending() const override { return descending; }
   void SetRange(const std::u16string& newFrom, const std::u16string& newTo) override {
     from = newFrom;
@@ -182,7 +182,7 @@ struct ScriptedSortView final : public SortView {
   std::u16string from;
   std::u16string to;
   std::u16string total;
-  bool byNumber = false;
+  SortBy by = SortBy::kString;
   bool descending = false;
 };
 
@@ -209,7 +209,7 @@ TEST(SortDialog, KeepsASelectionSelected) {
   SortDialog dialog(workbench);
   ScriptedSortView view;
   dialog.Capture(view);
-  view.byNumber = true;
+  view.by = SortBy::kNumber;
   dialog.Sort(view);
   EXPECT_EQ(workbench.editor().Text(), u"x9\r\n10y");
   EXPECT_EQ(workbench.editor().SelectedText(), u"9\r\n10");

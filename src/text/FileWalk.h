@@ -6,7 +6,7 @@
 #include <string_view>
 #include <vector>
 
-#include "search/FileFailure.h"
+#include "text/FileFailure.h"
 #include "text/Progress.h"
 
 namespace scrivanta {
@@ -27,10 +27,16 @@ struct FoundFiles {
   std::vector<FileFailure> failures;  // folders that could not be read
 };
 
+struct WalkOptions {
+  bool subfolders = true;
+  bool naturalOrder = false;  // of names, see NaturalOrder.h; else by code
+};
+
 // The files of the folders and all folders below them, those of one folder in the order of their names; files that are
 // named themselves are taken whatever their names. Links to folders are not followed, so none is met twice. Throws
 // Interrupted.
-FoundFiles WalkFiles(const std::vector<std::filesystem::path>& places, const FileFilter& filter, Progress& progress);
+FoundFiles WalkFiles(const std::vector<std::filesystem::path>& places, const FileFilter& filter, Progress& progress,
+                     const WalkOptions& options = {});
 
 bool IsFile(const std::filesystem::path& path);
 

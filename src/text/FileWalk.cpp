@@ -1,4 +1,4 @@
-#include "search/FileWalk.h"
+#include "text/FileWalk.h"
 
 #include <algorithm>
 #include <map>
@@ -6,6 +6,7 @@
 
 #include "text/ErrorText.h"
 #include "text/LineText.h"
+#include "text/NaturalOrder.h"
 #include "text/PlatformFile.h"
 #include "text/UpperCase.h"
 
@@ -37,7 +38,8 @@ bool MatchesPattern(std::u16string_view name, std::u16string_view pattern) {
 
 class Walk {
  public:
-  Walk(const FileFilter& filter, Progress& progress) : filter_(filter), progress_(progress) {}
+  Walk(const FileFilter& filter, const WalkOptions& options, Progress& progress)
+      : filter_(filter), options_(options), progress_(progress) {}
 
   void Add(const std::filesystem::path& place) {
     std::error_code error;
@@ -67,7 +69,7 @@ class Walk {
       progress_.Report(0, 0);
       std::error_code unknown;
       if (entry->is_directory(unknown)) {
-        if (!IsLinkToFolder(entry->path())) {
+        if (options_.subfolders && !IsLinkToFolder(entry->path())) {
           below.push_back(entry->path());
         }
       } else if (entry->is_regular_file(unknown) && filter_.Takes(entry->path())) {
@@ -75,15 +77,24 @@ class Walk {
       }
     }
     if (error) {
-      found_.failures.push_back({folder, FileErrorReason(error)});
+      found_.failures.push_back({folder, FileErrorReason(error), error.message()});
     }
-    std::sort(files.begin(), files.end());
+    SortByName(files);
     found_.files.insert(found_.files.end(), files.begin(), files.end());
-    std::sort(below.rbegin(), below.rend());
-    folders.insert(folders.end(), below.begin(), below.end());
+    SortByName(below);
+    folders.insert(folders.end(), below.rbegin(), below.rend());
+  }
+
+  void SortByName(std::vector<std::filesystem::path>& paths) const {
+    if (options_.naturalOrder) {
+      SortNaturally(paths);
+    } else {
+      std::sort(paths.begin(), paths.end());
+    }
   }
 
   const FileFilter& filter_;
+  WalkOptions options_;
   Progress& progress_;
   FoundFiles found_;
 };
@@ -107,8 +118,9 @@ bool FileFilter::Takes(const std::filesystem::path& file) const {
                                           [&](const std::u16string& pattern) { return MatchesPattern(name, pattern); });
 }
 
-FoundFiles WalkFiles(const std::vector<std::filesystem::path>& places, const FileFilter& filter, Progress& progress) {
-  Walk walk(filter, progress);
+FoundFiles WalkFiles(const std::vector<std::filesystem::path>& places, const FileFilter& filter, Progress& progress,
+                     const WalkOptions& options) {
+  Walk walk(filter, options, progress);
   for (const std::filesystem::path& place : places) {
     walk.Add(place);
   }
