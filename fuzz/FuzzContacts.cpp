@@ -53,7 +53,8 @@ void FuzzCards(std::string_view bytes) {
 
 void FuzzSheet(std::string_view bytes) {
   try {
-    ReadFirstSheet(bytes, {.entryBytes = 1'000'000, .cells = 10'000});
+    NoProgress progress;
+    ReadFirstSheet(bytes, progress, {.entryBytes = 1'000'000, .cells = 10'000});
   } catch (const SheetError&) {
     return;
   }

@@ -1,7 +1,5 @@
 #include <functional>
 #include <memory>
-#include <optional>
-#include <system_error>
 #include <utility>
 
 #include <CLI/CLI.hpp>
@@ -12,7 +10,6 @@
 #include "contacts/ContactRecords.h"
 #include "contacts/ContactSheets.h"
 #include "contacts/PhoneBook.h"
-#include "text/TemporaryName.h"
 
 namespace scrivanta {
 
@@ -37,36 +34,9 @@ RecordForm RecordFormOf(TableForm form) {
   return form == TableForm::kCsv ? RecordForm::kCommas : RecordForm::kTabs;
 }
 
-// A sheet can only be written to a path; this one is gone with its owner.
-class SheetPath {
- public:
-  SheetPath() : path_(std::filesystem::temp_directory_path() / TemporaryName()) {}
-  SheetPath(const SheetPath&) = delete;
-  SheetPath& operator=(const SheetPath&) = delete;
-  ~SheetPath() {
-    std::error_code ignored;
-    std::filesystem::remove(path_, ignored);
-  }
-
-  const std::filesystem::path& get() const noexcept { return path_; }
-
- private:
-  std::filesystem::path path_;
-};
-
-// What is to be written and what is in it. The book is read again from the beginning of the input each time.
-struct SurveyedBook {
-  OpenPhoneBook open;
-  TableShape shape;
-};
-
-SurveyedBook Survey(const ContactOptions& options, const OpenPhoneBook& open, const TableShape& shape) {
-  PhoneBookSurvey survey = SurveyPhoneBook(open, shape);
-  if (!options.joinsDuplicates || survey.duplicates.empty()) {
-    return {open, survey.shape};
-  }
-  const OpenPhoneBook joining = JoiningDuplicates(open, survey.duplicates);
-  return {joining, SurveyPhoneBook(joining, shape).shape};
+// The book, with its duplicates joined if that is wanted.
+OpenPhoneBook Prepared(const ContactOptions& options, const OpenPhoneBook& open) {
+  return options.joinsDuplicates ? JoiningDuplicates(open, SurveyPhoneBook(open).duplicates) : open;
 }
 
 // The input from its beginning, each time it is called.
@@ -80,28 +50,20 @@ std::function<BatchInput&()> Rereading(BatchContext& context) {
   };
 }
 
-void WriteTable(const SurveyedBook& book, TableForm form, BatchContext& context) {
-  if (form != TableForm::kXlsx) {
-    RecordContactSink sink(context.output, RecordFormOf(form), context.encoding, book.shape);
-    CopyPhoneBook(book.open, sink);
-    return;
-  }
-  const SheetPath path;
-  SheetContactSink sink(path.get(), book.shape);
-  CopyPhoneBook(book.open, sink);
-  FileSource written(path.get());
-  CopyBytes(written, context.output);
-}
-
 BatchWork ConfigureVcardToTable(CLI::App& parser) {
   const auto options = std::make_shared<ContactOptions>();
   AddContactOptions(parser, *options, "--to", "text (default): fields with tabs between them; csv; xlsx: a sheet");
   return [options](BatchContext& context) {
-    const OpenPhoneBook open = [&context, input = Rereading(context)] {
+    const OpenPhoneBook open = Prepared(*options, [&context, input = Rereading(context)] {
       return std::make_unique<CardContactSource>(input(), context.progress);
-    };
-    const TableShape shape = options->form == TableForm::kXlsx ? TableShape(kLongestSheetCell) : TableShape();
-    WriteTable(Survey(*options, open, shape), options->form, context);
+    });
+    if (options->form == TableForm::kXlsx) {
+      WriteSheetFile(open, context.output, std::filesystem::temp_directory_path());
+    } else {
+      RecordContactSink sink(context.output, RecordFormOf(options->form), context.encoding,
+                             SurveyPhoneBook(open).shape);
+      CopyPhoneBook(open, sink);
+    }
     return ExitStatus::kDone;
   };
 }
@@ -109,8 +71,9 @@ BatchWork ConfigureVcardToTable(CLI::App& parser) {
 // The book in the input, as often as it is wanted.
 OpenPhoneBook OpenTable(TableForm form, BatchContext& context) {
   if (form == TableForm::kXlsx) {
-    const auto sheet = std::make_shared<const Sheet>(ReadFirstSheet(ReadAll(context.input, context.progress)));
-    return [sheet] { return std::make_unique<SheetContactSource>(sheet); };
+    const auto sheet =
+        std::make_shared<const Sheet>(ReadFirstSheet(ReadAll(context.input, context.progress), context.progress));
+    return [sheet, &context] { return std::make_unique<SheetContactSource>(sheet, context.progress); };
   }
   return [form, &context, input = Rereading(context)] {
     return std::make_unique<RecordContactSource>(input(), RecordFormOf(form), context.encoding, context.progress);
@@ -121,12 +84,8 @@ BatchWork ConfigureTableToVcard(CLI::App& parser) {
   const auto options = std::make_shared<ContactOptions>();
   AddContactOptions(parser, *options, "--from", "text (default): fields with tabs between them; csv; xlsx: a sheet");
   return [options](BatchContext& context) {
-    OpenPhoneBook open = OpenTable(options->form, context);
-    if (options->joinsDuplicates) {
-      open = JoiningDuplicates(open, SurveyPhoneBook(open).duplicates);
-    }
     CardContactSink sink(context.output);
-    CopyPhoneBook(open, sink);
+    CopyPhoneBook(Prepared(*options, OpenTable(options->form, context)), sink);
     return ExitStatus::kDone;
   };
 }

@@ -78,6 +78,9 @@ bool CardParser::Continues(std::string_view line) const {
     // A card as the value of a property.
     return property_->name == "AGENT" && WithoutBlanksAround(property_->value).empty() && IsBegin(line);
   }
+  if (line.starts_with('#')) {
+    return property_->encoding == CardEncoding::kQuotedPrintable && joins_ && !allEncoded_;
+  }
   switch (property_->encoding) {
     case CardEncoding::kQuotedPrintable:
       return joins_ ? ContinuesEncoded(line) : BeginsWithBlank(line) && !WithoutBlanksAround(line).empty();

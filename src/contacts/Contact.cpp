@@ -4,6 +4,11 @@
 
 namespace scrivanta {
 
+std::string_view Contact::name() const {
+  const std::vector<std::string>& names = (*this)[ContactField::kName];
+  return names.empty() ? std::string_view() : names.front();
+}
+
 bool Contact::empty() const {
   return rest.empty() && std::ranges::all_of(values, [](const auto& texts) { return texts.empty(); });
 }

@@ -39,7 +39,8 @@ struct Contact {
     return values[static_cast<std::size_t>(field)];
   }
 
-  std::string_view name() const { return (*this)[ContactField::kName].empty() ? "" : (*this)[ContactField::kName][0]; }
+  // Valid as long as the contact is unchanged.
+  std::string_view name() const;
   bool empty() const;
   // Of the fields that hold telephone numbers, fax included.
   std::size_t CountNumbers() const;

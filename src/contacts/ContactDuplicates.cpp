@@ -13,15 +13,19 @@ namespace {
 // The properties in a contact's rest, each with its lines.
 std::vector<std::string> PropertiesOfRest(std::string_view rest) {
   std::vector<std::string> properties;
+  int depth = 0;  // of cards in the property
   for (std::size_t begin = 0; begin < rest.size();) {
     const std::size_t end = std::min(rest.find('\n', begin), rest.size());
     const std::string_view line = rest.substr(begin, end - begin);
-    if (properties.empty() || BeginsKnownProperty(line) || line.starts_with('~') || line.starts_with('#')) {
+    const bool begins = BeginsKnownProperty(line) || line.starts_with('~') || line.starts_with('#');
+    const bool isBegin = EqualIgnoringCase(line, "BEGIN:VCARD");
+    if (properties.empty() || (begins && depth == 0 && !isBegin)) {
       properties.emplace_back(line);
     } else {
       properties.back() += '\n';
       properties.back() += line;
     }
+    depth += isBegin ? 1 : EqualIgnoringCase(line, "END:VCARD") ? -1 : 0;
     begin = end + 1;
   }
   return properties;

@@ -1,7 +1,6 @@
 #include "contacts/ContactHandlers.h"
 
 #include <functional>
-#include <system_error>
 #include <utility>
 
 #include "contacts/ContactRecords.h"
@@ -9,7 +8,6 @@
 #include "contacts/PhoneBookQuestions.h"
 #include "shell/workbench/ResultFiles.h"
 #include "text/AtomicFile.h"
-#include "text/PlatformFile.h"
 
 namespace scrivanta {
 
@@ -32,22 +30,11 @@ ChosenBook AskAboutDuplicates(Workbench& workbench, const ChosenBook& book, cons
   return *joins ? [book, groups](Progress& progress) { return JoiningDuplicates(book(progress), groups); } : book;
 }
 
-// Copies a file that is whole into its place.
-void PutInPlace(const std::filesystem::path& from, const std::filesystem::path& to) {
-  AtomicFile target(to);
-  target.Write(ReadWholeFile(from));
-  target.Commit();
-}
-
 void WriteSheet(Workbench& workbench, const ChosenBook& book, const std::filesystem::path& path) {
   const std::unique_ptr<BusyWork> work = workbench.StartWork();
-  const OpenPhoneBook open = book(work->progress());
-  const TableShape shape = SurveyPhoneBook(open, TableShape(kLongestSheetCell)).shape;
-  const std::filesystem::path written = workbench.folders().temporary / u"AndroidPhoneBook.xlsx";
-  SheetContactSink sink(written, shape);
-  CopyPhoneBook(open, sink);
-  PutInPlace(written, path);
-  RemoveFile(written);
+  AtomicFile file(path);
+  WriteSheetFile(book(work->progress()), file, workbench.folders().temporary);
+  file.Commit();
 }
 
 std::u16string TextTable(Workbench& workbench, const ChosenBook& book) {
@@ -174,15 +161,15 @@ void mnuExcelPhoneBookToAndroid(Workbench& workbench, Spreadsheet& spreadsheet) 
       return;
     }
     const std::unique_ptr<BusyWork> work = workbench.StartWork();
-    sheet = ReadFirstSheet(ReadWholeFile(path));
+    sheet = ReadFirstSheet(ReadWholeFile(path), work->progress());
     proposal = path;
     proposal.replace_extension(u".vcf");
   }
   const auto shared = std::make_shared<const Sheet>(std::move(*sheet));
   WriteCards(
       workbench,
-      [shared](Progress&) -> OpenPhoneBook {
-        return [shared] { return std::make_unique<SheetContactSource>(shared); };
+      [shared](Progress& progress) -> OpenPhoneBook {
+        return [shared, &progress] { return std::make_unique<SheetContactSource>(shared, progress); };
       },
       proposal);
 }

@@ -21,6 +21,9 @@ struct NameProperties {
 NameProperties FindName(const Card& card) {
   NameProperties found;
   for (const CardProperty& property : card.properties) {
+    if (!CanBeTold(property)) {
+      continue;
+    }
     if (property.name == "FN" && found.formatted != nullptr) {
       found.isOnlyFormatted = false;
     } else if (property.name == "N" && found.structured != nullptr) {
@@ -52,7 +55,9 @@ class RestOfCard {
 
   void KeepAsItStood(const CardProperty& property) {
     if (property.encoding == CardEncoding::kQuotedPrintable) {
-      Append(property.raw.substr(0, property.headSize) + property.value);
+      // A sign at the end would be taken for a soft break.
+      const bool endsInSign = property.value.ends_with('=');
+      Append(property.raw.substr(0, property.headSize) + property.value + (endsInSign ? "3D" : ""));
       return;
     }
     Append(property.raw);

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <array>
 
+#include "contacts/KeptLines.h"
+
 namespace scrivanta {
 
 namespace {
@@ -40,9 +42,6 @@ ContactField FieldOfNumber(const CardProperty& property) {
 }
 
 std::optional<ContactField> FieldOf(const CardProperty& property) {
-  if (property.encoding == CardEncoding::kBase64 || property.isNested) {
-    return std::nullopt;
-  }
   if (property.name == "TEL") {
     return FieldOfNumber(property);
   }
@@ -117,7 +116,7 @@ std::optional<FieldText> StructuredText(const CardProperty& property, ContactFie
 
 std::optional<FieldText> FieldTextOf(const CardProperty& property) {
   const std::optional<ContactField> field = FieldOf(property);
-  if (!field) {
+  if (!field || !CanBeTold(property)) {
     return std::nullopt;
   }
   std::optional<FieldText> result;
@@ -130,6 +129,12 @@ std::optional<FieldText> FieldTextOf(const CardProperty& property) {
     result->saysItAll = result->saysItAll && HasHeadOf(property, *field);
   }
   return result;
+}
+
+bool CanBeTold(const CardProperty& property) {
+  const std::string head = property.HeadWithoutEncoding();
+  return property.encoding != CardEncoding::kBase64 && !property.isNested && CanStandAsKept(head) &&
+         std::ranges::count(head, '"') % 2 == 0;
 }
 
 bool HasField(const CardProperty& property) {

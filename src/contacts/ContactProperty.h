@@ -21,6 +21,9 @@ struct FieldText {
 // Nothing for one that has no field, or whose text cannot be read. Of names only FN; N needs the whole card.
 std::optional<FieldText> FieldTextOf(const CardProperty& property);
 
+// Whether the property can be told again on a line of its own: it is no picture, and its head is a text.
+bool CanBeTold(const CardProperty& property);
+
 // Whether a field is there for it, so that its text should have been read.
 bool HasField(const CardProperty& property);
 

@@ -7,7 +7,9 @@
 
 #include "contacts/ContactSink.h"
 #include "contacts/ContactTable.h"
+#include "contacts/PhoneBook.h"
 #include "contacts/SheetFile.h"
+#include "text/Bytes.h"
 
 namespace scrivanta {
 
@@ -25,13 +27,18 @@ class SheetContactSink final : public ContactSink {
 
 class SheetContactSource final : public ContactSource {
  public:
-  explicit SheetContactSource(std::shared_ptr<const Sheet> sheet) : sheet_(std::move(sheet)) {}
+  SheetContactSource(std::shared_ptr<const Sheet> sheet, Progress& progress)
+      : sheet_(std::move(sheet)), progress_(progress) {}
   std::optional<Contact> Next() override;
 
  private:
   std::shared_ptr<const Sheet> sheet_;
+  Progress& progress_;
   std::size_t next_ = 0;
   std::optional<TableColumns> columns_;
 };
+
+// The whole book as a sheet file. A sheet can only be written to a path: it is one in the folder, and gone at the end.
+void WriteSheetFile(const OpenPhoneBook& open, ByteSink& sink, const std::filesystem::path& folder);
 
 }  // namespace scrivanta

@@ -60,20 +60,25 @@ std::string Numbered(std::string_view caption, std::size_t number) {
 }  // namespace
 
 // What a field of the table cannot hold is kept like a property without a field.
-Contact TableShape::Fitting(const Contact& contact) const {
-  Contact fitting = contact;
-  for (std::size_t i = 0; i < kContactFields; ++i) {
-    std::erase_if(fitting.values[i], [&](const std::string& text) {
-      if (text.size() <= longestCell_ || CountUnits(text) <= longestCell_) {
-        return false;
-      }
-      const auto field = static_cast<ContactField>(i);
-      fitting.rest += fitting.rest.empty() ? "" : "\n";
-      AppendMarkedLine(ReadableProperty(std::string(HeadOf(field)), PartsOfField(field, text)), fitting.rest);
-      return true;
-    });
+std::optional<Contact> TableShape::Fitted(const Contact& contact) const {
+  const auto isTooLong = [this](const std::string& text) {
+    return text.size() > longestCell_ && CountUnits(text) > longestCell_;
+  };
+  if (std::ranges::none_of(contact.values, [&](const auto& texts) { return std::ranges::any_of(texts, isTooLong); })) {
+    return std::nullopt;
   }
-  return fitting;
+  Contact fitted = contact;
+  for (std::size_t i = 0; i < kContactFields; ++i) {
+    const auto field = static_cast<ContactField>(i);
+    for (const std::string& text : contact.values[i]) {
+      if (isTooLong(text)) {
+        fitted.rest += fitted.rest.empty() ? "" : "\n";
+        AppendMarkedLine(ReadableProperty(std::string(HeadOf(field)), PartsOfField(field, text)), fitted.rest);
+      }
+    }
+    std::erase_if(fitted.values[i], isTooLong);
+  }
+  return fitted;
 }
 
 std::vector<std::string> TableShape::PartsOfRest(const std::string& rest) const {
@@ -96,11 +101,14 @@ std::vector<std::string> TableShape::PartsOfRest(const std::string& rest) const 
 }
 
 void TableShape::Widen(const Contact& contact) {
-  const Contact fitting = Fitting(contact);
+  const std::optional<Contact> fitted = Fitted(contact);
+  const Contact& fitting = fitted ? *fitted : contact;
   for (std::size_t i = 0; i < kContactFields; ++i) {
     columns_[i] = std::max(columns_[i], fitting.values[i].size());
   }
-  restColumns_ = std::max(restColumns_, PartsOfRest(fitting.rest).size());
+  if (fitting.rest.size() > longestCell_) {
+    restColumns_ = std::max(restColumns_, PartsOfRest(fitting.rest).size());
+  }
 }
 
 std::vector<std::string> TableShape::Header() const {
@@ -117,14 +125,15 @@ std::vector<std::string> TableShape::Header() const {
 }
 
 std::vector<std::string> TableShape::RecordOf(const Contact& contact) const {
-  Contact fitting = Fitting(contact);
+  const std::optional<Contact> fitted = Fitted(contact);
+  const Contact& fitting = fitted ? *fitted : contact;
   std::vector<std::string> record;
   const auto append = [&record](std::vector<std::string> texts, std::size_t columns) {
     texts.resize(columns);
     std::ranges::move(texts, std::back_inserter(record));
   };
   for (std::size_t i = 0; i < kContactFields; ++i) {
-    append(std::move(fitting.values[i]), columns_[i]);
+    append(fitting.values[i], columns_[i]);
   }
   append(PartsOfRest(fitting.rest), restColumns_);
   return record;

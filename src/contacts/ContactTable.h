@@ -7,6 +7,7 @@
 #include <array>
 #include <cstddef>
 #include <limits>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -29,7 +30,8 @@ class TableShape {
   std::vector<std::string> RecordOf(const Contact& contact) const;
 
  private:
-  Contact Fitting(const Contact& contact) const;
+  // Nothing where the contact fits as it is.
+  std::optional<Contact> Fitted(const Contact& contact) const;
   std::vector<std::string> PartsOfRest(const std::string& rest) const;
 
   std::size_t longestCell_;

@@ -15,18 +15,18 @@ bool IsControl(char c) {
   return static_cast<unsigned char>(c) < 0x20 || c == 0x7F;
 }
 
-bool CanStand(std::string_view line) {
+}  // namespace
+
+bool CanStandAsKept(std::string_view line) {
   return !line.starts_with(kMark) && std::ranges::none_of(line, IsControl) && MeasureUtf8(line).bytes == line.size();
 }
-
-}  // namespace
 
 void AppendKeptLines(std::string_view lines, std::string& kept) {
   for (std::size_t begin = 0; begin <= lines.size();) {
     const std::size_t end = std::min(lines.find('\n', begin), lines.size());
     const std::string_view line = lines.substr(begin, end - begin);
     kept += begin == 0 ? "" : "\n";
-    if (CanStand(line)) {
+    if (CanStandAsKept(line)) {
       kept += line;
     } else {
       AppendMarkedLine(line, kept);

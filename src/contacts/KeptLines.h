@@ -7,7 +7,10 @@
 
 namespace scrivanta {
 
-// Lines are separated by LF, here and below.
+// Whether a line needs no mark.
+bool CanStandAsKept(std::string_view line);
+
+// Lines are separated by LF.
 void AppendKeptLines(std::string_view lines, std::string& kept);
 
 // One line in the marked form, whatever it holds: of a property that is written back even if no field holds its text.

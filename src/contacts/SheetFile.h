@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "text/ExplainedError.h"
+#include "text/Progress.h"
 
 namespace scrivanta {
 
@@ -70,7 +71,7 @@ struct Sheet {
 };
 
 // The first sheet of a book. Numbers come in as many digits as they need and never with an exponent, dates as
-// 2024-02-29 and 2024-02-29 13:05:00. Throws SheetError.
-Sheet ReadFirstSheet(std::string_view bytes, const SheetLimits& limits = {});
+// 2024-02-29 and 2024-02-29 13:05:00. Throws SheetError, Interrupted.
+Sheet ReadFirstSheet(std::string_view bytes, Progress& progress, const SheetLimits& limits = {});
 
 }  // namespace scrivanta

@@ -14,6 +14,7 @@ namespace scrivanta {
 
 namespace {
 
+constexpr std::size_t kRowsAReport = 1024;
 // White space alone is a text too.
 constexpr unsigned kParsing = pugi::parse_default | pugi::parse_ws_pcdata_single;
 
@@ -83,7 +84,8 @@ struct Relation {
 
 class BookReader {
  public:
-  BookReader(std::string_view bytes, const SheetLimits& limits) : zip_(bytes), limits_(limits) {
+  BookReader(std::string_view bytes, Progress& progress, const SheetLimits& limits)
+      : zip_(bytes), progress_(progress), limits_(limits) {
     if (!zip_.isOpen()) {
       throw SheetError("the file is no xlsx sheet (an old .xls, or one protected by a password?)",
                        u"这个文件不是xlsx表格（可能是旧的xls，或者设了密码）。");
@@ -108,6 +110,7 @@ class BookReader {
                            const std::u16string& chinese) const;
 
   ZipArchive zip_;
+  Progress& progress_;
   SheetLimits limits_;
   DateSystem dates_ = DateSystem::k1900;
   std::vector<bool> isDate_;  // of the cell styles
@@ -122,7 +125,7 @@ class BookReader {
 }
 
 bool BookReader::Load(const std::string& part, pugi::xml_document& document, std::string& bytes) const {
-  ZipArchive::Entry entry = zip_.Read(part, {limits_.entryBytes, limits_.ratio});
+  ZipArchive::Entry entry = zip_.Read(part, {limits_.entryBytes, limits_.ratio}, progress_);
   switch (entry.outcome) {
     case ZipArchive::Outcome::kMissing:
       return false;
@@ -301,6 +304,9 @@ void BookReader::ReadRows(const std::string& part) {
     }
     ReadRow(node, row);
     next = row + 1;
+    if (next % kRowsAReport == 0) {
+      progress_.Report(0, 0);
+    }
   }
 }
 
@@ -334,8 +340,8 @@ Sheet BookReader::ReadFirst() {
 
 }  // namespace
 
-Sheet ReadFirstSheet(std::string_view bytes, const SheetLimits& limits) {
-  return BookReader(bytes, limits).ReadFirst();
+Sheet ReadFirstSheet(std::string_view bytes, Progress& progress, const SheetLimits& limits) {
+  return BookReader(bytes, progress, limits).ReadFirst();
 }
 
 }  // namespace scrivanta

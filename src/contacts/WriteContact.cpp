@@ -16,6 +16,7 @@ namespace {
 struct Kept {
   CardProperty property;
   std::optional<FieldText> field;
+  bool isMarked = false;
   bool isWritten = false;
 };
 
@@ -47,7 +48,7 @@ KeptProperties ReadRest(std::string_view rest) {
     for (CardProperty& property : card->properties) {
       const bool isMarked = std::ranges::binary_search(marked, property.line);
       std::optional<FieldText> field = isMarked ? std::nullopt : FieldTextOf(property);
-      kept.properties.push_back({std::move(property), std::move(field)});
+      kept.properties.push_back({std::move(property), std::move(field), isMarked});
     }
     for (const CardProperty& stray : card->strayLines) {
       kept.strayLines.push_back(stray.raw.starts_with('#') ? stray.raw : "#" + stray.raw);
@@ -83,7 +84,9 @@ class ContactWriter {
   // N and FN as they were while the name is what they make; else from the name.
   void WriteName() {
     const std::string name(contact_.name());
-    Kept* structured = FindKept([](const Kept& kept) { return kept.property.name == "N" && PartsOf(kept.property); });
+    Kept* structured = FindKept([](const Kept& kept) {
+      return kept.property.name == "N" && !kept.isMarked && CanBeTold(kept.property) && PartsOf(kept.property);
+    });
     firstName_ = FindKept([](const Kept& kept) { return kept.field && kept.field->field == ContactField::kName; });
     Kept* formatted = firstName_ != nullptr && firstName_->field->text == name ? firstName_ : nullptr;
     const bool isUnchanged =

@@ -62,7 +62,7 @@ bool ZipArchive::isOpen() const noexcept {
   return library_->zip != nullptr;
 }
 
-ZipArchive::Entry ZipArchive::Read(const std::string& name, const ZipLimits& limits) const {
+ZipArchive::Entry ZipArchive::Read(const std::string& name, const ZipLimits& limits, Progress& progress) const {
   constexpr int kIgnoringCase = 2;
   constexpr std::uint64_t kAlwaysTaken = 16 * 1024 * 1024;
   unzFile zip = library_->zip;
@@ -82,6 +82,7 @@ ZipArchive::Entry ZipArchive::Read(const std::string& name, const ZipLimits& lim
   int count = 0;
   while ((count = unzReadCurrentFile(zip, block.data(), block.size())) > 0) {
     entry.bytes.append(block.data(), static_cast<std::size_t>(count));
+    progress.Report(entry.bytes.size(), info.uncompressed_size);
     if (entry.bytes.size() > most) {
       unzCloseCurrentFile(zip);
       return {Outcome::kTooLarge, {}};

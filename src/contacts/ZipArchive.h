@@ -7,6 +7,8 @@
 #include <string>
 #include <string_view>
 
+#include "text/Progress.h"
+
 namespace scrivanta {
 
 struct ZipLimits {
@@ -27,8 +29,8 @@ class ZipArchive {
     Outcome outcome = Outcome::kMissing;
     std::string bytes;
   };
-  // Names are compared without regard to case.
-  Entry Read(const std::string& name, const ZipLimits& limits) const;
+  // Names are compared without regard to case. Throws Interrupted.
+  Entry Read(const std::string& name, const ZipLimits& limits, Progress& progress) const;
 
  private:
   struct Library;

@@ -33,7 +33,8 @@ TEST_F(ContactsTest, ATableBecomesCardsAndTheCardsASheet) {
       u"姓名\t手机\t住宅电话\t单位电话\t传真\t邮箱\t地址\t单位\t职务\t生日\t网址\t备注\t其他\r\n"
       u"张三\t0013800138000\t\t\t\t\t\t\t\t\t\t\t\r\n");
   app.ExpectStatus(u"1个联系人，1个号码");
-  EXPECT_EQ(ReadFirstSheet(ReadBytes(sheet)).rows.at(1).cells,
+  NoProgress progress;
+  EXPECT_EQ(ReadFirstSheet(ReadBytes(sheet), progress).rows.at(1).cells,
             (std::vector<std::string>{"\xE5\xBC\xA0\xE4\xB8\x89", "0013800138000"}));
   const std::string written = ReadBytes(cards);
 

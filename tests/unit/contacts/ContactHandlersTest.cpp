@@ -41,7 +41,8 @@ TEST_F(ContactHandlers, CardsBecomeASheetThatIsOpened) {
   mnuAndroidPhoneBookEncode(workbench_);
   EXPECT_EQ(workbench_.prompts().files.at(1).initialName, u"a.xlsx");
   EXPECT_EQ(workbench_.desktop().opened, Paths{PathOf("book.xlsx")});
-  const Sheet sheet = ReadFirstSheet(ReadWholeFile(PathOf("book.xlsx")));
+  NoProgress progress;
+  const Sheet sheet = ReadFirstSheet(ReadWholeFile(PathOf("book.xlsx")), progress);
   ASSERT_EQ(sheet.rows.size(), 4U);
   EXPECT_EQ(sheet.rows[3].cells[0], "Bob");
   EXPECT_EQ(workbench_.status, u"3个联系人，4个号码");

@@ -111,11 +111,14 @@ TEST(PhoneBook, SheetsLoseNothing) {
   book[0][ContactField::kBirthday] = {"1990-01-01"};
   const TemporaryFolder folder;
   const std::filesystem::path path = folder.path() / "电话簿.xlsx";
-  SheetContactSink sink(path, SurveyPhoneBook(BookOf(book), TableShape(kLongestSheetCell)).shape);
-  CopyPhoneBook(BookOf(book), sink);
-  const auto sheet = std::make_shared<const Sheet>(ReadFirstSheet(ReadWholeFile(path)));
+  FileSink file(path);
+  WriteSheetFile(BookOf(book), file, folder.path());
+  file.Close();
+  NoProgress progress;
+  const auto sheet = std::make_shared<const Sheet>(ReadFirstSheet(ReadWholeFile(path), progress));
   EXPECT_EQ(sheet->name, "电话簿");
-  EXPECT_EQ(All([&] { return std::make_unique<SheetContactSource>(sheet); }), book);
+  EXPECT_EQ(All([&] { return std::make_unique<SheetContactSource>(sheet, progress); }), book);
+  EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder.path()), {}), 1);
 }
 
 // What no cell holds goes into the last columns, and from there back into its place in a card.

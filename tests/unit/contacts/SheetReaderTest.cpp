@@ -91,6 +91,11 @@ std::map<std::string, std::string> PartsOf(const std::string& rows, const std::s
   };
 }
 
+Sheet Read(const std::string& bytes, const SheetLimits& limits = {}) {
+  NoProgress progress;
+  return ReadFirstSheet(bytes, progress, limits);
+}
+
 TEST(SheetReader, CellsOfEveryKind) {
   struct Case {
     std::string cell;
@@ -117,18 +122,18 @@ TEST(SheetReader, CellsOfEveryKind) {
       {"<c s=\"1\"><v>-5</v></c>", "-5"},
   };
   for (const Case& c : cases) {
-    const Sheet sheet = ReadFirstSheet(Zip(PartsOf("<row>" + c.cell + "</row>")));
+    const Sheet sheet = Read(Zip(PartsOf("<row>" + c.cell + "</row>")));
     ASSERT_EQ(sheet.rows.size(), 1U) << c.cell;
     EXPECT_EQ(sheet.rows[0].cells, std::vector{c.text}) << c.cell;
   }
-  const auto old = ReadFirstSheet(Zip(PartsOf("<row><c s=\"1\"><v>0</v></c></row>", "<x:workbookPr date1904=\"1\"/>")));
+  const auto old = Read(Zip(PartsOf("<row><c s=\"1\"><v>0</v></c></row>", "<x:workbookPr date1904=\"1\"/>")));
   EXPECT_EQ(old.rows[0].cells[0], "1904-01-01");
 }
 
 TEST(SheetReader, PlacesAreSaidOrCounted) {
-  const Sheet sheet = ReadFirstSheet(
-      Zip(PartsOf("<row><c t=\"str\"><v>a</v></c><c r=\"C1\" t=\"str\"><v>c</v></c><c t=\"str\"><v>d</v></c></row>"
-                  "<row r=\"5\"><c r=\"AA5\"><v>1</v></c></row><row/><row><c><v>7</v></c></row>")));
+  const Sheet sheet =
+      Read(Zip(PartsOf("<row><c t=\"str\"><v>a</v></c><c r=\"C1\" t=\"str\"><v>c</v></c><c t=\"str\"><v>d</v></c></row>"
+                       "<row r=\"5\"><c r=\"AA5\"><v>1</v></c></row><row/><row><c><v>7</v></c></row>")));
   EXPECT_EQ(sheet.name, "表");
   ASSERT_EQ(sheet.rows.size(), 3U);
   EXPECT_EQ(sheet.rows[0].cells, (std::vector<std::string>{"a", "", "c", "d"}));
@@ -139,7 +144,7 @@ TEST(SheetReader, PlacesAreSaidOrCounted) {
 
 std::string FailureOf(const std::string& bytes, const SheetLimits& limits = {}) {
   try {
-    ReadFirstSheet(bytes, limits);
+    Read(bytes, limits);
   } catch (const SheetError& error) {
     return error.what();
   }
