@@ -333,7 +333,11 @@ TEST_F(CipherHandlers, OpenAnEmptyDocumentThatTheyHaveSaved) {
 }
 
 TEST_F(CipherHandlers, LeaveASelectionThatAnotherKeyMakesNothingOf) {
-  const std::u16string longer = Rijndael(u"长过一个块的一段文字，错的密钥解不出它的末尾", u"42");
+  std::u16string text;
+  for (char16_t c = u'一'; text.size() < 2'000; ++c) {
+    text += c;
+  }
+  const std::u16string longer = Rijndael(text, u"42");
   OpenSelected(longer);
   dialogs_.script = {{u"7", true}};
   Run("mnuDeEncryptSelectedText");

@@ -88,7 +88,7 @@ TEST(FindNext, ByPatternTakesTheNextMatchAfterTheCaret) {
     FindNext(workbench, state);
     starts.push_back(workbench.editor().Selection().start.value);
   }
-  EXPECT_EQ(starts, (std::vector<std::size_t>{3, 5, 8, 10, 0}));
+  EXPECT_EQ(starts, (std::vector<std::size_t>{5, 10, 0, 5, 10}));
 }
 
 class ScriptedFindView final : public FindView {
@@ -234,7 +234,6 @@ TEST_F(FindDialogTest, ReplacesOnlyASelectionThatIsAMatch) {
   // An empty match is replaced where it has been found.
   workbench.editor().Open(u"a\r\nb", {});
   Fill(u"^", u"> ", true);
-  dialog.Replace(view);
   dialog.Replace(view);
   EXPECT_EQ(workbench.editor().Selection(), (TextRange{{3}, 0}));
   EXPECT_EQ(workbench.editor().Text(), u"a\r\nb");
