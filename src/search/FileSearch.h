@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "regexp/RegExp.h"
-#include "search/FileWalk.h"
+#include "text/FileWalk.h"
 #include "search/FindState.h"
 
 namespace scrivanta {

@@ -6,7 +6,7 @@
 #include <string_view>
 #include <vector>
 
-#include "search/FileFailure.h"
+#include "text/FileFailure.h"
 #include "text/Progress.h"
 
 namespace scrivanta {

@@ -1,4 +1,4 @@
-#include "search/FileWalk.h"
+#include "text/FileWalk.h"
 
 #include <algorithm>
 #include <map>

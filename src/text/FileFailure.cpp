@@ -1,10 +1,7 @@
-#include "search/FileFailure.h"
+#include "text/FileFailure.h"
 
-#include <new>
-
-#include "shell/workbench/FailureMessage.h"
-#include "text/ErrorText.h"
 #include "text/Bytes.h"
+#include "text/ErrorText.h"
 
 namespace scrivanta {
 
@@ -12,7 +9,7 @@ std::u16string FailureReason(const std::exception& error) {
   if (const auto* fileError = dynamic_cast<const FileError*>(&error)) {
     return FileErrorReason(fileError->code());
   }
-  return FailureMessage(error).text;
+  return FailureText(error);
 }
 
 }  // namespace scrivanta
