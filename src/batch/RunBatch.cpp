@@ -111,6 +111,11 @@ std::string ParserMessage(const CLI::ParseError& error) {
   return message;
 }
 
+void Complain(std::string reason, const BatchStreams& streams) {
+  std::replace(reason.begin(), reason.end(), '\n', ' ');
+  streams.errors << "scrivanta-batch: " << reason << '\n';
+}
+
 ExitStatus RunCommand(const ConfiguredCommand& command, const BatchStreams& streams) {
   const CommonOptions& options = command.options;
   TerminalProgress progress(streams.errors, streams.errorsAreTerminal && !options.noProgress, streams.interrupted);
@@ -131,7 +136,8 @@ ExitStatus RunCommand(const ConfiguredCommand& command, const BatchStreams& stre
       return files.emplace_back(path);
     };
     ByteSink& output = options.output.empty() ? toStandardOutput : openOutput(PathFromUtf8(options.output));
-    BatchContext context{*input, output, options.encoding, progress, openOutput};
+    const auto complain = [&streams](const std::string& reason) { Complain(reason, streams); };
+    BatchContext context{*input, output, options.encoding, progress, openOutput, complain};
     status = command.work(context);
   }
   for (OutputFile& file : files) {
@@ -144,9 +150,8 @@ ExitStatus RunCommand(const ConfiguredCommand& command, const BatchStreams& stre
   return status;
 }
 
-int Fail(ExitStatus status, std::string reason, const BatchStreams& streams) {
-  std::replace(reason.begin(), reason.end(), '\n', ' ');
-  streams.errors << "scrivanta-batch: " << reason << '\n';
+int Fail(ExitStatus status, const std::string& reason, const BatchStreams& streams) {
+  Complain(reason, streams);
   return static_cast<int>(status);
 }
 
@@ -171,7 +176,8 @@ int RunReportingFailure(const ConfiguredCommand& command, const BatchStreams& st
 std::vector<BatchCommand> BatchCommands() {
   std::vector<BatchCommand> all;
   for (auto list : {LineBatchCommands(), RegExpBatchCommands(), FileBatchCommands(), CipherBatchCommands(),
-                    CalendarBatchCommands(), TableBatchCommands(), ContactBatchCommands(), DatabaseBatchCommands()}) {
+                    CalendarBatchCommands(), TableBatchCommands(), ContactBatchCommands(), DatabaseBatchCommands(),
+                    SystemBatchCommands(), WindowsBatchCommands()}) {
     std::move(list.begin(), list.end(), std::back_inserter(all));
   }
   return all;

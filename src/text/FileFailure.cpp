@@ -12,4 +12,11 @@ std::u16string FailureReason(const std::exception& error) {
   return FailureText(error);
 }
 
+FileFailure FailureOf(const std::filesystem::path& path, const std::exception& error) {
+  const auto* const fileError = dynamic_cast<const FileError*>(&error);
+  return {.path = path,
+          .reason = FailureReason(error),
+          .english = fileError != nullptr ? fileError->code().default_error_condition().message() : error.what()};
+}
+
 }  // namespace scrivanta

@@ -4,7 +4,8 @@
 #include <map>
 #include <system_error>
 
-#include "text/ErrorText.h"
+#include "text/Bytes.h"
+#include "text/FolderEntries.h"
 #include "text/LineText.h"
 #include "text/PlatformFile.h"
 #include "text/UpperCase.h"
@@ -37,7 +38,8 @@ bool MatchesPattern(std::u16string_view name, std::u16string_view pattern) {
 
 class Walk {
  public:
-  Walk(const FileFilter& filter, Progress& progress) : filter_(filter), progress_(progress) {}
+  Walk(const FileFilter& filter, const WalkOptions& options, Progress& progress)
+      : filter_(filter), options_(options), progress_(progress) {}
 
   void Add(const std::filesystem::path& place) {
     std::error_code error;
@@ -46,11 +48,18 @@ class Walk {
       return;
     }
     // A stack of its own: folders may be nested more deeply than calls.
-    std::vector<std::filesystem::path> folders = {place};
+    std::vector<Folder> folders = {{place}};
     while (!folders.empty()) {
-      const std::filesystem::path folder = std::move(folders.back());
+      const Folder folder = folders.back();
       folders.pop_back();
-      ReadFolder(folder, folders);
+      if (folder.isRead) {
+        found_.files.push_back(folder.path);
+        continue;
+      }
+      if (options_.folders) {
+        folders.push_back({folder.path, true});
+      }
+      ReadFolder(folder.path, folders);
       progress_.Report(0, 0);
     }
   }
@@ -58,32 +67,35 @@ class Walk {
   FoundFiles Take() { return std::move(found_); }
 
  private:
-  void ReadFolder(const std::filesystem::path& folder, std::vector<std::filesystem::path>& folders) {
+  struct Folder {
+    std::filesystem::path path;
+    bool isRead = false;  // and so is all below it
+  };
+
+  void ReadFolder(const std::filesystem::path& folder, std::vector<Folder>& folders) {
     std::vector<std::filesystem::path> files;
     std::vector<std::filesystem::path> below;
-    std::error_code error;
-    for (std::filesystem::directory_iterator entry(folder, error), end; !error && entry != end;
-         entry.increment(error)) {
+    const std::error_code error = VisitFolder(folder, [&](const std::filesystem::path& path, FolderEntryKind kind) {
       progress_.Report(0, 0);
-      std::error_code unknown;
-      if (entry->is_directory(unknown)) {
-        if (!IsLinkToFolder(entry->path())) {
-          below.push_back(entry->path());
-        }
-      } else if (entry->is_regular_file(unknown) && filter_.Takes(entry->path())) {
-        files.push_back(entry->path());
+      if (kind == FolderEntryKind::kFolder && options_.subfolders) {
+        below.push_back(path);
+      } else if (kind == FolderEntryKind::kFile && filter_.Takes(path)) {
+        files.push_back(path);
       }
-    }
+    });
     if (error) {
-      found_.failures.push_back({folder, FileErrorReason(error)});
+      found_.failures.push_back(FailureOf(folder, FileError(folder, error)));
     }
     std::sort(files.begin(), files.end());
     found_.files.insert(found_.files.end(), files.begin(), files.end());
     std::sort(below.rbegin(), below.rend());
-    folders.insert(folders.end(), below.begin(), below.end());
+    for (std::filesystem::path& path : below) {
+      folders.push_back({std::move(path)});
+    }
   }
 
   const FileFilter& filter_;
+  const WalkOptions& options_;
   Progress& progress_;
   FoundFiles found_;
 };
@@ -107,8 +119,9 @@ bool FileFilter::Takes(const std::filesystem::path& file) const {
                                           [&](const std::u16string& pattern) { return MatchesPattern(name, pattern); });
 }
 
-FoundFiles WalkFiles(const std::vector<std::filesystem::path>& places, const FileFilter& filter, Progress& progress) {
-  Walk walk(filter, progress);
+FoundFiles WalkFiles(const std::vector<std::filesystem::path>& places, const FileFilter& filter, Progress& progress,
+                     const WalkOptions& options) {
+  Walk walk(filter, options, progress);
   for (const std::filesystem::path& place : places) {
     walk.Add(place);
   }
