@@ -6,10 +6,10 @@
 
 #include "batch/BatchCommand.h"
 #include "database/DatabaseError.h"
-#include "database/EnvironmentText.h"
 #include "database/DatabaseSource.h"
 #include "database/RecordSource.h"
 #include "database/TableExport.h"
+#include "text/EnvironmentText.h"
 
 namespace scrivanta {
 

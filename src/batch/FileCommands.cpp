@@ -1,10 +1,10 @@
 #include <algorithm>
 #include <memory>
-#include <system_error>
 
 #include <CLI/CLI.hpp>
 
 #include "batch/BatchCommand.h"
+#include "batch/Places.h"
 #include "search/FileReport.h"
 #include "search/FileSearch.h"
 #include "tables/DownloadLinks.h"
@@ -21,34 +21,6 @@ struct FindInFilesArguments {
   bool ignoreCase = false;
 };
 
-void AddPlaces(CLI::App& parser, const std::string& name, const std::string& description) {
-  // Only shown in the help: the parser would take a list of places apart at brackets and commas, "[a,b]" becoming a
-  // and b. What it leaves over is read as it stands.
-  parser.add_option(name, description)->expected(0);
-  parser.allow_extras();
-}
-
-// The arguments that belong to no option.
-std::vector<std::filesystem::path> PlacesOf(const CLI::App& parser, const std::string& name) {
-  std::vector<std::filesystem::path> places;
-  for (const std::string& argument : parser.remaining()) {
-    if (argument.starts_with("-")) {
-      throw UnusableArguments("The following argument was not expected: " + argument);
-    }
-    places.push_back(PathFromUtf8(argument));
-  }
-  if (places.empty()) {
-    throw UnusableArguments(name + " is required");
-  }
-  for (const std::filesystem::path& place : places) {
-    std::error_code error;
-    if (!std::filesystem::exists(place, error)) {
-      throw FileError(place, error ? error : std::make_error_code(std::errc::no_such_file_or_directory));
-    }
-  }
-  return places;
-}
-
 BatchWork ConfigureFindInFiles(CLI::App& parser) {
   const auto arguments = std::make_shared<FindInFilesArguments>();
   parser.add_option("--find", arguments->find, "Text to find")->required()->type_name("T");
@@ -63,7 +35,7 @@ BatchWork ConfigureFindInFiles(CLI::App& parser) {
       throw UnusableArguments("--find must not be empty");
     }
     const FileSearchResult result =
-        SearchFiles(PlacesOf(parser, "FOLDER"), FileFilter(u"*.*"), state, BuiltInRegExpEngine(), context.progress);
+        SearchFiles(ExistingPlacesOf(parser, "FOLDER"), FileFilter(u"*.*"), state, BuiltInRegExpEngine(), context.progress);
     context.output.Write(Encode(context.encoding, ReportOf(result, state.findText)));
     return result.have.empty() ? ExitStatus::kNothingFound : ExitStatus::kDone;
   };
@@ -94,7 +66,7 @@ BatchWork ConfigureMergeFiles(CLI::App& parser) {
   parser.add_flag("--recursive", options->recursive, "The folders below a folder too");
   parser.add_flag("--titles", options->titles, "A line with its name before the lines of each file");
   return [options, &parser](BatchContext& context) {
-    const MergePlaces places{.places = PlacesOf(parser, "PATH"),
+    const MergePlaces places{.places = ExistingPlacesOf(parser, "PATH"),
                              .pattern = Decode(Encoding::kUtf8, options->pattern),
                              .subfolders = options->recursive,
                              .targets = context.outputFiles};
@@ -113,7 +85,7 @@ BatchWork ConfigureDownloadList(CLI::App& parser) {
   AddPlaces(parser, "PATH", "Files of any kind, and folders with all below them");
   return [&parser](BatchContext& context) {
     const FoundFiles found =
-        WalkFiles(PlacesOf(parser, "PATH"), FileFilter(u""), context.progress, {.naturalOrder = true});
+        WalkFiles(ExistingPlacesOf(parser, "PATH"), FileFilter(u""), context.progress, {.naturalOrder = true});
     ThrowFailures(found.failures);
     DownloadLinks links;
     for (const std::filesystem::path& file : found.files) {

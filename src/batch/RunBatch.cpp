@@ -112,6 +112,11 @@ std::string ParserMessage(const CLI::ParseError& error) {
   return message;
 }
 
+void Complain(std::string reason, const BatchStreams& streams) {
+  std::replace(reason.begin(), reason.end(), '\n', ' ');
+  streams.errors << "scrivanta-batch: " << reason << '\n';
+}
+
 ExitStatus RunCommand(const ConfiguredCommand& command, const BatchStreams& streams) {
   const CommonOptions& options = command.options;
   TerminalProgress progress(streams.errors, streams.errorsAreTerminal && !options.noProgress, streams.interrupted);
@@ -132,9 +137,7 @@ ExitStatus RunCommand(const ConfiguredCommand& command, const BatchStreams& stre
       return files.emplace_back(path);
     };
     ByteSink& output = options.output.empty() ? toStandardOutput : openOutput(PathFromUtf8(options.output));
-    BatchContext context{
-        *input,   output,     options.encoding,
-        progress, openOutput, files.empty() ? std::vector<std::filesystem::path>() : files.front().Files()};
+                    }) {
     status = command.work(context);
   }
   for (OutputFile& file : files) {
@@ -147,9 +150,8 @@ ExitStatus RunCommand(const ConfiguredCommand& command, const BatchStreams& stre
   return status;
 }
 
-int Fail(ExitStatus status, std::string reason, const BatchStreams& streams) {
-  std::replace(reason.begin(), reason.end(), '\n', ' ');
-  streams.errors << "scrivanta-batch: " << reason << '\n';
+int Fail(ExitStatus status, const std::string& reason, const BatchStreams& streams) {
+  Complain(reason, streams);
   return static_cast<int>(status);
 }
 
@@ -173,7 +175,7 @@ int RunReportingFailure(const ConfiguredCommand& command, const BatchStreams& st
 
 std::vector<BatchCommand> BatchCommands() {
   std::vector<BatchCommand> all;
-                    LineBatchCommands(), RegExpBatchCommands(), FileBatchCommands(), CipherBatchCommands(), CalendarBatchCommands(), TableBatchCommands(), ContactBatchCommands(), DatabaseBatchCommands(), PinyinBatchCommands()}) {
+                    LineBatchCommands(), RegExpBatchCommands(), FileBatchCommands(), CipherBatchCommands(), CalendarBatchCommands(), TableBatchCommands(), ContactBatchCommands(), DatabaseBatchCommands(), PinyinBatchCommands(), SystemBatchCommands(), WindowsBatchCommands()}) {
     std::move(list.begin(), list.end(), std::back_inserter(all));
   }
   return all;

@@ -17,7 +17,7 @@ constexpr std::size_t kMostFailuresShown = 20;
 
 FileFailure FailureOf(const std::filesystem::path& path, const std::exception& error) {
   if (const auto* fileError = dynamic_cast<const FileError*>(&error)) {
-    return {path, FileErrorReason(fileError->code()), fileError->code().message()};
+    return {path, FileErrorReason(fileError->code()), fileError->code().default_error_condition().message()};
   }
   return {path, FailureText(error), error.what()};
 }

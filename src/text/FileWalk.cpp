@@ -4,7 +4,8 @@
 #include <map>
 #include <system_error>
 
-#include "text/ErrorText.h"
+#include "text/Bytes.h"
+#include "text/FolderEntries.h"
 #include "text/LineText.h"
 #include "text/NaturalOrder.h"
 #include "text/PlatformFile.h"
@@ -48,11 +49,18 @@ class Walk {
       return;
     }
     // A stack of its own: folders may be nested more deeply than calls.
-    std::vector<std::filesystem::path> folders = {place};
+    std::vector<Folder> folders = {{place}};
     while (!folders.empty()) {
-      const std::filesystem::path folder = std::move(folders.back());
+      const Folder folder = folders.back();
       folders.pop_back();
-      ReadFolder(folder, folders);
+      if (folder.isRead) {
+        found_.files.push_back(folder.path);
+        continue;
+      }
+      if (options_.folders) {
+        folders.push_back({folder.path, true});
+      }
+      ReadFolder(folder.path, folders);
       progress_.Report(0, 0);
     }
   }
@@ -60,29 +68,31 @@ class Walk {
   FoundFiles Take() { return std::move(found_); }
 
  private:
-  void ReadFolder(const std::filesystem::path& folder, std::vector<std::filesystem::path>& folders) {
+  struct Folder {
+    std::filesystem::path path;
+    bool isRead = false;  // and so is all below it
+  };
+
+  void ReadFolder(const std::filesystem::path& folder, std::vector<Folder>& folders) {
     std::vector<std::filesystem::path> files;
     std::vector<std::filesystem::path> below;
-    std::error_code error;
-    for (std::filesystem::directory_iterator entry(folder, error), end; !error && entry != end;
-         entry.increment(error)) {
+    const std::error_code error = VisitFolder(folder, [&](const std::filesystem::path& path, FolderEntryKind kind) {
       progress_.Report(0, 0);
-      std::error_code unknown;
-      if (entry->is_directory(unknown)) {
-        if (options_.subfolders && !IsLinkToFolder(entry->path())) {
-          below.push_back(entry->path());
-        }
-      } else if (entry->is_regular_file(unknown) && filter_.Takes(entry->path())) {
-        files.push_back(entry->path());
+      if (kind == FolderEntryKind::kFolder && options_.subfolders) {
+        below.push_back(path);
+      } else if (kind == FolderEntryKind::kFile && filter_.Takes(path)) {
+        files.push_back(path);
       }
-    }
+    });
     if (error) {
-      found_.failures.push_back({folder, FileErrorReason(error), error.message()});
+      found_.failures.push_back(FailureOf(folder, FileError(folder, error)));
     }
     SortByName(files);
     found_.files.insert(found_.files.end(), files.begin(), files.end());
     SortByName(below);
-    folders.insert(folders.end(), below.rbegin(), below.rend());
+    for (auto path = below.rbegin(); path != below.rend(); ++path) {
+      folders.push_back({std::move(*path)});
+    }
   }
 
   void SortByName(std::vector<std::filesystem::path>& paths) const {
@@ -94,7 +104,7 @@ class Walk {
   }
 
   const FileFilter& filter_;
-  WalkOptions options_;
+  const WalkOptions& options_;
   Progress& progress_;
   FoundFiles found_;
 };

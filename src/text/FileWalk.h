@@ -22,19 +22,20 @@ class FileFilter {
   std::vector<std::u16string> patterns_;  // upper case
 };
 
+struct WalkOptions {
+  bool subfolders = true;  // all folders below those that are named
+  bool folders = false;    // each folder itself too, behind what it holds; the filter does not touch it
+  bool naturalOrder = false;  // of names, see NaturalOrder.h; else by code
+};
+
 struct FoundFiles {
   std::vector<std::filesystem::path> files;
   std::vector<FileFailure> failures;  // folders that could not be read
 };
 
-struct WalkOptions {
-  bool subfolders = true;
-  bool naturalOrder = false;  // of names, see NaturalOrder.h; else by code
-};
-
-// The files of the folders and all folders below them, those of one folder in the order of their names; files that are
-// named themselves are taken whatever their names. Links to folders are not followed, so none is met twice. Throws
-// Interrupted.
+// The files of the folders and, unless told otherwise, of all folders below them, those of one folder in the order of
+// their names; files that are named themselves are taken whatever their names. Links to folders are not followed, so
+// none is met twice. Throws Interrupted.
 FoundFiles WalkFiles(const std::vector<std::filesystem::path>& places, const FileFilter& filter, Progress& progress,
                      const WalkOptions& options = {});
 

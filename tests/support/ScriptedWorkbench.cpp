@@ -224,7 +224,8 @@ std::u16string ScriptedDocument::TextOfFile(const std::filesystem::path& file) {
 ScriptedWorkbench::ScriptedWorkbench()
     : folders_{.program = folder_.path() / "program" / "",
                .temporary = folder_.path() / "temporary" / "",
-               .iniFile = folder_.path() / "program" / "Scrivanta.ini"} {
+               .iniFile = folder_.path() / "program" / "Scrivanta.ini",
+               .recovery = folder_.path() / "own" / "Recovery"} {
   std::filesystem::create_directories(folders_.program);
   std::filesystem::create_directories(folders_.temporary);
 }

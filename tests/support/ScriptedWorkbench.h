@@ -108,7 +108,7 @@ class ManualClock final : public Clock {
 class RecordingDesktop final : public Desktop {
  public:
   void OpenWithDefaultProgram(const std::filesystem::path& document) override {
-    if (!hasPrograms) {
+    if (!hasPrograms || document == refused) {
       throw FileError(document, std::make_error_code(std::errc::no_such_file_or_directory));
     }
     opened.push_back(document);
@@ -122,6 +122,7 @@ class RecordingDesktop final : public Desktop {
 
   bool hasPrograms = true;  // false: no document can be opened
   std::vector<std::filesystem::path> opened;
+  std::filesystem::path refused;  // cannot be opened
   std::vector<std::pair<std::u16string, std::u16string>> runs;
   std::vector<std::pair<std::u16string, std::u16string>> systemRuns;
 };

@@ -152,11 +152,6 @@ bool AreSameName(const std::filesystem::path& one, const std::filesystem::path& 
   return one == other;
 }
 
-bool IsLinkToFolder(const std::filesystem::path& path) noexcept {
-  std::error_code error;
-  return std::filesystem::is_symlink(path, error) && std::filesystem::is_directory(path, error);
-}
-
 // Names are bytes, by custom UTF-8; what is none comes back all the same.
 std::u16string TextOfPath(const std::filesystem::path& path) {
   return Decode(Encoding::kUtf8, path.native());

@@ -12,14 +12,12 @@
 
 #include "text/FileIdentity.h"
 #include "text/win/Handles.h"
+#include "text/win/SystemPath.h"
 #include "text/win/WideText.h"
 
 namespace scrivanta {
 
 namespace {
-
-// Longer paths are taken only with the prefix that turns off all rewriting. A folder must leave room for a file name.
-constexpr std::size_t kMostPlainPath = 247;
 
 std::error_code SystemError(DWORD code) {
   return {static_cast<int>(code), std::system_category()};
@@ -27,20 +25,6 @@ std::error_code SystemError(DWORD code) {
 
 std::error_code LastSystemError() {
   return SystemError(GetLastError());
-}
-
-bool StartsWith(const std::wstring& text, std::wstring_view start) {
-  return text.compare(0, start.size(), start) == 0;
-}
-
-// The path as the system's functions take it, however long it is.
-std::wstring SystemPath(const std::filesystem::path& path) {
-  std::wstring full(GetFullPathNameW(path.c_str(), 0, nullptr, nullptr), L'\0');
-  full.resize(GetFullPathNameW(path.c_str(), static_cast<DWORD>(full.size()), full.data(), nullptr));
-  if (full.empty() || full.size() <= kMostPlainPath || StartsWith(full, L"\\\\?\\") || StartsWith(full, L"\\\\.\\")) {
-    return full.empty() ? path.native() : full;
-  }
-  return StartsWith(full, L"\\\\") ? L"\\\\?\\UNC" + full.substr(1) : L"\\\\?\\" + full;
 }
 
 int ErrnoOf(DWORD code) {
@@ -254,19 +238,6 @@ std::optional<FileIdentity> IdentityOf(const std::filesystem::path& path) {
 
 bool AreSameName(const std::filesystem::path& one, const std::filesystem::path& other) {
   return CompareStringOrdinal(one.c_str(), -1, other.c_str(), -1, TRUE) == CSTR_EQUAL;
-}
-
-bool IsLinkToFolder(const std::filesystem::path& path) noexcept {
-  WIN32_FIND_DATAW found{};
-  const HANDLE search = FindFirstFileW(path.c_str(), &found);
-  if (search == INVALID_HANDLE_VALUE) {
-    return false;
-  }
-  FindClose(search);
-  // Other reparse points (files kept in a cloud) lie where they seem to lie.
-  return (found.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0 &&
-         (found.dwFileAttributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0 &&
-         (found.dwReserved0 == IO_REPARSE_TAG_SYMLINK || found.dwReserved0 == IO_REPARSE_TAG_MOUNT_POINT);
 }
 
 std::u16string TextOfPath(const std::filesystem::path& path) {

@@ -1,4 +1,4 @@
-#include "database/EnvironmentText.h"
+#include "text/EnvironmentText.h"
 
 #include <windows.h>
 
