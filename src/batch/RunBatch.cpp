@@ -175,7 +175,9 @@ int RunReportingFailure(const ConfiguredCommand& command, const BatchStreams& st
 
 std::vector<BatchCommand> BatchCommands() {
   std::vector<BatchCommand> all;
-                    LineBatchCommands(), RegExpBatchCommands(), FileBatchCommands(), CipherBatchCommands(), CalendarBatchCommands(), TableBatchCommands(), ContactBatchCommands(), DatabaseBatchCommands(), PinyinBatchCommands(), SystemBatchCommands(), WindowsBatchCommands()}) {
+  for (auto list : {LineBatchCommands(), RegExpBatchCommands(), FileBatchCommands(), TableBatchCommands(),
+                    PinyinBatchCommands(), CipherBatchCommands(), ContactBatchCommands(), CalendarBatchCommands(),
+                    DatabaseBatchCommands(), SystemBatchCommands(), WindowsBatchCommands()}) {
     std::move(list.begin(), list.end(), std::back_inserter(all));
   }
   return all;
