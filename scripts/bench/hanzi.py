@@ -7,13 +7,14 @@ With the path of a file of phrases, one a line with its syllables behind a tab (
 right: scripts/bench.sh hanzi [PHRASES]
 """
 
+import os
 import pathlib
 import random
 import subprocess
 import sys
 import unicodedata
 
-from measure import BATCH, HEAD, ROOT, compare, enter, ours
+from measure import BATCH, HEAD, ROOT, compare, ours
 
 DATA = ROOT / "build" / "bench" / "hanzi"
 LINES, FILES = 1_000_000, 1_000
@@ -46,7 +47,7 @@ def initial(syllable):
 
 
 def count_right(path):
-    rows = [row.split("\t") for row in pathlib.Path(path).read_text(encoding="utf-8").splitlines()]
+    rows = [row.split("\t") for row in path.read_text(encoding="utf-8").splitlines()]
     rows = [(phrase, syllables.split()) for phrase, syllables in rows]
     rows = [row for row in rows if len(row[0]) == len(row[1]) and all("\u4e00" <= c <= "\u9fff" for c in row[0])]
     made = subprocess.run([BATCH, "pinyin-initials", "--encoding", "utf-8", "--place", "only"], capture_output=True,
@@ -58,15 +59,17 @@ def count_right(path):
 
 def main():
     DATA.mkdir(parents=True, exist_ok=True)
-    enter(DATA)
+    phrases = pathlib.Path(sys.argv[1]).resolve() if len(sys.argv) > 1 else None
+    os.chdir(DATA)
     make_files()
     print(HEAD)
-    compare("`pinyin-initials`, a plain copy", ours("pinyin-initials lines.txt"), f"{BATCH} del-empty-lines lines.txt -o peer.out", 6)
+    compare("`pinyin-initials`, a plain copy", ours("pinyin-initials lines.txt"),
+            f"{BATCH} del-empty-lines lines.txt -o peer.out", 6)
     compare("`sort --by pinyin`, `sort`", ours("sort --by pinyin lines.txt"), "sort lines.txt > peer.out", "")
     compare("`sort --by strokes`, `sort`", ours("sort --by strokes lines.txt"), "sort lines.txt > peer.out", "")
     compare("`merge-files` of 1,000, `cat`", ours("merge-files files"), "cat files/* > peer.out", 2)
-    if len(sys.argv) > 1:
-        count_right(sys.argv[1])
+    if phrases:
+        count_right(phrases)
 
 
 main()

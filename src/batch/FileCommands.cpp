@@ -9,6 +9,7 @@
 #include "search/FileSearch.h"
 #include "tables/DownloadLinks.h"
 #include "tables/FileMerge.h"
+#include "text/LineWriter.h"
 #include "text/PlatformFile.h"
 
 namespace scrivanta {

@@ -18,6 +18,8 @@ class ScriptedTableDialogs final : public TableDialogs {
   void ShowFenLan(ConversionDialog& dialog) override { onConversion(dialog); }
   void ShowChangeToSDFFile(ConversionDialog& dialog) override { onConversion(dialog); }
   void ShowDataGuanLianHeBin(JoinDialog& dialog) override { onJoin(dialog); }
+  void ShowJiaZiMu(InitialsDialog&) override {}
+  void ShowMergeFile(MergeDialog&) override {}
 
   std::function<void(ConversionDialog&)> onConversion;
   std::function<void(JoinDialog&)> onJoin;
