@@ -49,7 +49,7 @@ void FrmCalendar::OnInit() {
   shownName_.clear();
   CentreOverOwner();
   logic_.Open(*this);
-  SetFocus(page_.handle());
+  FocusOn(RichCalendar);
 }
 
 // In the place of FrmPage: a template can have no control whose library may not be loaded yet.
