@@ -10,6 +10,7 @@
 #include "contacts/ContactRecords.h"
 #include "contacts/ContactSheets.h"
 #include "contacts/PhoneBook.h"
+#include "text/ReadAll.h"
 
 namespace scrivanta {
 

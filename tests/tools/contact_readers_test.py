@@ -34,19 +34,19 @@ def encoded(text):
     return "".join(f"={byte:02X}" for byte in text.encode())
 
 
-def cards():
+def cards(names, note):
     head = ";CHARSET=UTF-8;ENCODING=QUOTED-PRINTABLE:"
     return "".join(
         f"BEGIN:VCARD\r\nVERSION:2.1\r\nFN{head}{encoded(name)}\r\nTEL;CELL:00138{i}\r\n"
-        f"NOTE{head}{encoded(NOTE)}\r\nEND:VCARD\r\n"
-        for i, name in enumerate(NAMES)
+        f"NOTE{head}{encoded(note)}\r\nEND:VCARD\r\n"
+        for i, name in enumerate(names)
     ).encode()
 
 
 @unittest.skipIf(openpyxl is None, "python3-openpyxl is not installed")
 class Sheets(unittest.TestCase):
     def test_a_sheet_is_read_by_others(self):
-        book = openpyxl.load_workbook(io.BytesIO(run("vcard-to-table", "--to", "xlsx", data=cards())))
+        book = openpyxl.load_workbook(io.BytesIO(run("vcard-to-table", "--to", "xlsx", data=cards(NAMES, NOTE))))
         sheet = book.active
         rows = list(sheet.iter_rows(values_only=True))
         self.assertEqual(rows[0][:3], ("姓名", "手机", "住宅电话"))
@@ -71,11 +71,12 @@ class Sheets(unittest.TestCase):
 @unittest.skipIf(vobject is None, "python3-vobject is not installed")
 class Cards(unittest.TestCase):
     def test_cards_are_read_by_others(self):
-        table = run("vcard-to-table", data=cards())
-        read = list(vobject.readComponents(run("table-to-vcard", data=table).decode("ascii")))
-        self.assertEqual([card.fn.value for card in read], NAMES)
+        names = ["张三", "欧阳" * 3, "𠮷野家"]
+        table = run("vcard-to-table", data=cards(names, "a\nb"))
+        read = list(vobject.readComponents(run("table-to-vcard", data=table).decode("ascii"), allowQP=True))
+        self.assertEqual([card.fn.value for card in read], names)
         self.assertEqual([card.tel.value for card in read], ["001380", "001381", "001382"])
-        self.assertEqual(read[0].note.value.replace("\r\n", "\n"), NOTE)
+        self.assertEqual(read[0].note.value.replace("\r\n", "\n"), "a\nb")
 
 
 if __name__ == "__main__":
