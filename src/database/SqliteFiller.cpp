@@ -133,8 +133,8 @@ void SqliteFiller::Bind(int index, const DatabaseRow& row) {
     code = sqlite3_bind_blob64(statement, index + 1, blob_.data(), blob_.size(), SQLITE_TRANSIENT);
   } else {
     const std::size_t begin = i == 0 ? 0 : ends_[i - 1];
-    code =
-        sqlite3_bind_text64(statement, index + 1, bytes_.data() + begin, ends_[i] - begin, SQLITE_STATIC, SQLITE_UTF8);
+    const std::string_view field = std::string_view(bytes_).substr(begin, ends_[i] - begin);
+    code = BindField(statement, index + 1, field, order_.columns[i].type.kind);
   }
   if (code != SQLITE_OK) {
     throw SqliteFailure(connection_);
