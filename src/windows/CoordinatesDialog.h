@@ -23,11 +23,11 @@ enum class CoordinateBase { kWindow, kFirst, kPrevious, kPoint };
 
 // What the controls hold.
 struct CoordinatesForm {
-  std::optional<ScriptDialect> dialect;  // CboDialect; none: told by the commands
+  std::optional<ScriptDialect> dialect = {};  // CboDialect; none: told by the commands
   CoordinateBase base = CoordinateBase::kWindow;
-  std::u16string caption;  // CboCaption
-  std::u16string x;        // TxtOriginX
-  std::u16string y;        // TxtOriginY
+  std::u16string caption = {};  // CboCaption
+  std::u16string x = {};        // TxtOriginX
+  std::u16string y = {};        // TxtOriginY
 };
 
 class CoordinatesView : public Interface {
