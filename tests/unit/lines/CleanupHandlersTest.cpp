@@ -50,16 +50,16 @@ class ScriptedDelLines final : public LineDialogs, public DelLinesView {
   std::u16string end_;
 };
 
-void Run(std::string_view command, Workbench& workbench, LineDialogs& dialogs) {
+void RunCommand(std::string_view command, Workbench& workbench, LineDialogs& dialogs) {
   CommandTable table;
   AddCaretCommands(table);
   AddCleanupCommands(table, dialogs);
   EXPECT_TRUE(table.Run(command, workbench));
 }
 
-void Run(std::string_view command, Workbench& workbench) {
+void RunCommand(std::string_view command, Workbench& workbench) {
   ScriptedDelLines noWindow({}, {});
-  Run(command, workbench, noWindow);
+  RunCommand(command, workbench, noWindow);
 }
 
 TEST(CleanupHandlers, ChangeTheDocumentOrTheSelection) {
@@ -84,7 +84,7 @@ TEST(CleanupHandlers, ChangeTheDocumentOrTheSelection) {
   for (const Case& c : cases) {
     ScriptedWorkbench workbench;
     OpenMarked(workbench.editor(), c.document);
-    Run(c.command, workbench);
+    RunCommand(c.command, workbench);
     EXPECT_EQ(workbench.editor().Text(), c.expected);
     EXPECT_EQ(workbench.editor().changes, 1);
     EXPECT_EQ(workbench.worksAlive, 0);
@@ -94,13 +94,13 @@ TEST(CleanupHandlers, ChangeTheDocumentOrTheSelection) {
 TEST(CleanupHandlers, LeaveTheirFilesBehind) {
   ScriptedWorkbench workbench;
   workbench.editor().Open(u"一 \r\n\r\nb");
-  Run("mnuDelEmptyLine", workbench);
+  RunCommand("mnuDelEmptyLine", workbench);
   EXPECT_EQ(workbench.WorkFile("FileAutoSave.txt"), "\xD2\xBB \r\n\r\nb\r\n");
   EXPECT_EQ(workbench.WorkFile("DelEmptyLineOk.txt"), "\xD2\xBB \r\nb\r\n");
-  Run("mnuTrimLine", workbench);
+  RunCommand("mnuTrimLine", workbench);
   EXPECT_EQ(workbench.WorkFile("TrimLines.TXT"), "\xD2\xBB\r\nb\r\n");
   workbench.editor().SetSelection({{0}, 1});
-  Run("mnuAddTAB", workbench);
+  RunCommand("mnuAddTAB", workbench);
   EXPECT_EQ(workbench.WorkFile("FileAutoSave.txt"), "\xD2\xBB");
   EXPECT_EQ(workbench.WorkFile("AddTabOK.txt"), "\xD2\xBB\r\n");
 }
@@ -110,7 +110,7 @@ TEST(CleanupHandlers, PadTabsSaysHowMany) {
        {std::pair(u"\t\t\t\r\na", u"各行TAB符均已经加足至3个"), std::pair(u"a\r\nb", u"各行TAB符均已经加足至0个")}) {
     ScriptedWorkbench workbench;
     workbench.editor().Open(document);
-    Run("mnuAddTAB", workbench);
+    RunCommand("mnuAddTAB", workbench);
     ASSERT_EQ(workbench.prompts().messages.size(), 1U);
     EXPECT_EQ(workbench.prompts().messages[0].text, message);
     EXPECT_EQ(workbench.prompts().messages[0].title, u"提示");
@@ -121,7 +121,7 @@ TEST(CleanupHandlers, AnInterruptLeavesTheDocument) {
   ScriptedWorkbench workbench;
   workbench.editor().Open(u" a ");
   workbench.interruptAfter = 1;
-  Run("mnuTrimLine", workbench);
+  RunCommand("mnuTrimLine", workbench);
   EXPECT_EQ(workbench.editor().Text(), u" a ");
   EXPECT_EQ(workbench.editor().changes, 0);
 }
@@ -148,7 +148,7 @@ TEST(DelLinesDialog, DeletesTheRange) {
     ScriptedWorkbench workbench;
     OpenMarked(workbench.editor(), c.document);
     ScriptedDelLines window(c.start, c.end);
-    Run("mnuDelLineFromXtoY", workbench, window);
+    RunCommand("mnuDelLineFromXtoY", workbench, window);
     EXPECT_EQ(workbench.editor().Text(), c.expected);
     EXPECT_TRUE(window.closed);
   }
@@ -161,7 +161,7 @@ TEST(DelLinesDialog, OffersToExchangeTheNumbers) {
     workbench.editor().Open(u"a\r\nb\r\nc\r\nd");
     workbench.prompts().Will(answer);
     ScriptedDelLines window(u"3.7", u"2");
-    Run("mnuDelLineFromXtoY", workbench, window);
+    RunCommand("mnuDelLineFromXtoY", workbench, window);
     EXPECT_EQ(workbench.prompts().messages.at(0).text, u"后数<前数，是否交换！");
     EXPECT_EQ(workbench.prompts().messages.at(0).buttons, Buttons::kYesNo);
     EXPECT_EQ(workbench.editor().Text(), expected);
@@ -175,7 +175,7 @@ TEST(DelLinesDialog, ClosedWithoutItsButtonChangesNothing) {
   workbench.editor().Open(u"a\r\nb");
   ScriptedDelLines window(u"1", u"2");
   window.presses = false;
-  Run("mnuDelLineFromXtoY", workbench, window);
+  RunCommand("mnuDelLineFromXtoY", workbench, window);
   EXPECT_EQ(workbench.editor().changes, 0);
   EXPECT_EQ(workbench.WorkFile("FileAutoSave.txt"), "a\r\nb\r\n");
 }
@@ -188,7 +188,7 @@ TEST(DelLinesDialog, NeverSeesTheTextOfAnotherInstance) {
     FileSink other(workbench.folders().temporary / "FileAutoSave.txt");
     other.Write("x\r\ny\r\n");
   };
-  Run("mnuDelLineFromXtoY", workbench, window);
+  RunCommand("mnuDelLineFromXtoY", workbench, window);
   EXPECT_EQ(workbench.editor().Text(), u"b");
   EXPECT_EQ(workbench.WorkFile("FileAutoSave.txt"), "a\r\nb\r\n");
 }
@@ -210,7 +210,7 @@ TEST(CaretHandlers, GotoLineMovesTheCaret) {
     ScriptedWorkbench workbench;
     OpenMarked(workbench.editor(), u"[a]\r\n\r\nb");
     workbench.prompts().Will(c.answer);
-    Run("mnuGotoLine", workbench);
+    RunCommand("mnuGotoLine", workbench);
     EXPECT_EQ(workbench.prompts().inputs.at(0).prompt, u"指定要定位的行：");
     if (c.caret) {
       EXPECT_EQ(workbench.editor().Selection(), (TextRange{{*c.caret}, 0}));
@@ -227,7 +227,7 @@ TEST(CaretHandlers, GotoLineCanBeCancelled) {
   ScriptedWorkbench workbench;
   workbench.editor().Open(u"a\r\nb", {{4}, 0});
   workbench.prompts().Will(std::u16string());
-  Run("mnuGotoLine", workbench);
+  RunCommand("mnuGotoLine", workbench);
   EXPECT_EQ(workbench.editor().Selection(), (TextRange{{4}, 0}));
   EXPECT_TRUE(workbench.prompts().messages.empty());
 }
@@ -249,7 +249,7 @@ TEST(CaretHandlers, CopyAboveCharTypesWhatStandsAbove) {
   for (const Case& c : cases) {
     ScriptedWorkbench workbench;
     OpenMarked(workbench.editor(), c.document);
-    Run("mnuCopyAboveChar", workbench);
+    RunCommand("mnuCopyAboveChar", workbench);
     EXPECT_EQ(workbench.editor().Text(), c.expected);
     EXPECT_EQ(workbench.editor().changes, c.document.size() - 2 == c.expected.size() ? 0 : 1);
   }

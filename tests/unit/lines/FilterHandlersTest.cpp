@@ -17,7 +17,7 @@ class NoDialogs final : public LineDialogs {
   void ShowSort(Workbench&) override {}
 };
 
-void Run(std::string_view command, Workbench& workbench) {
+void RunCommand(std::string_view command, Workbench& workbench) {
   NoDialogs dialogs;
   CommandTable table;
   AddFilterCommands(table);
@@ -31,7 +31,7 @@ TEST(FilterHandlers, FilterByKeyword) {
   workbench.settings().Save(u"NeedWordS$", u"old", Store::kRegistry, kFormSection);
   workbench.prompts().Will(u"ab"s);
   workbench.prompts().Will(Answer::kNo);
-  Run("mnuFilterNeedLine", workbench);
+  RunCommand("mnuFilterNeedLine", workbench);
   EXPECT_EQ(workbench.editor().Text(),
             u"以下行 含有 关键字：ab\r\nxab\r\nab\r\n\r\n========================\r\n"
             u"以下行 不含有 关键字：ab\r\nAB\r\n");
@@ -54,7 +54,7 @@ TEST(FilterHandlers, FilterASelectionByPattern) {
   workbench.editor().Open(u"1a1b22\r\nc33", {{1}, 8});
   workbench.prompts().Will(u"\\d+"s);
   workbench.prompts().Will(Answer::kYes);
-  Run("mnuFilterNeedLine", workbench);
+  RunCommand("mnuFilterNeedLine", workbench);
   EXPECT_EQ(workbench.editor().Text(),
             u"1以下行 含有 关键字：\\d+\r\n1\r\n22\r\n\r\n=========================\r\n"
             u"以下行 不含有 关键字：\\d+\r\n\r\nc33");
@@ -77,7 +77,7 @@ TEST(FilterHandlers, CancelLeavesEverythingAlone) {
     for (const auto& answer : script) {
       workbench.prompts().Will(answer);
     }
-    Run(command, workbench);
+    RunCommand(command, workbench);
     EXPECT_EQ(workbench.editor().changes, 0);
     EXPECT_TRUE(std::filesystem::is_empty(workbench.folders().temporary));
   }
@@ -106,7 +106,7 @@ TEST(FilterHandlers, FilterRepeats) {
     for (const auto& answer : c.answers) {
       workbench.prompts().Will(answer);
     }
-    Run("mnuFilterRepeatLine", workbench);
+    RunCommand("mnuFilterRepeatLine", workbench);
     EXPECT_EQ(workbench.editor().Text(), c.expected);
   }
 }
@@ -116,7 +116,7 @@ TEST(FilterHandlers, FilterRepeatsAsksInItsWords) {
   workbench.prompts().Will(Answer::kYes);
   workbench.prompts().Will(u"a"s);
   workbench.prompts().Will(Answer::kYes);
-  Run("mnuFilterRepeatLine", workbench);
+  RunCommand("mnuFilterRepeatLine", workbench);
   const std::vector<Message>& messages = workbench.prompts().messages;
   EXPECT_EQ(messages.at(0).text, u"是否用正则方式过滤，选【是】，则每行用正则表达式提取，提取串相同即认为是重复行");
   EXPECT_EQ(messages.at(0).defaultAnswer, Answer::kNo);
@@ -133,7 +133,7 @@ TEST(FilterHandlers, FilterConsecutiveRepeats) {
     ScriptedWorkbench workbench;
     workbench.editor().Open(u"a\r\na\r\nb\r\na");
     workbench.prompts().Will(answer);
-    Run("mnuFilterContinueRepeatLine", workbench);
+    RunCommand("mnuFilterContinueRepeatLine", workbench);
     EXPECT_EQ(workbench.editor().Text(), expected);
   }
 }
@@ -141,7 +141,7 @@ TEST(FilterHandlers, FilterConsecutiveRepeats) {
 TEST(OrderHandlers, ShuffleKeepsAPartialLastLine) {
   ScriptedWorkbench workbench;
   workbench.editor().Open(u"a\r\nbc", {{0}, 4});
-  Run("mnuRandOrder", workbench);
+  RunCommand("mnuRandOrder", workbench);
   const std::u16string text = workbench.editor().Text();
   EXPECT_TRUE(text == u"a\r\nbc" || text == u"b\r\nac") << workbench.WorkFile("DisplayLike.txt");
 }
@@ -161,7 +161,7 @@ TEST(OrderHandlers, StatisticsReportsAndChangesNothing) {
     ScriptedWorkbench workbench;
     workbench.editor().wrapWidth = 3;
     workbench.editor().Open(c.text, c.selection);
-    Run("mnuStatistics", workbench);
+    RunCommand("mnuStatistics", workbench);
     EXPECT_EQ(workbench.prompts().messages.at(0).text, c.report);
     EXPECT_EQ(workbench.prompts().messages.at(0).title, u"统计字符数");
     EXPECT_EQ(workbench.editor().changes, 0);
@@ -237,7 +237,9 @@ TEST(LineHandlers, LeaveTheDocumentWhereverTheyAreInterrupted) {
     dialog.Capture(view);
     dialog.Sort(view);
   };
-  const auto command = [](std::string_view name) { return [name](Workbench& workbench) { Run(name, workbench); }; };
+  const auto command = [](std::string_view name) {
+    return [name](Workbench& workbench) { RunCommand(name, workbench); };
+  };
   const std::pair<std::function<void(Workbench&)>, Script> cases[] = {
       {command("mnuFilterNeedLine"), {u"a"s, Answer::kNo}},
       {command("mnuFilterNeedLine"), {u"a"s, Answer::kYes}},

@@ -576,7 +576,7 @@ class NoDialogs final : public SearchDialogs {
   void ShowRegularTest(Workbench&) override {}
 };
 
-void Run(std::string_view command, Workbench& workbench) {
+void RunCommand(std::string_view command, Workbench& workbench) {
   NoDialogs dialogs;
   CommandTable table;
   RegisterSearchCommands(table, dialogs);
@@ -587,13 +587,13 @@ TEST(SearchCommands, ExtractsAndReplacesByPattern) {
   ScriptedWorkbench workbench;
   workbench.editor().Open(u"a1\r\nb22");
   workbench.prompts().Will(std::u16string(u"\\d+"));
-  Run("mnuRegGet", workbench);
+  RunCommand("mnuRegGet", workbench);
   EXPECT_EQ(workbench.editor().Text(), u"1\r\n22");
   EXPECT_EQ(workbench.prompts().inputs[0].prompt, u"输入要寻找的字串（正则表达式）");
   EXPECT_EQ(workbench.WorkFile("FileAutoSave.txt"), "1\r\n22\r\n");
   workbench.prompts().Will(std::u16string(u"^(\\d)"));
   workbench.prompts().Will(std::u16string(u"<\\1>"));
-  Run("mnuRegReplace", workbench);
+  RunCommand("mnuRegReplace", workbench);
   EXPECT_EQ(workbench.prompts().inputs[1].preset, u"\\d+");
   EXPECT_EQ(workbench.prompts().inputs[2].prompt, u"替换为（取正则表达式中相应括号中的部分用：\\1\\2\\3...）：");
   EXPECT_EQ(workbench.editor().Text(), u"<1>\r\n<2>2");
@@ -603,12 +603,12 @@ TEST(SearchCommands, ASelectionOfWholeLinesKeepsItsLastLineBreak) {
   ScriptedWorkbench workbench;
   workbench.editor().Open(u"a1\r\nb2\r\nc3", {{0}, 8});
   workbench.prompts().Will(std::u16string(u"\\d"));
-  Run("mnuRegGet", workbench);
+  RunCommand("mnuRegGet", workbench);
   EXPECT_EQ(workbench.editor().Text(), u"1\r\n2\r\nc3");
   workbench.editor().SetSelection({{0}, 6});
   workbench.prompts().Will(std::u16string(u"\\d"));
   workbench.prompts().Will(std::u16string(u"x"));
-  Run("mnuRegReplace", workbench);
+  RunCommand("mnuRegReplace", workbench);
   EXPECT_EQ(workbench.editor().Text(), u"x\r\nx\r\nc3");
 }
 
@@ -616,7 +616,7 @@ TEST(SearchCommands, OpensTheFileOfTheLine) {
   ScriptedWorkbench workbench;
   workbench.editor().Open(u"x\r\n``C:\\a b.txt\r\n", {{5}, 0});
   workbench.prompts().Will(Answer::kYes);
-  Run("mnuGoToThis", workbench);
+  RunCommand("mnuGoToThis", workbench);
   EXPECT_EQ(workbench.editor().SelectedText(), u"``C:\\a b.txt");
   ASSERT_EQ(workbench.desktop().systemRuns.size(), 1U);
   EXPECT_EQ(workbench.desktop().systemRuns[0].second, u"C:\\a b.txt");
