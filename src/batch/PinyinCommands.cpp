@@ -2,7 +2,7 @@
 
 #include <CLI/CLI.hpp>
 
-#include "batch/AddChoice.h"
+#include "batch/Choice.h"
 #include "batch/BatchCommand.h"
 #include "tables/PinyinInitials.h"
 

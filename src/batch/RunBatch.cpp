@@ -31,7 +31,7 @@ struct ConfiguredCommand {
   bool takesInput = true;
 };
 
-                    }) {
+void AddCommonOptions(CLI::App& parser, CommonOptions& options) {
   parser.add_option("-o,--output", options.output, "File to write, may be the input; none: standard output")
       ->type_name("OUTPUT");
   AddChoice(parser, "--encoding", options.encoding, {{"gbk", Encoding::kGbk}, {"utf-8", Encoding::kUtf8}},
@@ -137,7 +137,13 @@ ExitStatus RunCommand(const ConfiguredCommand& command, const BatchStreams& stre
       return files.emplace_back(path);
     };
     ByteSink& output = options.output.empty() ? toStandardOutput : openOutput(PathFromUtf8(options.output));
-                    }) {
+    BatchContext context{.input = *input,
+                         .output = output,
+                         .encoding = options.encoding,
+                         .progress = progress,
+                         .openFurtherOutput = openOutput,
+                         .outputFiles = files.empty() ? std::vector<std::filesystem::path>() : files.front().Files(),
+                         .complain = [&streams](const std::string& reason) { Complain(reason, streams); }};
     status = command.work(context);
   }
   for (OutputFile& file : files) {
