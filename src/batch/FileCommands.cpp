@@ -7,6 +7,7 @@
 #include "batch/Places.h"
 #include "search/FileReport.h"
 #include "search/FileSearch.h"
+#include "text/LineWriter.h"
 #include "tables/DownloadLinks.h"
 #include "tables/FileMerge.h"
 #include "text/LineWriter.h"

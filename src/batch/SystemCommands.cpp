@@ -8,6 +8,7 @@
 #include "batch/Places.h"
 #include "system/FileTimesChange.h"
 #include "text/AtomicFile.h"
+#include "text/ExplainedError.h"
 #include "text/LineWriter.h"
 #include "text/PlatformFile.h"
 
