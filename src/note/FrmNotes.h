@@ -11,7 +11,7 @@
 
 namespace scrivanta {
 
-class FrmNotes final : public Subsystem, private NoteDesk {
+class FrmNotes final : public Subsystem, public NoteDesk {
  public:
   explicit FrmNotes(WindowHost& windows) : windows_(windows) {}
   FrmNotes(const FrmNotes&) = delete;
