@@ -13,7 +13,7 @@ std::string Argument(const std::filesystem::path& path) {
   return Encode(Encoding::kUtf8, TextOfPath(path));
 }
 
-BatchResult Run(std::vector<std::string> arguments) {
+BatchResult RunFileTimes(std::vector<std::string> arguments) {
   arguments.insert(arguments.begin(), {"file-times", "--encoding", "utf-8"});
   return RunBatchOn("", arguments);
 }
@@ -24,24 +24,24 @@ TEST(FileTimesCommand, ChangesAndTakesBack) {
   const std::string file = Argument(folder.Put("IMG_20200102.jpg", ""));
   const std::string below = Argument(folder.Put("下/b.txt", ""));
   const std::string undo = Argument(folder.path() / "undo.txt");
-  ASSERT_EQ(Run({file, below, "--modified", "2000-01-02 03:04:05"}).status, 0);
+  ASSERT_EQ(RunFileTimes({file, below, "--modified", "2000-01-02 03:04:05"}).status, 0);
 
   const std::string line = "2000-01-02 03:04:05\t2000-01-03 04:04:05\t";
-  const BatchResult listed = Run({"--shift", "+1d1h", "--dry-run", "--modified", file});
+  const BatchResult listed = RunFileTimes({"--shift", "+1d1h", "--dry-run", "--modified", file});
   EXPECT_EQ(listed.output, line + file + "\r\n") << listed.errors;
   const BatchResult shifted =
-      Run({Argument(folder.path()), "--recursive", "--modified", "--shift", "+1d1h", "--undo", undo});
+      RunFileTimes({Argument(folder.path()), "--recursive", "--modified", "--shift", "+1d1h", "--undo", undo});
   EXPECT_EQ(shifted.output, line + file + "\r\n" + line + below + "\r\n") << shifted.errors;
-  const BatchResult back = Run({"--undo", undo});
+  const BatchResult back = RunFileTimes({"--undo", undo});
   EXPECT_EQ(back.output, "2000-01-03 04:04:05\t2000-01-02 03:04:05\t" + file + "\r\n" +
                              "2000-01-03 04:04:05\t2000-01-02 03:04:05\t" + below + "\r\n");
 
   // Only the date, from the name; what has none is told and the rest done.
-  const BatchResult named = Run({file, below, "--modified", "--from-name", "YYYYMMDD"});
+  const BatchResult named = RunFileTimes({file, below, "--modified", "--from-name", "YYYYMMDD"});
   EXPECT_EQ(named.status, 3);
   EXPECT_EQ(named.output, "2000-01-02 03:04:05\t2020-01-02 03:04:05\t" + file + "\r\n");
   EXPECT_EQ(named.errors, "scrivanta-batch: " + below + ": the name holds no date of this pattern\n");
-  const BatchResult two = Run({file, "--accessed", "modified", "--modified", "00:00:00", "--dry-run"});
+  const BatchResult two = RunFileTimes({file, "--accessed", "modified", "--modified", "00:00:00", "--dry-run"});
   EXPECT_NE(two.output.find("\t2020-01-02 00:00:00,2020-01-02 03:04:05\t"), std::string::npos) << two.output;
 }
 
@@ -57,10 +57,10 @@ TEST(FileTimesCommand, RefusesBeforeItChanges) {
                                                {file, "--undo", file},
                                                {file, "--modified", "2020-01-01", "--wrong"}};
   for (const auto& arguments : unusable) {
-    EXPECT_EQ(Run(arguments).status, 2) << arguments.back();
+    EXPECT_EQ(RunFileTimes(arguments).status, 2) << arguments.back();
   }
-  EXPECT_EQ(Run({file + "x", "--modified", "2020-01-01"}).status, 3);
-  EXPECT_EQ(Run({"--undo", file}).status, 3);
+  EXPECT_EQ(RunFileTimes({file + "x", "--modified", "2020-01-01"}).status, 3);
+  EXPECT_EQ(RunFileTimes({"--undo", file}).status, 3);
 }
 
 TEST(RelativeCoordinatesCommand, TakesFamilyAndOrigin) {
