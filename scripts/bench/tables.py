@@ -49,7 +49,7 @@ def growth():
     print("\n| ten times the records | CPU | ten times | times | memory | ten times |\n|---|---|---|---|---|---|")
     for command, small, large in (
             ("to-fixed-width {}", "table.txt", "tenfold.txt"),
-            ("from-fixed-width --widths 9,12,12,99 {}", "table.txt", "tenfold.txt"),
+            ("from-fixed-width --widths 9,12,12,99 --width-unit characters --delimiter comma {}", "table.txt", "tenfold.txt"),
             ("split-columns --delimiter tab {}", "table.txt", "tenfold.txt"),
             ("columns --count 3 --lines 50 {}", "table.txt", "tenfold.txt"),
             ("join --key 1 {} second.txt", "table.txt", "tenfold.txt"),
