@@ -116,6 +116,8 @@ TEST(TableCommands, ColumnsAndBack) {
       {{"--count", "2", "--width", "4", "--gap", "1"},
        "\xB0\xA1\r\nb\r\n\xB0\xA1\xB0\xA1\r\n",
        "\xB0\xA1   \xB0\xA1\xB0\xA1\r\nb\r\n"},
+      // Neither what fills nor what the line brings along ends a line in blanks.
+      {{"--count", "2", "--gap", "1"}, "a\r\nb \r\n\r\n", "a\r\nb\r\n", false},
       // Wrapped between characters.
       {{"--count", "2", "--width", "3", "--gap", "1"},
        "\xB0\xA1\xB0\xA1"
