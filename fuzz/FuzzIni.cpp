@@ -4,9 +4,9 @@
 #include <gtest/gtest.h>
 
 #include "fuzz/RunFuzz.h"
-#include "text/IniText.h"
 #include "support/DifferentPart.h"
 #include "text/DocumentFormat.h"
+#include "text/IniText.h"
 
 namespace scrivanta {
 namespace {

@@ -89,7 +89,12 @@ fi
 
 if [ ! -e "$prefix/lib/libxlsxwriter.a" ]; then
   echo 'building libxlsxwriter for Windows'
-  build_for_windows libxlsxwriter "$(fetch_source libxlsxwriter)" -DZLIB_LIBRARY=/usr/x86_64-w64-mingw32/lib/libz.a
+  source_folder=$(fetch_source libxlsxwriter)
+  # It takes the wide functions of Windows for its files with the other compiler only: with this one it would know no
+  # Chinese names.
+  sed -i '/#ifdef __MINGW32__/,/#endif/d' "$source_folder/src/packager.c"
+  sed -i '/if(MSVC)$/{N;/iowin32/s/MSVC/WIN32/}' "$source_folder/CMakeLists.txt"
+  build_for_windows libxlsxwriter "$source_folder" -DZLIB_LIBRARY=/usr/x86_64-w64-mingw32/lib/libz.a
 fi
 
 if [ ! -e "$prefix/lib/libminizip.a" ]; then

@@ -15,8 +15,8 @@
 
 #include "search/FrmFindControls.h"
 #include "text/LiteralFinder.h"
-#include "win/RichEdit.h"
 #include "text/win/WideText.h"
+#include "win/RichEdit.h"
 #include "window/driver/App.h"
 #include "window/driver/FirstRun.h"
 #include "window/driver/Wait.h"

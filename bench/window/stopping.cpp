@@ -15,8 +15,8 @@
 
 #include "lines/FrmDelLineFromXtoYControls.h"
 #include "search/FrmFindControls.h"
-#include "win/InputBoxControls.h"
 #include "text/win/WideText.h"
+#include "win/InputBoxControls.h"
 #include "window/driver/App.h"
 #include "window/driver/FirstRun.h"
 #include "window/driver/Keyboard.h"

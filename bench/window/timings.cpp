@@ -21,9 +21,9 @@
 #include <psapi.h>
 
 #include "ScrivantaApp.h"
+#include "shell/history/TextMirror.h"
 #include "shell/window/FrmMainControls.h"
 #include "shell/window/MenuTree.h"
-#include "shell/history/TextMirror.h"
 #include "text/DocumentFormat.h"
 #include "text/Progress.h"
 #include "win/Handles.h"

@@ -7,7 +7,6 @@
 #include "batch/Places.h"
 #include "search/FileReport.h"
 #include "search/FileSearch.h"
-#include "text/LineWriter.h"
 #include "tables/DownloadLinks.h"
 #include "tables/FileMerge.h"
 #include "text/LineWriter.h"
@@ -36,8 +35,8 @@ BatchWork ConfigureFindInFiles(CLI::App& parser) {
     if (state.findText.empty()) {
       throw UnusableArguments("--find must not be empty");
     }
-    const FileSearchResult result =
-        SearchFiles(ExistingPlacesOf(parser, "FOLDER"), FileFilter(u"*.*"), state, BuiltInRegExpEngine(), context.progress);
+    const FileSearchResult result = SearchFiles(ExistingPlacesOf(parser, "FOLDER"), FileFilter(u"*.*"), state,
+                                                BuiltInRegExpEngine(), context.progress);
     context.output.Write(Encode(context.encoding, ReportOf(result, state.findText)));
     return result.have.empty() ? ExitStatus::kNothingFound : ExitStatus::kDone;
   };

@@ -2,8 +2,8 @@
 
 #include <CLI/CLI.hpp>
 
-#include "batch/Choice.h"
 #include "batch/BatchCommand.h"
+#include "batch/Choice.h"
 #include "tables/PinyinInitials.h"
 
 namespace scrivanta {

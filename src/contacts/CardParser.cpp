@@ -68,7 +68,8 @@ void CardParser::TakeLine(std::string_view line, std::uint64_t number) {
     return;
   }
   FinishProperty();
-  if (!WithoutBlanksAround(line).empty()) {
+  line.remove_prefix(std::min(line.find_first_not_of(" \t"), line.size()));  // it continues nothing
+  if (!line.empty()) {
     Begin(line, number);
   }
 }

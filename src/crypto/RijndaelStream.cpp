@@ -30,7 +30,7 @@ bool IsCiphertextSize(std::uint64_t size) noexcept {
 }
 
 void EncryptStream(const RijndaelKey& key, const RijndaelForm& form, ByteSource& source, ByteSink& sink,
-                    Progress& progress) {
+                   Progress& progress) {
   const Chunk memory = MakeChunk(source);
   const std::span<char> chunk = memory.bytes();
   const auto encryptAndWrite = [&](std::size_t size) {
@@ -56,7 +56,7 @@ void EncryptStream(const RijndaelKey& key, const RijndaelForm& form, ByteSource&
 }
 
 DecryptOutcome DecryptStream(const RijndaelKey& key, const RijndaelForm& form, ByteSource& source, ByteSink& sink,
-                               Progress& progress) {
+                             Progress& progress) {
   if (source.Size() && !IsCiphertextSize(*source.Size())) {
     return DecryptOutcome::kWrongSize;
   }

@@ -11,7 +11,7 @@ namespace scrivanta {
 
 // Throws FileError, Interrupted.
 void EncryptStream(const RijndaelKey& key, const RijndaelForm& form, ByteSource& source, ByteSink& sink,
-                    Progress& progress);
+                   Progress& progress);
 
 enum class DecryptOutcome {
   kDone,
@@ -22,7 +22,7 @@ enum class DecryptOutcome {
 // A wrong size is found before anything is written where the source knows its size, else at its end. Throws FileError,
 // Interrupted.
 DecryptOutcome DecryptStream(const RijndaelKey& key, const RijndaelForm& form, ByteSource& source, ByteSink& sink,
-                               Progress& progress);
+                             Progress& progress);
 
 bool IsCiphertextSize(std::uint64_t size) noexcept;
 

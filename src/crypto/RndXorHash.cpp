@@ -78,7 +78,7 @@ void RndXorHash::KeySize(std::int16_t value) {
 }
 
 std::u16string RndXorHash::Encrypt(std::u16string_view plaintext, std::u16string_view password,
-                                    std::chrono::local_time<std::chrono::milliseconds> now) {
+                                   std::chrono::local_time<std::chrono::milliseconds> now) {
   const std::u16string saltText = DateText(now) + TimeText(now);
   std::u16string units = EncryptWithSalt(plaintext, password, saltText);
   for (int counter = 1; DecryptUnits(units, password).check != RndXorHashCheck::kPassed; ++counter) {
@@ -129,7 +129,7 @@ std::u16string RndXorHash::Hash(std::u16string_view text) {
 }
 
 std::u16string RndXorHash::EncryptWithSalt(std::u16string_view plaintext, std::u16string_view password,
-                                            std::u16string_view saltText) {
+                                           std::u16string_view saltText) {
   std::u16string units = Hash(saltText);
   units += Hash(units + std::u16string(password));
   units += Hash(plaintext);

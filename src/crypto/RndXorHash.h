@@ -40,7 +40,7 @@ class RndXorHash {
   // at another time makes another ciphertext. Throws CipherError when no salt makes a ciphertext that passes its own
   // check.
   std::u16string Encrypt(std::u16string_view plaintext, std::u16string_view password,
-                          std::chrono::local_time<std::chrono::milliseconds> now);
+                         std::chrono::local_time<std::chrono::milliseconds> now);
   RndXorHashResult Decrypt(std::u16string_view ciphertext, std::u16string_view password);
 
  private:
@@ -48,7 +48,7 @@ class RndXorHash {
   std::u16string Stream(std::u16string_view text);
   std::u16string Hash(std::u16string_view text);
   std::u16string EncryptWithSalt(std::u16string_view plaintext, std::u16string_view password,
-                                  std::u16string_view saltText);
+                                 std::u16string_view saltText);
   RndXorHashResult DecryptUnits(std::u16string_view units, std::u16string_view password);
 
   std::int16_t keySize_ = kDefaultKeySize;

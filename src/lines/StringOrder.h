@@ -6,9 +6,9 @@
 #include <string_view>
 #include <vector>
 
-#include "lines/duplicates/KeyedLine.h"
 #include "lines/LineStore.h"
 #include "lines/PacedProgress.h"
+#include "lines/duplicates/KeyedLine.h"
 #include "text/Encoding.h"
 
 namespace scrivanta {

@@ -13,8 +13,8 @@
 #include "printing/PageAreas.h"
 #include "printing/TextPages.h"
 #include "shell/workbench/FontLine.h"
-#include "win/Handles.h"
 #include "text/Interface.h"
+#include "win/Handles.h"
 
 namespace scrivanta {
 

@@ -96,8 +96,7 @@ std::optional<PrintOrder> FrmPrintDialogs::AskForOrder(const PageSetup& setup, b
     return std::nullopt;
   }
   const bool pagesOnly = (dialog.Flags & PD_PAGENUMS) != 0;
-  return PrintOrder{.job = std::make_unique<FrmPrintJob>(std::move(device), setup.margins, box_.Font(),
-                                                         boxWindow_()),
+  return PrintOrder{.job = std::make_unique<FrmPrintJob>(std::move(device), setup.margins, box_.Font(), boxWindow_()),
                     .selectionOnly = (dialog.Flags & PD_SELECTION) != 0,
                     .firstPage = pagesOnly ? dialog.nFromPage : std::size_t{1},
                     .lastPage = pagesOnly ? dialog.nToPage : std::size_t{0}};

@@ -6,8 +6,8 @@
 #include <string_view>
 #include <vector>
 
-#include "text/Progress.h"
 #include "text/Interface.h"
+#include "text/Progress.h"
 
 namespace scrivanta {
 

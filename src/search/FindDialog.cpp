@@ -415,7 +415,8 @@ void FindDialog::ReportReplacedInFiles(const FileReplaceOutcome& outcome) {
   if (outcome.untouchedFiles > 0) {
     end = u"已中断：还有" + DecimalText(outcome.untouchedFiles) + u"个文件没有替换。";
   }
-  workbench_.prompts().Ask({.text = end + DescribeFailures(u"以下文件没有替换，或没有全部替换：", outcome.leftOver), .systemModal = true});
+  workbench_.prompts().Ask(
+      {.text = end + DescribeFailures(u"以下文件没有替换，或没有全部替换：", outcome.leftOver), .systemModal = true});
 }
 
 void FindDialog::Drop(FindView& view, const std::vector<std::filesystem::path>& paths, bool clear) {

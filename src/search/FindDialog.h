@@ -9,10 +9,10 @@
 
 #include "search/ComboHistory.h"
 #include "search/FileReplace.h"
-#include "text/FileWalk.h"
 #include "search/FindState.h"
 #include "shell/workbench/DialogPlace.h"
 #include "shell/workbench/Workbench.h"
+#include "text/FileWalk.h"
 #include "text/Interface.h"
 
 namespace scrivanta {

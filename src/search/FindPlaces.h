@@ -6,8 +6,8 @@
 #include <vector>
 
 #include "regexp/RegExp.h"
-#include "search/FindState.h"
 #include "rtf/RtfText.h"
+#include "search/FindState.h"
 #include "shell/workbench/Editor.h"
 
 namespace scrivanta {

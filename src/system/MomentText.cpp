@@ -117,7 +117,7 @@ std::optional<PartialMoment> MomentOfParts(const MomentParts& parts) {
       return std::nullopt;
     }
   }
-  return moment == PartialMoment() ? std::nullopt : std::optional(moment);
+  return moment.date || moment.time ? std::optional(moment) : std::nullopt;
 }
 
 std::optional<PartialMoment> ParseMoment(std::u16string_view text) {

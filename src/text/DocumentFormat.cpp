@@ -16,6 +16,10 @@ bool IsUtf16(DocumentEncoding encoding) {
   return encoding == DocumentEncoding::kUtf16Le || encoding == DocumentEncoding::kUtf16Be;
 }
 
+bool IsUtf8(DocumentEncoding encoding) {
+  return encoding == DocumentEncoding::kUtf8 || encoding == DocumentEncoding::kUtf8WithMark;
+}
+
 DocumentEncoding Recognise(std::string_view bytes) {
   EncodingProbe probe;
   probe.Take(bytes);
@@ -169,7 +173,7 @@ std::string EncodeDocument(std::u16string_view text, const DocumentFormat& forma
   if (!halfUnit.empty()) {
     bytes += static_cast<char>(halfUnit.front() & 0xFFU);
   }
-  if (format.encoding == DocumentEncoding::kUtf8 && !IsAscii(bytes) && Recognise(bytes) == DocumentEncoding::kGbk) {
+  if (format.encoding == DocumentEncoding::kUtf8 && !IsAscii(bytes) && !IsUtf8(Recognise(bytes))) {
     bytes.insert(0, MarkOf(DocumentEncoding::kUtf8WithMark));
   }
   return bytes;

@@ -23,8 +23,8 @@ class FileFilter {
 };
 
 struct WalkOptions {
-  bool subfolders = true;  // all folders below those that are named
-  bool folders = false;    // each folder itself too, behind what it holds; the filter does not touch it
+  bool subfolders = true;     // all folders below those that are named
+  bool folders = false;       // each folder itself too, behind what it holds; the filter does not touch it
   bool naturalOrder = false;  // of names, see NaturalOrder.h; else by code
 };
 

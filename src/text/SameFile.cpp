@@ -1,10 +1,15 @@
 #include "text/SameFile.h"
 
 #include "text/FileIdentity.h"
+#include "text/PlatformFile.h"
 
 namespace scrivanta {
 
 std::filesystem::path AbsolutePath(const std::filesystem::path& path) {
+  // Names of pipes and devices, and what is to be taken as it stands.
+  if (const std::u16string text = TextOfPath(path); text.starts_with(u"\\\\.\\") || text.starts_with(u"\\\\?\\")) {
+    return path;
+  }
   std::error_code error;
   const std::filesystem::path absolute = std::filesystem::absolute(path, error);
   return error || path.empty() ? path : absolute.lexically_normal();

@@ -1,7 +1,7 @@
 #include "win/InputBox.h"
 
-#include "win/InputBoxControls.h"
 #include "text/win/WideText.h"
+#include "win/InputBoxControls.h"
 
 namespace scrivanta {
 

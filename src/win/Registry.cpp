@@ -4,8 +4,8 @@
 
 #include <system_error>
 
-#include "win/Handles.h"
 #include "text/win/WideText.h"
+#include "win/Handles.h"
 
 namespace scrivanta {
 

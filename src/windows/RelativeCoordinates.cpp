@@ -68,8 +68,14 @@ class CoordinateWork {
     if (options_.dialect == ScriptDialect::kPairs) {
       ConvertPairs();
     } else {
+      std::size_t end = 0;
       for (const CommandInLine& command : lines_.Next(line)) {
-        ConvertCommand(command);
+        if (command.name.start < end) {
+          LeaveNested(command);
+        } else {
+          ConvertCommand(command);
+          end = command.end;
+        }
       }
     }
     std::u16string converted(line);
@@ -142,6 +148,12 @@ class CoordinateWork {
       }
       Moved(command, places.back().point);
     }
+  }
+
+  // A command among the arguments of another: it is carried out before it, and may be more than once.
+  void LeaveNested(const CommandInLine& found) {
+    Leave({found.name.start, found.end - found.name.start});
+    Moved(*found.command, std::nullopt);
   }
 
   void CountFromOrigin(const std::vector<PointPlace>& places) {

@@ -1,6 +1,8 @@
 // Works with the program at random for as many steps as it is told, and says what the process holds meanwhile.
 //
 //   soak STEPS [SEED]
+#include "window/soak/Soak.h"
+
 #include <windows.h>
 
 #include <cstdio>
@@ -9,7 +11,6 @@
 #include <random>
 
 #include "window/driver/FirstRun.h"
-#include "window/soak/Soak.h"
 
 namespace scrivanta {
 namespace {

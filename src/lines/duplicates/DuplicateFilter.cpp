@@ -3,8 +3,8 @@
 #include <string>
 
 #include "lines/duplicates/DuplicateReport.h"
-#include "lines/duplicates/ReportedLines.h"
 #include "lines/duplicates/KeyIndex.h"
+#include "lines/duplicates/ReportedLines.h"
 #include "text/PathParts.h"
 
 namespace scrivanta {

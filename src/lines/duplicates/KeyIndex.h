@@ -14,8 +14,8 @@
 #include <vector>
 
 #include "lines/duplicates/JoinedKeys.h"
-#include "lines/duplicates/WordRunIndex.h"
 #include "lines/duplicates/SeenLines.h"
+#include "lines/duplicates/WordRunIndex.h"
 
 namespace scrivanta {
 
@@ -35,7 +35,7 @@ class KeyIndex {
   JoinedKeys keys_;
   SeenLines lines_;
   std::map<std::size_t, WordRunIndex> indices_;  // by the length of their runs
-  std::vector<std::uint64_t> wordHashes_;    // of the line in question
+  std::vector<std::uint64_t> wordHashes_;        // of the line in question
 };
 
 }  // namespace scrivanta

@@ -30,7 +30,7 @@ std::uint64_t RollingHash::value() const {
 }
 
 std::optional<std::size_t> WordRunIndex::Find(const JoinedKeys& keys, std::string_view line,
-                                          std::span<const std::uint64_t> wordHashes) {
+                                              std::span<const std::uint64_t> wordHashes) {
   CatchUp(keys);
   asked_.clear();
   RollingHash rolling(length_);

@@ -3,10 +3,10 @@
 #include <algorithm>
 #include <utility>
 
-#include "text/DateTimeText.h"
-#include "text/ErrorText.h"
 #include "shell/workbench/NewInstance.h"
 #include "text/Bytes.h"
+#include "text/DateTimeText.h"
+#include "text/ErrorText.h"
 #include "text/ExplainedError.h"
 #include "text/PlatformFile.h"
 

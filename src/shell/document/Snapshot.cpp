@@ -5,9 +5,9 @@
 #include <charconv>
 #include <utility>
 
-#include "text/IniText.h"
 #include "text/DecimalText.h"
 #include "text/Encoding.h"
+#include "text/IniText.h"
 #include "text/Utf16.h"
 
 namespace scrivanta {

@@ -2,10 +2,10 @@
 
 #include <system_error>
 
-#include "text/IniText.h"
 #include "text/AtomicFile.h"
 #include "text/Bytes.h"
 #include "text/DocumentFormat.h"
+#include "text/IniText.h"
 #include "text/InterprocessLock.h"
 #include "text/PlatformFile.h"
 #include "text/TemporaryName.h"

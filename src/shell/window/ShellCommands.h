@@ -1,8 +1,8 @@
 // The commands of the editor itself: documents, clipboard, formats, marks, calculator and help.
 #pragma once
 
-#include "shell/workbench/CommandTable.h"
 #include "shell/window/MainWindow.h"
+#include "shell/workbench/CommandTable.h"
 
 namespace scrivanta {
 

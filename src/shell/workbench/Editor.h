@@ -10,8 +10,8 @@
 #include <string_view>
 
 #include "rtf/RtfByLines.h"
-#include "text/TextPos.h"
 #include "text/Interface.h"
+#include "text/TextPos.h"
 
 namespace scrivanta {
 

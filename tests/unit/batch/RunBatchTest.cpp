@@ -119,8 +119,8 @@ TEST(RunBatch, PutsNoOutputInPlaceWhenOneCannotBeFinished) {
   const std::string have = folder.Put("have", "old").string();
   const std::string haveNot = folder.Put("have-not", "old").string();
   const FileSizeLimit full(1000);
-  const BatchResult result = RunBatchOn(
-      "q\n" + std::string(2000, 'x'), {"filter", "--keyword", "q", "--have", have, "--have-not", haveNot});
+  const BatchResult result =
+      RunBatchOn("q\n" + std::string(2000, 'x'), {"filter", "--keyword", "q", "--have", have, "--have-not", haveNot});
   EXPECT_EQ(result.status, 3);
   EXPECT_EQ(ReadWholeFile(have), "old");
   EXPECT_EQ(ReadWholeFile(haveNot), "old");

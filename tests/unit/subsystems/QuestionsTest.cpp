@@ -1,4 +1,5 @@
 // Every box of the commands, word for word: what people know them by.
+#include <algorithm>
 #include <optional>
 #include <string>
 #include <vector>
@@ -89,8 +90,7 @@ const Case kCases[] = {
      u"a",
      {},
      {Answer::kNo, Answer::kNo, Answer::kCancel},
-     {kByPattern, kHowMany,
-      u"[是]每行只取文件名部分进行比较，[否]整行文本方式比较，[取消]退出[是 否 取消] 否! 疑问"}},
+     {kByPattern, kHowMany, u"[是]每行只取文件名部分进行比较，[否]整行文本方式比较，[取消]退出[是 否 取消] 否! 疑问"}},
     {"mnuFilterContinueRepeatLine", u"a", {}, {Answer::kCancel}, {kHowMany}},
     {"mnuAddTAB", u"\t\t\t\r\na", {}, {}, {u"提示: 各行TAB符均已经加足至3个"}},
     {"mnuGotoLine", u"a", {}, {u"x"s}, {u"出错了！ 错误 置顶"}, {u"指定要定位的行：<>"}},
@@ -173,9 +173,10 @@ TEST(Questions, OfDocumentsAreAskedInTheirWords) {
 
   workbench.prompts().Will(Answer::kCancel);
   document.SaveTo(folder.path() / "new.txt");
-  EXPECT_EQ(last(),
-            u"文档中有 GBK 编码没有的字符。\n“是”：存为 UTF-8 编码\n“否”：存为 GB18030 四字节编码\n“取消”：不存盘[是 否 "
-            u"取消] 疑问");
+  EXPECT_EQ(
+      last(),
+      u"文档中有 GBK 编码没有的字符。\n“是”：存为 UTF-8 编码\n“否”：存为 GB18030 四字节编码\n“取消”：不存盘[是 否 "
+      u"取消] 疑问");
 
   const auto binary = folder.Put("binary.txt", std::string("a\0b\0", 4));
   workbench.prompts().Will(Answer::kNo);

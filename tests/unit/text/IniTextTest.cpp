@@ -6,8 +6,8 @@
 
 #include <gtest/gtest.h>
 
-#include "text/IniText.h"
 #include "support/DifferentPart.h"
+#include "text/IniText.h"
 
 namespace scrivanta {
 namespace {

@@ -3,8 +3,8 @@
 
 #include <optional>
 
-#include "shell/workbench/Prompts.h"
 #include "shell/document/Snapshot.h"
+#include "shell/workbench/Prompts.h"
 
 namespace scrivanta {
 

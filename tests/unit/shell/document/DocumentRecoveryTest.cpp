@@ -170,7 +170,8 @@ TEST_F(DocumentRecoveryTest, TheOldestIsAskedAboutFirst) {
   const auto next =
       StartAndAnswer({Answer::kCancel, Answer::kCancel, Answer::kCancel, Answer::kCancel, Answer::kCancel});
   for (std::size_t i = 0; i < std::size(texts); ++i) {
-    EXPECT_NE(next->workbench.prompts().messages.at(i).text.find(texts[std::size(texts) - 1 - i]), std::u16string::npos);
+    EXPECT_NE(next->workbench.prompts().messages.at(i).text.find(texts[std::size(texts) - 1 - i]),
+              std::u16string::npos);
   }
 }
 

@@ -6,12 +6,12 @@
 
 #include "shell/window/Capitals.h"
 #include "shell/window/CommandLine.h"
-#include "text/DateTimeText.h"
-#include "shell/workbench/FontLine.h"
 #include "shell/window/InstanceNumber.h"
 #include "shell/window/MainLayout.h"
 #include "shell/window/WindowPlacement.h"
+#include "shell/workbench/FontLine.h"
 #include "support/ScriptedWorkbench.h"
+#include "text/DateTimeText.h"
 #include "text/Twips.h"
 
 namespace scrivanta {

@@ -42,8 +42,7 @@ TEST(Options, AreKeptAndAppliedOnlyWhenTheUserSaysSo) {
   EXPECT_FALSE(window.wraps);
   EXPECT_TRUE(workbench.settings().values.empty());
 
-  dialog.answer =
-      Options{.wraps = true, .allEnglish = false, .usesRegExpObject = true, .defaultFile = "folder/a.txt"};
+  dialog.answer = Options{.wraps = true, .allEnglish = false, .usesRegExpObject = true, .defaultFile = "folder/a.txt"};
   table.Run("mnuOptions", workbench);
   EXPECT_EQ(window.wraps, true);
   const Settings& settings = workbench.settings();
