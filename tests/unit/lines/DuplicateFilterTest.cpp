@@ -181,6 +181,32 @@ TEST(DuplicateFilter, AgreesWithAPlainSearch) {
   }
 }
 
+// Many words, so that most lines have neighbours that are new; others are cut out of what has been seen, across lines
+// too.
+TEST(DuplicateFilter, AgreesWithAPlainSearchWhereNeighboursAreNew) {
+  std::mt19937 random(5);
+  KeyIndex seen(0);
+  std::string joined = " ";
+  std::size_t repeats = 0;
+  for (int i = 0; i < 4'000; ++i) {
+    std::string line;
+    if (i > 0 && random() % 3 == 0) {
+      const std::size_t begin = joined.find(' ', random() % (joined.size() - 1)) + 1;
+      const std::size_t end = joined.find(' ', std::min(begin + random() % 40, joined.size() - 1));
+      line = joined.substr(begin, end - begin);
+    } else {
+      for (std::size_t words = 2 + random() % 6; words > 0; --words) {
+        line += std::to_string(random() % 9'000) + (words > 1 ? " " : "");
+      }
+    }
+    const bool isRepeat = joined.find(" " + line + " ") != std::string::npos;
+    repeats += isRepeat ? 1 : 0;
+    joined += isRepeat ? "" : (i > 0 ? " " : "") + line + " ";
+    ASSERT_EQ(seen.ContainsOrAdd(line), isRepeat) << line;
+  }
+  EXPECT_GT(repeats, 500U);
+}
+
 // Few words and long lines: single words are too frequent, and runs of several words are looked up. The alphabet has a
 // letter a word, so that a place is a letter and the plain search stays quick.
 TEST(DuplicateFilter, AgreesWithAPlainSearchWhereWordsAreFrequent) {
