@@ -11,7 +11,8 @@ namespace {
 
 void AppendNumber(std::string& bytes, std::size_t value, int size) {
   for (int i = 0; i < size; ++i) {
-    bytes += static_cast<char>(value >> (8 * i) & 0xFF);
+    bytes += static_cast<char>(value & 0xFF);
+    value >>= 8;
   }
 }
 
