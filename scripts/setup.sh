@@ -11,7 +11,8 @@ packages=(
   libxlsxwriter-dev libpugixml-dev libminizip-dev zlib1g-dev libz-mingw-w64-dev  # libraries for sheets
   libsqlite3-dev tcl unixodbc-dev                  # libraries for databases; tcl makes the one source file of SQLite
   libgtest-dev libgmock-dev googletest libssl-dev  # tests
-  python3-openpyxl python3-vobject sqlite3         # other readers and writers, for tests
+  python3-openpyxl python3-vobject gnumeric sqlite3  # other readers and writers, for tests
+  libez-vcard-java libvinnie-java                  # one more, used where a JDK is installed
   libodbc2 odbcinst libsqliteodbc odbc-postgresql odbc-mdbtools postgresql  # databases behind ODBC, for tests
   clang-format clang-tidy-16 python3 git           # checks
   g++-mingw-w64-x86-64-posix dpkg-dev              # Windows build
