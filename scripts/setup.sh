@@ -88,7 +88,8 @@ if [ ! -e "$prefix/lib/libpugixml.a" ]; then
   build_for_windows pugixml "$(fetch_source pugixml)"
 fi
 
-if [ ! -e "$prefix/lib/libxlsxwriter.a" ]; then
+# One that was built without the wide functions is built again.
+if ! grep -qs fill_win32_filefunc64W "$prefix/lib/libxlsxwriter.a"; then
   echo 'building libxlsxwriter for Windows'
   source_folder=$(fetch_source libxlsxwriter)
   # It takes the wide functions of Windows for its files with the other compiler only: with this one it would know no
