@@ -96,7 +96,7 @@ def forbidden_includes():
 
 
 # The compiler's precompiled headers: clang cannot read them, and a file is to be seen with what it includes itself.
-PRECOMPILED = re.compile(r" -Winvalid-pch| -include \S*cmake_pch\.hxx| -fpch-preprocess| -Wno-array-bounds")
+PRECOMPILED = re.compile(r" -Winvalid-pch| -include \S*cmake_pch\.hxx| -fpch-preprocess| -Wno-(array-bounds|stringop-\w+|restrict)\b")
 
 
 def compile_commands(preset):
