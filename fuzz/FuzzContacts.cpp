@@ -3,7 +3,7 @@
 #include "RunFuzz.h"
 #include "contacts/CardContacts.h"
 #include "contacts/ContactTable.h"
-#include "contacts/SheetFile.h"
+#include "sheets/SheetFile.h"
 
 namespace scrivanta {
 
@@ -97,7 +97,7 @@ TEST(Fuzz, Cards) {
 
 TEST(Fuzz, Sheet) {
   const std::filesystem::path path = std::filesystem::temp_directory_path() / "scrivanta-fuzz-sheet.xlsx";
-  SheetWriter writer(path, u"s");
+  SheetWriter writer(path, {.name = u"s"});
   writer.WriteRow(std::vector<std::string>{"a", "b"});
   writer.Close();
   const std::string sheet = ReadWholeFile(path);

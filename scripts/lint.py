@@ -30,6 +30,7 @@ ROOMS = {
     "text": set(),
     "rtf": {"text"},
     "hanzi": {"text"},
+    "sheets": {"text"},
     "regexp": {"text"},
     "win": {"text", "rtf"},
     "shell/history": {"text"},
@@ -56,9 +57,9 @@ def allowed_rooms():
     for name in subsystems():
         rooms[name] = set(SUBSYSTEM)
         rooms["batch"].add(name)
-    # Tables, contacts and database exchange share the records of tables.
+    # Tables, contacts and database exchange share the records of tables, the latter two sheets as well.
     for name in rooms.keys() & {"contacts", "database"}:
-        rooms[name].add("tables")
+        rooms[name] |= {"tables", "sheets"}
     return rooms
 
 

@@ -91,6 +91,16 @@ class Sheets(unittest.TestCase):
         table = run("vcard-to-table", "--encoding", "utf-8", data=text).decode().splitlines()[1].split("\t")
         self.assertEqual((table[0], table[1], table[9], table[11]), ("张三", "13800138000", "2024-02-29", " a\\nb "))
 
+    def test_numbers_of_a_database_are_numbers(self):
+        with tempfile.TemporaryDirectory() as name:
+            database = pathlib.Path(name) / "a.db"
+            table = "a,b,c,d\n1,2.50,0012,12345678901234567\n"
+            run("db-import", "--database", database, "--table", "t", "--header", "--delimiter", "comma",
+                "--types", "integer,real,text,integer", data=table.encode())
+            sheet = run("db-export", "--database", database, "--table", "t", "--to", "xlsx", data=b"")
+        rows = list(openpyxl.load_workbook(io.BytesIO(sheet)).active.iter_rows(values_only=True))
+        self.assertEqual(rows, [(1, 2.5, "0012", "12345678901234567")])
+
     @unittest.skipIf(shutil.which("ssconvert") is None, "gnumeric is not installed")
     def test_a_book_comes_back_from_another_program(self):
         with tempfile.TemporaryDirectory() as name:

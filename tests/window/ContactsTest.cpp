@@ -1,5 +1,5 @@
 // A phone book on its way through the window: from the table in the document to cards, and from the cards to a sheet.
-#include "contacts/SheetFile.h"
+#include "sheets/SheetFile.h"
 #include "window/driver/WindowTest.h"
 
 namespace scrivanta {

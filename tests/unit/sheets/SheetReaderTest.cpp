@@ -3,8 +3,8 @@
 #include <gtest/gtest.h>
 #include <zlib.h>
 
-#include "contacts/SheetFile.h"
-#include "contacts/SheetFormats.h"
+#include "sheets/SheetFile.h"
+#include "sheets/SheetFormats.h"
 
 namespace scrivanta::testing {
 namespace {
