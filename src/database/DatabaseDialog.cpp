@@ -198,7 +198,8 @@ void DatabaseDialog::Query(DatabaseView& view) {
   const bool onlyReads = OnlyReads(statement);
   if (!onlyReads && workbench_.prompts().Ask({.text = u"这条语句会改动数据库，是否执行？",
                                               .buttons = Buttons::kYesNo,
-                                              .icon = Icon::kQuestion}) != Answer::kYes) {
+                                              .icon = Icon::kQuestion,
+                                              .defaultAnswer = Answer::kNo}) != Answer::kYes) {
     return;
   }
   const std::unique_ptr<BusyWork> work = workbench_.StartWork();
@@ -269,7 +270,8 @@ void DatabaseDialog::ExportToFile(DatabaseView& view) {
   if (std::filesystem::exists(file) &&
       workbench_.prompts().Ask({.text = TextOfPath(file) + u"\n文件已经存在，是否替换？",
                                 .buttons = Buttons::kYesNo,
-                                .icon = Icon::kQuestion}) != Answer::kYes) {
+                                .icon = Icon::kQuestion,
+                                .defaultAnswer = Answer::kNo}) != Answer::kYes) {
     return;
   }
   std::uint64_t count = 0;
