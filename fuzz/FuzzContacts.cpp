@@ -97,7 +97,7 @@ TEST(Fuzz, Cards) {
 
 TEST(Fuzz, Sheet) {
   const std::filesystem::path path = std::filesystem::temp_directory_path() / "scrivanta-fuzz-sheet.xlsx";
-  SheetWriter writer(path, u"s");
+  SheetWriter writer(path, {.name = u"s"});
   writer.WriteRow(std::vector<std::string>{"a", "b"});
   writer.Close();
   const std::string sheet = ReadWholeFile(path);

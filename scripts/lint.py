@@ -41,6 +41,7 @@ ROOMS = {
     "shell/window": BELOW_WORKBENCH
     | {"win", "shell/workbench", "shell/history", "shell/settings", "shell/document", "shell/services"},
     "batch": {"text", "regexp"},
+    "companion": {"text", "database"},
 }
 # What the console program is made of must be had without a window.
 WITHOUT_SHELL = "batch"

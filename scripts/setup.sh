@@ -16,6 +16,7 @@ packages=(
   libodbc2 odbcinst libsqliteodbc odbc-postgresql odbc-mdbtools postgresql  # databases behind ODBC, for tests
   clang-format clang-tidy-16 python3 git           # checks
   g++-mingw-w64-x86-64-posix dpkg-dev              # Windows build
+  g++-mingw-w64-i686-posix                         # the 32-bit companion
   wine wine64 xvfb xdotool x11-utils openbox imagemagick locales fonts-wqy-microhei fonts-wine  # window tests
   liberfa1                                         # the maker of the calendar's table, and its test
   mawk time                                        # benchmarks

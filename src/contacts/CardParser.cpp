@@ -196,6 +196,10 @@ void CardParser::FinishProperty() {
   if (property_->name == "VERSION") {
     const std::string_view version = WithoutBlanksAround(property_->value);
     open.version = version.starts_with('3') ? 3 : version.starts_with('4') ? 4 : 2;
+  } else if (property_->name == "BEGIN" || property_->name == "END") {
+    // No mark of a card as it stands, but perhaps one when its folded lines are joined.
+    std::erase(property_->raw, '\n');
+    open.card.strayLines.push_back(std::move(*property_));
   } else {
     if (open.version > 2) {
       MakeCard21(*property_);

@@ -1,8 +1,10 @@
 #include "contacts/StoredContacts.h"
 
 #include <algorithm>
+#include <array>
+#include <cstdint>
 #include <cstring>
-#include <limits>
+#include <span>
 
 namespace scrivanta {
 
@@ -46,7 +48,7 @@ bool StoredContactSource::Need(std::size_t bytes) {
   if (end_ - begin_ >= bytes) {
     return true;
   }
-  std::copy(buffer_.begin() + begin_, buffer_.begin() + end_, buffer_.begin());
+  std::ranges::copy(std::span(buffer_).subspan(begin_, end_ - begin_), buffer_.begin());
   end_ -= begin_;
   begin_ = 0;
   buffer_.resize(std::max(buffer_.size(), bytes));

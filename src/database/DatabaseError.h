@@ -26,6 +26,9 @@ struct RowRefusal {
 class BadRow final : public DatabaseError {
  public:
   explicit BadRow(const RowRefusal& refusal);
+  // What another BadRow has said.
+  BadRow(std::uint64_t line, std::size_t column, const std::string& english, const std::u16string& chinese)
+      : DatabaseError(english, chinese), line_(line), column_(column) {}
 
   std::uint64_t line() const noexcept { return line_; }
   std::size_t column() const noexcept { return column_; }

@@ -108,6 +108,7 @@ const std::vector<Shape>& Shapes() {
       {"a card in a card", "AGENT:\r\nBEGIN:VCARD\r\nFN:Inner\r\nEND:VCARD\r\nFN:Outer\r\n",
        "name=Outer+AGENT:\nBEGIN:VCARD\nFN:Inner\nEND:VCARD"},
       {"remarks and stray lines", "# remark\r\nFN:x\r\nno property\r\n", "name=x+# remark\n#no property"},
+      {"a mark that is none", "FN:x\r\nBEGIN:VC\r\n ARD\r\nEND:VC\r\n", "name=x+#BEGIN:VC ARD\n#END:VC"},
       {"empty properties", "N:;;;;\r\nFN:\r\nTEL;CELL:\r\nNOTE:\r\n", "+TEL;CELL:\nNOTE:"},
       {"several names", "FN:a\r\nFN:b\r\nN:a;;;;\r\nN:c;;;;\r\n", "name=a+FN:a\nFN:b\nN:a;;;;\nN:c;;;;"},
       {"blanks that count", "NOTE;ENCODING=QUOTED-PRINTABLE:=20x=20\r\n", "note= x "},

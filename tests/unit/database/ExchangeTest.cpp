@@ -9,6 +9,7 @@
 #include "database/DatabaseError.h"
 #include "database/DatabaseSource.h"
 #include "database/OdbcDatabase.h"
+#include "database/PipeDatabase.h"
 #include "database/RecordSource.h"
 #include "database/RewindableMemory.h"
 #include "database/TableExport.h"
@@ -84,8 +85,8 @@ void RoundTrip(Database& database) {
   EXPECT_EQ(database.CountRows(u"往来 \"表\"", progress), 2000U);
 
   // NULL and the empty text.
-  Import(database, "a,b\r\n-,\r\nx,-\r\n", {.table = u"空", .nullText = u"-"});
-  EXPECT_EQ(Export(database, u"空", u"<N>"), "a,b\r\n<N>,\r\nx,<N>\r\n");
+  Import(database, "a,b\r\n-,\r\nx,-\r\nNULL,{y\\z}\r\n", {.table = u"空", .nullText = u"-"});
+  EXPECT_EQ(Export(database, u"空", u"<N>"), "a,b\r\n<N>,\r\nx,<N>\r\nNULL,{y\\z}\r\n");
 
   Import(database, "b\r\n0x00FF41\r\n", {.table = u"bin", .types = {{ColumnKind::kBinary}}});
   EXPECT_EQ(Export(database, u"bin"), "b\r\n0x00FF41\r\n");
@@ -143,11 +144,11 @@ void RefusesBadRows(Database& database) {
 }
 
 // A process that is killed in the midst of an import leaves the database as it was.
-void SurvivesAKill(const DatabaseSource& source) {
+void SurvivesAKill(const std::function<std::unique_ptr<Database>()>& connect) {
   const pid_t child = fork();
   if (child == 0) {
     StoppingProgress killing(12, [] { std::raise(SIGKILL); });
-    const auto database = ConnectTo(source, MissingFile::kMade);
+    const auto database = connect();
     std::string many = "id,name\r\n";
     for (int i = 2; i < 60000; ++i) {
       many += std::to_string(i) + ",n\r\n";
@@ -158,7 +159,11 @@ void SurvivesAKill(const DatabaseSource& source) {
   int status = 0;
   waitpid(child, &status, 0);
   ASSERT_TRUE(WIFSIGNALED(status));
-  EXPECT_EQ(Export(*ConnectTo(source, MissingFile::kRefused), u"held"), "id,name\r\n1,one\r\n");
+  EXPECT_EQ(Export(*connect(), u"held"), "id,name\r\n1,one\r\n");
+}
+
+void SurvivesAKill(const DatabaseSource& source) {
+  SurvivesAKill([&source] { return ConnectTo(source, MissingFile::kMade); });
 }
 
 TEST(Exchange, SqliteThroughItsLibrary) {
@@ -207,6 +212,47 @@ TEST(Exchange, SqliteThroughItsDriver) {
     RefusesBadRows(*database);
   }
   SurvivesAKill(source);
+}
+
+// The companion of this width stands in for the one of the other: the same source, the same pipe.
+TEST(Exchange, SqliteThroughItsDriverAndTheCompanion) {
+  const TemporaryFolder folder;
+  const std::u16string connection = u"DRIVER=SQLite3;Database=" + (folder.path() / "a.db").u16string();
+  const auto connect = [&connection] {
+    auto database = std::make_unique<PipeDatabase>(CompanionProgram());
+    database->Open(connection);
+    return database;
+  };
+  {
+    const auto database = connect();
+    EXPECT_EQ(database->Drivers(), OdbcDrivers());
+    RoundTrip(*database);
+    RefusesBadRows(*database);
+    EXPECT_THROW(database->MakeJetFile(u"none", folder.path() / "a.mdb"), DatabaseError);
+    EXPECT_THROW(database->Open(u"DRIVER=None"), DatabaseError);
+  }
+  SurvivesAKill(connect);
+
+  const auto database = connect();
+  {
+    StoppingProgress stopping(2);
+    DatabaseRow row;
+    const auto rows = database->ReadTable(u"往来 \"表\"", stopping);
+    EXPECT_THROW(while (rows->Next(row)){}, Interrupted);
+  }
+
+  // The companion itself is killed.
+  StoppingProgress killing(3, [] {
+    const std::string children = "pkill -KILL -P " + std::to_string(getpid()) + " scrivanta-comp";
+    ASSERT_EQ(std::system(children.c_str()), 0);
+  });
+  std::string many = "id,name\r\n";
+  for (int i = 2; i < 60000; ++i) {
+    many += std::to_string(i) + ",n\r\n";
+  }
+  EXPECT_THROW(Import(*database, many, {.table = u"held", .replace = true}, killing), std::runtime_error);
+  EXPECT_THROW(database->Tables(*std::make_unique<NoProgress>()), std::runtime_error);
+  EXPECT_EQ(Export(*connect(), u"held"), "id,name\r\n1,one\r\n");
 }
 
 // One test, since the server takes a while to start.
