@@ -5,7 +5,7 @@
 
 #include "tables/JoinedRows.h"
 #include "tables/PartnersByKey.h"
-#include "tables/SecondTable.h"
+#include "tables/SecondRows.h"
 
 namespace scrivanta {
 
@@ -37,7 +37,7 @@ RecordReader OpenRows(const OpenTable& open, const JoinOptions& options) {
 
 void JoinWithHeldSecond(const OpenTable& openFirst, const OpenTable& openSecond, const JoinOptions& options,
                         JoinedRows& joined) {
-  SecondTable table(options.secondFormat, joined.KeepsUnmatchedSecond() || joined.ListsUnmatchedSecond());
+  SecondRows table(options.secondFormat, joined.KeepsUnmatchedSecond() || joined.ListsUnmatchedSecond());
   for (RecordReader second = OpenRows(openSecond, options); second.Next();) {
     table.Add(second, joined);
   }

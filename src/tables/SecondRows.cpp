@@ -1,8 +1,8 @@
-#include "tables/SecondTable.h"
+#include "tables/SecondRows.h"
 
 namespace scrivanta {
 
-void SecondTable::Add(const RecordReader& record, JoinedRows& joined) {
+void SecondRows::Add(const RecordReader& record, JoinedRows& joined) {
   rows_.Add(joined.KeyOfSecond(record));
   joined.AppendTail(record, tails_);
   tailEnds_.push_back(tails_.size());
@@ -12,7 +12,7 @@ void SecondTable::Add(const RecordReader& record, JoinedRows& joined) {
   }
 }
 
-const Fields& SecondTable::FieldsOf(std::uint32_t row) {
+const Fields& SecondRows::FieldsOf(std::uint32_t row) {
   fields_.clear();
   splitter_->Start(Raw(row), row, fields_);
   return fields_;

@@ -13,10 +13,10 @@
 
 namespace scrivanta {
 
-class SecondTable {
+class SecondRows {
  public:
   // Keeps the rows as they stand only when they are asked for.
-  SecondTable(const RecordFormat& format, bool keepsRows)
+  SecondRows(const RecordFormat& format, bool keepsRows)
       : splitter_(MakeFieldSplitter(format, progress_)), keepsRows_(keepsRows) {}
 
   // Takes the reader's record. Throws RecordError.
