@@ -33,14 +33,15 @@ const RijndaelKey& SomeKey() {
 }
 
 void FuzzRijndaelText(std::string_view bytes) {
-  const std::u16string text = Decode(Encoding::kGbk, bytes);
-  const DecryptedText result = DecryptText(SomeKey(), FastestRijndael(), text);
-  EXPECT_TRUE(result.outcome == DecryptedText::Outcome::kDone || result.text.empty());
-  if (text.find(u'\0') == std::u16string::npos) {
-    const DecryptedText back =
-        DecryptText(SomeKey(), FastestRijndael(), EncryptText(SomeKey(), FastestRijndael(), text, 256));
-    EXPECT_EQ(back.text, text);
-    EXPECT_TRUE(back.whole || text.empty());
+  for (const Encoding encoding : {Encoding::kGbk, Encoding::kUtf8}) {
+    const std::u16string text = Decode(encoding, bytes);
+    DecryptText(SomeKey(), FastestRijndael(), text);
+    if (text.find(u'\0') == std::u16string::npos) {
+      const DecryptedText back =
+          DecryptText(SomeKey(), FastestRijndael(), EncryptText(SomeKey(), FastestRijndael(), text, 256));
+      EXPECT_EQ(back.text, text);
+      EXPECT_EQ(back.outcome, DecryptedText::Outcome::kDone);
+    }
   }
 }
 

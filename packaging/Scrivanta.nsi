@@ -108,6 +108,7 @@ Section "!${NAME}程序和使用说明" SectionProgram
   ClearErrors
   File "${PROGRAM_FOLDER}/Scrivanta.exe"
   File "${PROGRAM_FOLDER}/scrivanta-batch.exe"
+  File "${PROGRAM_FOLDER}/ScrivantaJet32.exe"
   File "${PROGRAM_FOLDER}/Scrivanta.rtf"
   File "${PROGRAM_FOLDER}/licences.txt"
   ${If} ${Errors}
@@ -249,6 +250,7 @@ Section "Uninstall"
 
   Delete "$INSTDIR\Scrivanta.exe"
   Delete "$INSTDIR\scrivanta-batch.exe"
+  Delete "$INSTDIR\ScrivantaJet32.exe"
   Delete "$INSTDIR\Scrivanta.rtf"
   Delete "$INSTDIR\licences.txt"
   !insertmacro DeleteUnchanged "notes.txt"

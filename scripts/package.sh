@@ -19,7 +19,7 @@ if ! dpkg-query -W -f '${Status}\n' nsis 2>/dev/null | grep -q 'ok installed'; t
   "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get install -y -qq --no-install-recommends nsis >/dev/null
 fi
 
-scripts/build.sh windows scrivanta scrivanta-batch help_document
+scripts/build.sh windows scrivanta scrivanta-batch companion32 help_document
 
 # What is delivered, without what only a debugger reads.
 stage=$output/stage
@@ -28,10 +28,11 @@ mkdir -p "$stage/Scrivanta/samples"
 for program in Scrivanta.exe scrivanta-batch.exe; do
   x86_64-w64-mingw32-strip -o "$stage/Scrivanta/$program" "build/windows/bin/$program"
 done
-cp build/windows/bin/Scrivanta.rtf "$stage/Scrivanta/"
+cp build/windows/bin/ScrivantaJet32.exe build/windows/bin/Scrivanta.rtf "$stage/Scrivanta/"
 cp samples/*.txt "$stage/Scrivanta/samples/"
 # The libraries that the programs hold ask for their notices to go with them.
-for package in libpcre2-dev libcli11-dev nlohmann-json3-dev mingw-w64-x86-64-dev gcc-mingw-w64-x86-64-posix; do
+for package in libpcre2-dev libsqlite3-dev libxlsxwriter-dev libpugixml-dev libminizip-dev zlib1g-dev libcli11-dev \
+  nlohmann-json3-dev mingw-w64-x86-64-dev gcc-mingw-w64-x86-64-posix; do
   printf '==== %s ====\n\n' "$package"
   cat "/usr/share/doc/$package/copyright"
 done | sed 's/$/\r/' >"$stage/Scrivanta/licences.txt"

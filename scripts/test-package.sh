@@ -91,7 +91,7 @@ traces >"$scratch/before"
 
 echo '-- install'
 expect 'a silent installation succeeds' [ "$(status wine "$old_setup" /S "${into_folder[@]}")" = 0 ]
-for file in Scrivanta.exe scrivanta-batch.exe Scrivanta.rtf samples/notes.txt samples/table.txt Uninstall.exe; do
+for file in Scrivanta.exe scrivanta-batch.exe ScrivantaJet32.exe Scrivanta.rtf samples/notes.txt samples/table.txt Uninstall.exe; do
   expect "$file is there" [ -e "$folder/$file" ]
 done
 expect 'the version is known to the system' [ "$(value "$uninstall_key" DisplayVersion)" = 0.0.9 ]

@@ -18,6 +18,7 @@
 #include "win/ComApartment.h"
 #include "win/MessageLoop.h"
 #include "win/RichEdit.h"
+#include "win/SystemFolders.h"
 
 namespace scrivanta {
 
@@ -33,6 +34,7 @@ std::unique_ptr<RegistryStore> OpenRegistryStore(const IniFile& iniFile) {
 }  // namespace
 
 int RunApp(HINSTANCE instance, const std::u16string& commandLine, std::atomic<HWND>* window) {
+  CloseLibrarySearch();
   // What was copied from the edit box lies on the clipboard as an object of this library, so the library goes last.
   const OwnedLibrary richEdit = LoadRichEditLibrary();
   const ComApartment apartment;
@@ -52,9 +54,11 @@ int RunApp(HINSTANCE instance, const std::u16string& commandLine, std::atomic<HW
   FrmOptions options(host, [&mainWindow] { return mainWindow.handle(); });
   RegisterShellCommands(commands, mainWindow);
   RegisterOptionsCommand(commands, mainWindow, options);
+  SubsystemServices services;
   const auto subsystems = OpenSubsystems({.windows = host,
                                           .commands = commands,
                                           .editBox = mainWindow.editBox(),
+                                          .services = services,
                                           .mainWindow = [&mainWindow] { return mainWindow.handle(); },
                                           .editBoxWindow = [&mainWindow] { return mainWindow.editBoxHandle(); }});
   mainWindow.Open(commandLine);

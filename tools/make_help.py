@@ -438,16 +438,21 @@ def read_menu(path=ROOT / "src" / "shell" / "window" / "MenuTree.cpp"):
 
 
 def read_registered(folder=ROOT / "src"):
-    """The commands that the program has: what the sources whose registration the composition or a subsystem's opening calls
-    add to the table."""
+    """The commands that the program has: what the sources add to the table whose functions for that are called by the
+    composition, by a subsystem's opening or by one another."""
     openings = [folder / "ScrivantaApp.cpp", *folder.glob("*/Scrivanta*.cpp")]
-    composition = "".join(path.read_text(encoding="utf-8") for path in openings)
+    calls = "".join(path.read_text(encoding="utf-8") for path in openings)
+    sources = [path.read_text(encoding="utf-8") for path in folder.glob("*/**/*.cpp")]
     registered = set()
-    for path in folder.glob("*/**/*.cpp"):
-        source = path.read_text(encoding="utf-8")
-        registrations = re.findall(r"^void (Register\w+)\(", source, re.MULTILINE)
-        if any(name + "(" in composition for name in registrations):
-            registered.update(re.findall(r'Add\(\s*"(mnu\w+)"', source))
+
+    def is_called(source):
+        adders = re.findall(r"^void ((?:Register|Add)\w+)\(", source, re.MULTILINE)
+        return any(name + "(" in calls for name in adders)
+
+    while called := [source for source in sources if is_called(source)]:
+        sources = [source for source in sources if source not in called]
+        calls = "".join(called)
+        registered.update(re.findall(r'Add\(\s*"(mnu\w+)"', calls))
     return registered
 
 

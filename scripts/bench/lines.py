@@ -7,43 +7,15 @@ Names of commands as arguments measure only those: scripts/bench.sh lines sort s
 """
 
 import os
-import pathlib
 import subprocess
 import sys
 
-ROOT = pathlib.Path(__file__).resolve().parent.parent.parent
-BATCH = ROOT / "build" / "native" / "bin" / "scrivanta-batch"
+from measure import HEAD, ROOT, Usage, compare, ours
+
 DATA = ROOT / "build" / "bench" / "lines"
 ONCE = "mawk '!seen[$0]++'"
 PAD = ("mawk -F'\\t' 'NR == FNR { if (NF > m) m = NF; next } { while (NF < m) $0 = $0 \"\\t\"; print }'"
        " tabs.txt tabs.txt > peer.out")
-
-
-class Usage:
-    """What a shell command has cost, the processes that it has started included."""
-
-    def __init__(self, command):
-        # Measured by a small program: the peak that Python itself would be told holds Python's own memory.
-        subprocess.run(["/usr/bin/time", "-o", "time.txt", "-f", "%U %S %e %M", "bash", "-c", command], check=True,
-                       env={**os.environ, "LC_ALL": "C"})
-        user, system, wall, peak = pathlib.Path("time.txt").read_text().split()
-        self.cpu = float(user) + float(system)
-        self.wall = float(wall)
-        self.peak = int(peak) / 1024
-
-    def __str__(self):
-        return f"{self.cpu:.2f} s | {self.wall:.2f} s"
-
-
-def ours(command):
-    return f"{BATCH} {command} -o ours.out"
-
-
-def compare(name, our_command, peer_command, most, rounds=3):
-    pairs = [(Usage(our_command), Usage(peer_command)) for _ in range(rounds)]
-    own, peer = (min((pair[i] for pair in pairs), key=lambda usage: usage.cpu) for i in (0, 1))
-    peak = max(pair[0].peak for pair in pairs)
-    print(f"| {name} | {own} | {peer} | {own.cpu / peer.cpu:.2f} | {most} | {peak:.0f} MiB |", flush=True)
 
 
 def clean_ups():
@@ -116,7 +88,7 @@ def main():
         sys.exit(f"{' '.join(sorted(unknown))}: choose from {' '.join(suites)}")
     make_files()
     os.chdir(DATA)
-    print("| command, peer | CPU | wall | peer's CPU | wall | times | at most | memory |\n|---|---|---|---|---|---|---|---|")
+    print(HEAD)
     for name in wanted:
         suites[name]()
     for output in ("ours.out", "peer.out", "peer2.out", "time.txt"):

@@ -35,6 +35,9 @@ struct BatchContext {
   Progress& progress;
   // Opens an output beside the main one; it lives as long as the context. Throws FileError.
   std::function<ByteSink&(const std::filesystem::path&)> openFurtherOutput;
+  std::vector<std::filesystem::path> outputFiles = {};  // what the main output is written to; none for standard output
+  // A line on standard error about what could not be done, for a command that does the rest.
+  std::function<void(const std::string&)> complain;
 };
 
 // Arguments that only together cannot be used; what() says why. Ends the program with kUnusableArguments.
@@ -59,6 +62,13 @@ std::vector<BatchCommand> LineBatchCommands();
 std::vector<BatchCommand> RegExpBatchCommands();
 std::vector<BatchCommand> FileBatchCommands();
 std::vector<BatchCommand> CipherBatchCommands();
+std::vector<BatchCommand> CalendarBatchCommands();
+std::vector<BatchCommand> ContactBatchCommands();
+std::vector<BatchCommand> TableBatchCommands();
+std::vector<BatchCommand> DatabaseBatchCommands();
+std::vector<BatchCommand> PinyinBatchCommands();
+std::vector<BatchCommand> SystemBatchCommands();
+std::vector<BatchCommand> WindowsBatchCommands();
 
 // All of them, in the order of the help.
 std::vector<BatchCommand> BatchCommands();

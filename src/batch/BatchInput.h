@@ -4,9 +4,9 @@
 #include <filesystem>
 #include <memory>
 
-#include "batch/Spool.h"
 #include "text/Bytes.h"
 #include "text/Progress.h"
+#include "text/Spool.h"
 
 namespace scrivanta {
 
@@ -30,8 +30,5 @@ class BatchInput final : public ByteSource {
   std::unique_ptr<Spool> spool_;      // a copy of the whole input, once there is one
   ByteSource* stream_ = nullptr;
 };
-
-// The whole of what is left of a source, in memory. Throws FileError, Interrupted.
-std::string ReadAll(ByteSource& source, Progress& progress);
 
 }  // namespace scrivanta

@@ -1,8 +1,10 @@
+#include <algorithm>
 #include <memory>
 
 #include <CLI/CLI.hpp>
 
 #include "batch/BatchCommand.h"
+#include "batch/Choice.h"
 #include "crypto/Base64.h"
 #include "crypto/NumericCipher.h"
 #include "crypto/RijndaelStream.h"
@@ -11,6 +13,7 @@
 #include "text/Encoding.h"
 #include "text/ExplainedError.h"
 #include "text/LineReader.h"
+#include "text/ReadAll.h"
 
 namespace scrivanta {
 
@@ -30,9 +33,30 @@ ExitStatus RunBase64Encode(BatchContext& context) {
   return ExitStatus::kDone;
 }
 
+// Base64 comes in lines as often as not, and a line end is none of it.
+class WithoutLineEnds final : public ByteSource {
+ public:
+  explicit WithoutLineEnds(ByteSource& source) : source_(source) {}
+
+  std::size_t Read(std::span<char> buffer) override {
+    while (const std::size_t count = source_.Read(buffer)) {
+      const auto rest = std::ranges::remove_if(buffer.first(count), [](char c) { return c == '\r' || c == '\n'; });
+      if (rest.size() < count) {
+        return count - rest.size();
+      }
+    }
+    return 0;
+  }
+  std::optional<std::uint64_t> Size() const override { return source_.Size(); }
+
+ private:
+  ByteSource& source_;
+};
+
 ExitStatus RunBase64Decode(BatchContext& context) {
-  if (!DecodeBase64Stream(context.input, context.output, context.progress)) {
-    throw std::runtime_error("the input is no Base64 text: its length is not a multiple of four");
+  WithoutLineEnds text(context.input);
+  if (!DecodeBase64Stream(text, context.output, context.progress)) {
+    throw std::runtime_error("the input is no Base64 text: its length without line ends is not a multiple of four");
   }
   return ExitStatus::kDone;
 }
@@ -80,9 +104,8 @@ struct RijndaelOptions {
 std::shared_ptr<RijndaelOptions> AddRijndaelOptions(CLI::App& parser) {
   auto options = std::make_shared<RijndaelOptions>();
   AddPasswordOptions(parser, options->password);
-  parser.add_option("--bits", options->bits, "Bits of the key: 128, 192 or 256 (default)")
-      ->check(CLI::IsMember({128, 192, 256}).description(""))
-      ->type_name("BITS");
+  AddChoice(parser, "--bits", options->bits, {{"128", 128}, {"192", 192}, {"256", 256}},
+            "Bits of the key: 128, 192 or 256 (default)");
   parser.add_flag("--text", options->text, "The ciphertext is hexadecimal text, as the window makes it");
   return options;
 }
@@ -93,15 +116,20 @@ ExitStatus EncryptText(BatchContext& context, const RijndaelOptions& options) {
   return WriteText(context, EncryptText(options.Key(), FastestRijndael(), text, options.blockSize));
 }
 
-ExitStatus DecryptText(BatchContext& context, const RijndaelOptions& options) {
+ExitStatus DecryptText(BatchContext& context, const RijndaelOptions& options, bool acceptsGarbled) {
   const DecryptedText result = DecryptText(options.Key(), FastestRijndael(), ReadText(context));
   switch (result.outcome) {
     case DecryptedText::Outcome::kNotHexadecimal:
       throw std::runtime_error("error: not hexadecimal data");
     case DecryptedText::Outcome::kNotWholeBlocks:
       throw std::runtime_error("the ciphertext is not a whole number of blocks");
+    case DecryptedText::Outcome::kNotWhole:
+      throw std::runtime_error("this is not the text that was encrypted. Wrong key or keysize?");
     case DecryptedText::Outcome::kDone:
       break;
+  }
+  if (!acceptsGarbled && LooksGarbled(result.text)) {
+    throw std::runtime_error("the text looks garbled. Wrong key or keysize? --accept-garbled writes it all the same");
   }
   return WriteText(context, result.text);
 }
@@ -138,8 +166,13 @@ BatchWork ConfigureRijndaelDecrypt(CLI::App& parser) {
   parser.add_option("--block-size", options->blockSize, "Accepted, and without effect: any grouping is read")
       ->needs("--text")
       ->type_name("BITS");
-  return [options](BatchContext& context) {
-    return options->text ? DecryptText(context, *options) : DecryptFile(context, *options);
+  const auto acceptsGarbled = std::make_shared<bool>(false);
+  parser
+      .add_flag("--accept-garbled", *acceptsGarbled,
+                "Write a text too that holds control characters or bytes of no character, as a wrong key makes it")
+      ->needs("--text");
+  return [options, acceptsGarbled](BatchContext& context) {
+    return options->text ? DecryptText(context, *options, *acceptsGarbled) : DecryptFile(context, *options);
   };
 }
 
@@ -246,7 +279,7 @@ std::vector<BatchCommand> CipherBatchCommands() {
        .example = "scrivanta-batch base64-encode letter.txt -o letter.b64",
        .configure = [](CLI::App&) -> BatchWork { return RunBase64Encode; }},
       {.name = "base64-decode",
-       .description = "Decode Base64 of a text; what follows a NUL in it is dropped",
+       .description = "Decode Base64 of a text, in any number of lines; what follows a NUL in it is dropped",
        .example = "scrivanta-batch base64-decode letter.b64 -o letter.txt",
        .configure = [](CLI::App&) -> BatchWork { return RunBase64Decode; }},
       {.name = "rijndael-encrypt",

@@ -9,6 +9,7 @@
 #include <nlohmann/json.hpp>
 
 #include "batch/BatchCommand.h"
+#include "batch/Choice.h"
 #include "lines/LineCleanup.h"
 #include "lines/LineShuffle.h"
 #include "lines/LineSort.h"
@@ -41,19 +42,6 @@ class OutputGroup final : public ByteSink {
   ByteSink& output_;
   ByteSink* file_;
 };
-
-// An option whose value is one of a few words.
-template <typename T>
-void AddChoice(CLI::App& parser, const std::string& name, T& value,
-               const std::map<std::string, std::type_identity_t<T>>& choices, const std::string& description) {
-  std::string words;
-  for (const auto& [word, meaning] : choices) {
-    words += (words.empty() ? "" : "|") + word;
-  }
-  parser.add_option(name, value, description)
-      ->transform(CLI::CheckedTransformer(choices).description(""))
-      ->type_name(words);
-}
 
 // The work of a command that goes from lines to lines and has nothing to set.
 template <typename Transform>
@@ -216,9 +204,13 @@ BatchWork ConfigureSort(CLI::App& parser) {
     std::size_t to = std::numeric_limits<std::size_t>::max();
   };
   const auto options = std::make_shared<Options>();
-  const std::map<std::string, SortBy> kinds{{"string", SortBy::kString}, {"number", SortBy::kNumber}};
+  const std::map<std::string, SortBy> kinds{{"string", SortBy::kString},
+                                            {"number", SortBy::kNumber},
+                                            {"pinyin", SortBy::kPinyin},
+                                            {"strokes", SortBy::kStrokes}};
   const std::map<std::string, bool> orders{{"up", false}, {"down", true}};
-  AddChoice(parser, "--by", options->sort.by, kinds, "What to compare: string (default) or number");
+  AddChoice(parser, "--by", options->sort.by, kinds,
+            "What to compare: string (default), number, or the Chinese characters' pinyin or strokes");
   AddChoice(parser, "--order", options->sort.descending, orders, "up (default) or down");
   parser.add_option("--from", options->from, "First line to sort, from 1")->type_name("X");
   parser.add_option("--to", options->to, "Last line to sort")->type_name("Y");

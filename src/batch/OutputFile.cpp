@@ -29,6 +29,10 @@ void OutputFile::Write(std::string_view bytes) {
   }
 }
 
+std::vector<std::filesystem::path> OutputFile::Files() const {
+  return file_ == nullptr ? std::vector{target_} : std::vector{target_, file_->beside()};
+}
+
 void OutputFile::Prepare() {
   if (file_ != nullptr) {
     file_->Prepare();

@@ -3,10 +3,11 @@
 
 #include <filesystem>
 #include <memory>
+#include <vector>
 
-#include "batch/Spool.h"
 #include "text/AtomicFile.h"
 #include "text/Bytes.h"
+#include "text/Spool.h"
 
 namespace scrivanta {
 
@@ -17,6 +18,8 @@ class OutputFile final : public ByteSink {
   explicit OutputFile(const std::filesystem::path& target);
 
   void Write(std::string_view bytes) override;
+  // The files that the work must not read: the target and what stands beside it.
+  std::vector<std::filesystem::path> Files() const;
   // Everything that can fail short of putting the file in place.
   void Prepare();
   void Commit();

@@ -8,6 +8,7 @@
 #include <CLI/CLI.hpp>
 
 #include "batch/BatchCommand.h"
+#include "batch/Choice.h"
 #include "batch/OutputFile.h"
 #include "batch/TerminalProgress.h"
 #include "batch/Version.h"
@@ -30,16 +31,11 @@ struct ConfiguredCommand {
   bool takesInput = true;
 };
 
-void AddCommonOptions(CLI::App& parser, CommonOptions& options, bool takesInput) {
-  static const std::map<std::string, Encoding> kEncodings = {{"gbk", Encoding::kGbk}, {"utf-8", Encoding::kUtf8}};
-  if (takesInput) {
-    parser.add_option("INPUT", options.input, "File to read; \"-\" or none: standard input");
-  }
+void AddCommonOptions(CLI::App& parser, CommonOptions& options) {
   parser.add_option("-o,--output", options.output, "File to write, may be the input; none: standard output")
       ->type_name("OUTPUT");
-  parser.add_option("--encoding", options.encoding, "Encoding of input and output: gbk (default) or utf-8")
-      ->transform(CLI::CheckedTransformer(kEncodings, CLI::ignore_case).description(""))
-      ->type_name("ENCODING");
+  AddChoice(parser, "--encoding", options.encoding, {{"gbk", Encoding::kGbk}, {"utf-8", Encoding::kUtf8}},
+            "Encoding of input and output: gbk (default) or utf-8");
   parser.add_flag("--progress")->description("Show a bar on standard error when that is a terminal: so by default");
   parser.add_flag("--no-progress", options.noProgress, "Show none");
 }
@@ -49,8 +45,76 @@ void AddCommand(CLI::App& program, const BatchCommand& command, ConfiguredComman
   CLI::App* parser = program.add_subcommand(command.name, command.description);
   parser->footer("Example:\n  " + command.example);
   configured.takesInput = command.takesInput;
+  if (command.takesInput) {
+    // Before what positional arguments the command may have beside it.
+    parser->add_option("INPUT", configured.options.input, "File to read; \"-\" or none: standard input");
+  }
   configured.work = command.configure(*parser);
-  AddCommonOptions(*parser, configured.options, command.takesInput);
+  AddCommonOptions(*parser, configured.options);
+}
+
+// The option that an argument names, with its name alone, if it takes a value.
+const CLI::Option* ValueOption(const CLI::App& command, const std::string& argument) {
+  const CLI::Option* option = argument.starts_with("-") ? command.get_option_no_throw(argument) : nullptr;
+  return option != nullptr && option->get_items_expected_min() > 0 ? option : nullptr;
+}
+
+// The arguments with "--name=" taken apart into the name and an empty value. The parser would take the next argument
+// for the value.
+std::vector<std::string> WithEmptyValues(const CLI::App& program, std::vector<std::string> arguments) {
+  const auto commands = program.get_subcommands(
+      [&arguments](const CLI::App* command) { return !arguments.empty() && command->get_name() == arguments.front(); });
+  if (commands.empty()) {
+    return arguments;
+  }
+  const CLI::App& command = *commands.front();
+  std::vector<std::string> whole;
+  for (std::size_t i = 0; i < arguments.size(); ++i) {
+    std::string& argument = arguments[i];
+    if (ValueOption(command, argument) != nullptr && i + 1 < arguments.size()) {
+      whole.push_back(std::move(argument));
+      whole.push_back(std::move(arguments[++i]));
+    } else if (argument.starts_with("--") && argument.ends_with("=") &&
+               ValueOption(command, argument.substr(0, argument.size() - 1)) != nullptr) {
+      argument.pop_back();
+      whole.push_back(std::move(argument));
+      whole.emplace_back();
+    } else {
+      whole.push_back(std::move(argument));
+    }
+  }
+  return whole;
+}
+
+// What the parser has to say, as a sentence: its own words for some faults are rather a programmer's.
+std::string ParserMessage(const CLI::ParseError& error) {
+  const std::string message = error.what();
+  const auto behind = [&message](std::string_view beginning) { return message.substr(beginning.size()); };
+  constexpr std::string_view kNotConverted = "Could not convert: ";
+  if (message.starts_with(kNotConverted)) {
+    return "this value cannot be used: " + behind(kNotConverted);
+  }
+  // "--order: 1 required down|up missing"
+  constexpr std::string_view kRequired = ": 1 required ";
+  constexpr std::string_view kMissing = " missing";
+  const std::size_t required = message.find(kRequired);
+  if (required != std::string::npos && message.ends_with(kMissing)) {
+    const std::size_t begin = required + kRequired.size();
+    return message.substr(0, required) +
+           " needs a value: " + message.substr(begin, message.size() - kMissing.size() - begin);
+  }
+  // "--block-size: Value 5 not in range 8 to 99"
+  constexpr std::string_view kNotInRange = " not in range ";
+  const std::size_t range = message.find(kNotInRange);
+  if (range != std::string::npos) {
+    return message.substr(0, range) + " is not in the range " + message.substr(range + kNotInRange.size());
+  }
+  return message;
+}
+
+void Complain(std::string reason, const BatchStreams& streams) {
+  std::replace(reason.begin(), reason.end(), '\n', ' ');
+  streams.errors << "scrivanta-batch: " << reason << '\n';
 }
 
 ExitStatus RunCommand(const ConfiguredCommand& command, const BatchStreams& streams) {
@@ -73,7 +137,13 @@ ExitStatus RunCommand(const ConfiguredCommand& command, const BatchStreams& stre
       return files.emplace_back(path);
     };
     ByteSink& output = options.output.empty() ? toStandardOutput : openOutput(PathFromUtf8(options.output));
-    BatchContext context{*input, output, options.encoding, progress, openOutput};
+    BatchContext context{.input = *input,
+                         .output = output,
+                         .encoding = options.encoding,
+                         .progress = progress,
+                         .openFurtherOutput = openOutput,
+                         .outputFiles = files.empty() ? std::vector<std::filesystem::path>() : files.front().Files(),
+                         .complain = [&streams](const std::string& reason) { Complain(reason, streams); }};
     status = command.work(context);
   }
   for (OutputFile& file : files) {
@@ -86,9 +156,8 @@ ExitStatus RunCommand(const ConfiguredCommand& command, const BatchStreams& stre
   return status;
 }
 
-int Fail(ExitStatus status, std::string reason, const BatchStreams& streams) {
-  std::replace(reason.begin(), reason.end(), '\n', ' ');
-  streams.errors << "scrivanta-batch: " << reason << '\n';
+int Fail(ExitStatus status, const std::string& reason, const BatchStreams& streams) {
+  Complain(reason, streams);
   return static_cast<int>(status);
 }
 
@@ -112,7 +181,9 @@ int RunReportingFailure(const ConfiguredCommand& command, const BatchStreams& st
 
 std::vector<BatchCommand> BatchCommands() {
   std::vector<BatchCommand> all;
-  for (auto list : {LineBatchCommands(), RegExpBatchCommands(), FileBatchCommands(), CipherBatchCommands()}) {
+  for (auto list : {LineBatchCommands(), RegExpBatchCommands(), FileBatchCommands(), TableBatchCommands(),
+                    PinyinBatchCommands(), CipherBatchCommands(), ContactBatchCommands(), CalendarBatchCommands(),
+                    DatabaseBatchCommands(), SystemBatchCommands(), WindowsBatchCommands()}) {
     std::move(list.begin(), list.end(), std::back_inserter(all));
   }
   return all;
@@ -136,7 +207,9 @@ int RunBatch(const std::vector<std::string>& arguments, const BatchStreams& stre
     AddCommand(program, command, commands[command.name]);
   }
   try {
-    program.parse(std::vector<std::string>(arguments.rbegin(), arguments.rend()));
+    std::vector<std::string> whole = WithEmptyValues(program, arguments);
+    std::reverse(whole.begin(), whole.end());  // as the parser takes them
+    program.parse(std::move(whole));
   } catch (const CLI::CallForHelp&) {
     streams.output.Write(program.help());
     return static_cast<int>(ExitStatus::kDone);
@@ -144,7 +217,7 @@ int RunBatch(const std::vector<std::string>& arguments, const BatchStreams& stre
     streams.output.Write(std::string(version.what()) + "\n");
     return static_cast<int>(ExitStatus::kDone);
   } catch (const CLI::ParseError& error) {
-    return Fail(ExitStatus::kUnusableArguments, error.what(), streams);
+    return Fail(ExitStatus::kUnusableArguments, ParserMessage(error), streams);
   }
   if (program.get_subcommands().empty()) {
     return Fail(ExitStatus::kUnusableArguments, "a COMMAND is required, see scrivanta-batch --help", streams);

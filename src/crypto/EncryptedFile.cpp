@@ -2,7 +2,6 @@
 
 #include "crypto/RijndaelText.h"
 #include "crypto/WorkingCopy.h"
-#include "crypto/cRijndael.h"
 #include "text/AtomicFile.h"
 #include "text/Encoding.h"
 #include "text/PathParts.h"
@@ -11,12 +10,11 @@
 namespace scrivanta {
 
 void SaveEncrypted(Workbench& workbench, const std::filesystem::path& target, std::u16string_view key) {
-  constexpr int kBits = 256;
   const std::u16string text = workbench.editor().Text();
-  RefuseNul(text);
+  const std::u16string ciphertext = EncryptWithDigits(text, key);
   const WorkingCopy copy(workbench.folders().temporary / kPlaintextCopyName);
   copy.Write(Encode(Encoding::kGbk, text));
-  std::string bytes = Encode(Encoding::kGbk, cRijndael(workbench.prompts()).StringEncrypt(text, key, kBits, kBits));
+  std::string bytes = Encode(Encoding::kGbk, ciphertext);
   if (IsRichTextPath(TextOfPath(target))) {
     bytes = "{\\rtf1\\ansi " + bytes + "}";
   }

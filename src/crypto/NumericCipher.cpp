@@ -9,6 +9,7 @@
 #include "text/DecimalText.h"
 #include "text/Encoding.h"
 #include "text/ExplainedError.h"
+#include "text/LineText.h"
 #include "text/Surrogates.h"
 
 namespace scrivanta {
@@ -70,12 +71,6 @@ std::optional<std::int32_t> ParseNumber(std::u16string_view digits) {
   std::int32_t number = 0;
   const auto [end, error] = std::from_chars(ascii.data(), ascii.data() + ascii.size(), number);
   return error == std::errc() && end == ascii.data() + ascii.size() ? std::optional(number) : std::nullopt;
-}
-
-std::u16string_view TrimSpaces(std::u16string_view text) {
-  const std::size_t first = text.find_first_not_of(u' ');
-  return first == std::u16string_view::npos ? std::u16string_view()
-                                            : text.substr(first, text.find_last_not_of(u' ') - first + 1);
 }
 
 }  // namespace

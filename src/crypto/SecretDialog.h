@@ -54,7 +54,7 @@ class SecretDialog {
 inline constexpr std::u16string_view kSecretToolTip =
     u"密钥只能是数字，请记牢：忘了就再也解不开。\r\n"
     u"不勾选：数字加密，只防别人一眼看见，懂行的人几分钟就能解开。\r\n"
-    u"勾选：Rijndael（AES）加密，数字越长越难猜，要紧的内容至少用二十位没有规律的数字。"
+    u"勾选：Rijndael（AES）加密，数字越长越难猜，要紧的内容至少用二十位没有规律的数字，三十二位以后的不起作用。"
     u"相同的内容看得出相同，密文被人改动不会被发现，密钥输错也可能没有提示。";
 
 }  // namespace scrivanta

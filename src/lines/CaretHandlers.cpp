@@ -50,8 +50,7 @@ std::u16string_view CharacterAbove(std::u16string_view text, TextPos caret) {
   return above.empty() ? above : above.substr(0, FirstCharacterLength(above));
 }
 
-}  // namespace
-
+// Moves the caret to the beginning of a line of the document, counted from 1.
 void mnuGotoLine(Workbench& workbench) {
   CaptureInput(workbench);
   const std::u16string answer = workbench.prompts().Input({.prompt = u"指定要定位的行："});
@@ -67,6 +66,8 @@ void mnuGotoLine(Workbench& workbench) {
   }
 }
 
+// Types the character that stands above the caret: the one in the same column of the line above, columns counted in
+// characters. Nothing where there is none.
 void mnuCopyAboveChar(Workbench& workbench) {
   Editor& editor = workbench.editor();
   const std::u16string text = editor.Text();
@@ -74,6 +75,13 @@ void mnuCopyAboveChar(Workbench& workbench) {
   if (!above.empty()) {
     editor.ReplaceSelection(above);
   }
+}
+
+}  // namespace
+
+void AddCaretCommands(CommandTable& table) {
+  table.Add("mnuGotoLine", {&mnuGotoLine});
+  table.Add("mnuCopyAboveChar", {&mnuCopyAboveChar});
 }
 
 }  // namespace scrivanta

@@ -25,8 +25,6 @@ std::uint64_t PadTabs(Workbench& workbench) {
   return tabs;
 }
 
-}  // namespace
-
 void mnuDelEmptyLine(Workbench& workbench) {
   RunCleanup(workbench, u"DelEmptyLineOk.txt", DelEmptyLines);
 }
@@ -43,6 +41,15 @@ void mnuDelLineFromXtoY(Workbench& workbench, LineDialogs& dialogs) {
 void mnuAddTAB(Workbench& workbench) {
   const std::u16string tabs = DecimalText(PadTabs(workbench));
   workbench.prompts().Ask({.text = u"各行TAB符均已经加足至" + tabs + u"个", .title = u"提示"});
+}
+
+}  // namespace
+
+void AddCleanupCommands(CommandTable& table, LineDialogs& dialogs) {
+  table.Add("mnuDelEmptyLine", {&mnuDelEmptyLine});
+  table.Add("mnuTrimLine", {&mnuTrimLine});
+  table.Add("mnuDelLineFromXtoY", {[&dialogs](Workbench& workbench) { mnuDelLineFromXtoY(workbench, dialogs); }});
+  table.Add("mnuAddTAB", {&mnuAddTAB});
 }
 
 }  // namespace scrivanta

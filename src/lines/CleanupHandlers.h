@@ -2,13 +2,11 @@
 #pragma once
 
 #include "lines/LineDialogs.h"
-#include "shell/workbench/Workbench.h"
+#include "shell/workbench/CommandTable.h"
 
 namespace scrivanta {
 
-void mnuDelEmptyLine(Workbench& workbench);
-void mnuTrimLine(Workbench& workbench);
-void mnuDelLineFromXtoY(Workbench& workbench, LineDialogs& dialogs);
-void mnuAddTAB(Workbench& workbench);
+// The dialogs outlive the table.
+void AddCleanupCommands(CommandTable& table, LineDialogs& dialogs);
 
 }  // namespace scrivanta

@@ -43,9 +43,7 @@ void RunDuplicateFilter(Workbench& workbench, bool keepFirst, WholeTextEnd whole
   const std::unique_ptr<BusyWork> work = workbench.StartWork();
   CapturedInput input = CaptureInput(workbench, kInputFileName, wholeTextEnd);
   if (addLineBreak) {
-    input.text += u"\r\n";
-    input.bytes += "\r\n";
-    RewriteInputFile(input);
+    AddLineBreak(input);
   }
   ResultFile kept(workbench, u"FilterLineOk.txt");
   ResultFile report(workbench, u"FilterLineSameOk.txt");
@@ -70,7 +68,7 @@ void RunDuplicateFilter(Workbench& workbench, bool keepFirst, WholeTextEnd whole
   PutResultBack(workbench, input, collected);
 }
 
-// What the three questions of the filter over the whole text have given.
+// What the questions of the filter over the whole text have given.
 struct DuplicateChoice {
   std::u16string pattern;  // empty: without regular expressions
   bool keepFirst = true;
@@ -114,8 +112,6 @@ std::optional<DuplicateChoice> AskForDuplicateChoice(Workbench& workbench) {
   choice.key = key == Answer::kYes ? DuplicateKey::kFileName : DuplicateKey::kLine;
   return choice;
 }
-
-}  // namespace
 
 void mnuFilterNeedLine(Workbench& workbench) {
   const std::u16string keyword = workbench.prompts().Input(
@@ -172,6 +168,14 @@ void mnuFilterContinueRepeatLine(Workbench& workbench) {
                      [](LineReader& in, LineWriter& kept, LineWriter& report, Progress&) {
                        FilterConsecutiveDuplicates(in, kept, report, kWorkFileEncoding);
                      });
+}
+
+}  // namespace
+
+void AddFilterCommands(CommandTable& table) {
+  table.Add("mnuFilterNeedLine", {&mnuFilterNeedLine});
+  table.Add("mnuFilterRepeatLine", {&mnuFilterRepeatLine});
+  table.Add("mnuFilterContinueRepeatLine", {&mnuFilterContinueRepeatLine});
 }
 
 }  // namespace scrivanta

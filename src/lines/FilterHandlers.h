@@ -1,12 +1,10 @@
 // The commands of the menu that divide lines into groups.
 #pragma once
 
-#include "shell/workbench/Workbench.h"
+#include "shell/workbench/CommandTable.h"
 
 namespace scrivanta {
 
-void mnuFilterNeedLine(Workbench& workbench);
-void mnuFilterRepeatLine(Workbench& workbench);
-void mnuFilterContinueRepeatLine(Workbench& workbench);
+void AddFilterCommands(CommandTable& table);
 
 }  // namespace scrivanta

@@ -35,8 +35,14 @@ std::u16string FrmSortParameters::To() const {
   return ControlText(TxtSortTo);
 }
 
-bool FrmSortParameters::IsByNumber() const {
-  return IsChecked(OptNumber);
+SortBy FrmSortParameters::By() const {
+  if (IsChecked(OptNumber)) {
+    return SortBy::kNumber;
+  }
+  if (IsChecked(OptPinYin)) {
+    return SortBy::kPinyin;
+  }
+  return IsChecked(OptBiHua) ? SortBy::kStrokes : SortBy::kString;
 }
 
 bool FrmSortParameters::IsDescending() const {

@@ -19,7 +19,7 @@ class FrmSortParameters final : public Dialog, private SortView {
 
   std::u16string From() const override;
   std::u16string To() const override;
-  bool IsByNumber() const override;
+  SortBy By() const override;
   bool IsDescending() const override;
   void SetRange(const std::u16string& from, const std::u16string& to) override;
   void SetTotal(const std::u16string& total) override;

@@ -16,3 +16,5 @@
 #define OptShenXi 3862
 #define OptJiangXi 3863
 #define CmdSort 3864
+#define OptPinYin 3865
+#define OptBiHua 3866

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <string>
 
+#include "text/LineText.h"
+
 namespace scrivanta {
 
 namespace {
@@ -23,13 +25,7 @@ void DelEmptyLines(LineReader& in, LineWriter& out) {
 
 void TrimLines(LineReader& in, LineWriter& out) {
   while (in.Next()) {
-    const std::string_view line = in.line();
-    const std::size_t first = line.find_first_not_of(' ');
-    if (first == std::string_view::npos) {
-      out.WriteLine({});
-    } else {
-      out.WriteLine(line.substr(first, line.find_last_not_of(' ') + 1 - first));
-    }
+    out.WriteLine(TrimSpaces(std::string_view(in.line())));
   }
 }
 

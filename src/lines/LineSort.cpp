@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <span>
 
+#include "lines/HanziOrder.h"
 #include "lines/LineNumber.h"
 #include "lines/PacedProgress.h"
 #include "lines/StringOrder.h"
@@ -31,6 +32,23 @@ void SortByNumber(const LineStore& lines, std::span<KeyedLine> range, Encoding e
   });
 }
 
+void SortRange(const LineStore& lines, std::span<KeyedLine> range, const SortOptions& options, Progress& progress) {
+  switch (options.by) {
+    case SortBy::kString:
+      StringOrder(lines, options.encoding, progress).Sort(range);
+      break;
+    case SortBy::kNumber:
+      SortByNumber(lines, range, options.encoding, progress);
+      break;
+    case SortBy::kPinyin:
+      HanziOrder(lines, options.encoding, HanziOrderBy::kPinyin, progress).Sort(range);
+      break;
+    case SortBy::kStrokes:
+      HanziOrder(lines, options.encoding, HanziOrderBy::kStrokes, progress).Sort(range);
+      break;
+  }
+}
+
 }  // namespace
 
 void SortLines(const LineStore& lines, LineWriter& out, const SortOptions& options, Progress& progress) {
@@ -40,11 +58,7 @@ void SortLines(const LineStore& lines, LineWriter& out, const SortOptions& optio
   }
   if (options.first < options.last) {
     const std::span<KeyedLine> range = std::span(order).subspan(options.first - 1, options.last + 1 - options.first);
-    if (options.by == SortBy::kNumber) {
-      SortByNumber(lines, range, options.encoding, progress);
-    } else {
-      StringOrder(lines, options.encoding, progress).Sort(range);
-    }
+    SortRange(lines, range, options, progress);
   }
   if (options.descending) {
     std::ranges::reverse(order);

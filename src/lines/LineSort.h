@@ -14,6 +14,8 @@ namespace scrivanta {
 enum class SortBy {
   kString,  // the UTF-16 code units of the lines
   kNumber,  // the first number in every line; lines with the same number keep their order
+  kPinyin,  // as HanziOrder has them, here and below
+  kStrokes,
 };
 
 struct SortOptions {

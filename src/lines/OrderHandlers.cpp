@@ -7,9 +7,7 @@
 
 namespace scrivanta {
 
-void mnuSort(Workbench& workbench, LineDialogs& dialogs) {
-  dialogs.ShowSort(workbench);
-}
+namespace {
 
 void mnuRandOrder(Workbench& workbench) {
   const std::unique_ptr<BusyWork> work = workbench.StartWork();
@@ -34,6 +32,14 @@ void mnuStatistics(Workbench& workbench) {
     message += DecimalText(editor.CountDisplayLines(counted.text)) + u"：" + DecimalText(statistics.hardLines);
   }
   workbench.prompts().Ask({.text = message, .title = u"统计字符数", .icon = Icon::kInformation});
+}
+
+}  // namespace
+
+void AddOrderCommands(CommandTable& table, LineDialogs& dialogs) {
+  table.Add("mnuSort", {[&dialogs](Workbench& workbench) { dialogs.ShowSort(workbench); }});
+  table.Add("mnuRandOrder", {&mnuRandOrder});
+  table.Add("mnuStatistics", {&mnuStatistics});
 }
 
 }  // namespace scrivanta

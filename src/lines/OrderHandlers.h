@@ -2,12 +2,11 @@
 #pragma once
 
 #include "lines/LineDialogs.h"
-#include "shell/workbench/Workbench.h"
+#include "shell/workbench/CommandTable.h"
 
 namespace scrivanta {
 
-void mnuSort(Workbench& workbench, LineDialogs& dialogs);
-void mnuRandOrder(Workbench& workbench);
-void mnuStatistics(Workbench& workbench);
+// The dialogs outlive the table.
+void AddOrderCommands(CommandTable& table, LineDialogs& dialogs);
 
 }  // namespace scrivanta

@@ -9,6 +9,7 @@
 #include "regexp/LineBreakEscape.h"
 #include "regexp/Markers.h"
 #include "regexp/RegExpExtract.h"
+#include "text/LineText.h"
 
 namespace scrivanta {
 
@@ -117,7 +118,7 @@ void RegExpFilterDuplicates(LineReader& in, LineWriter& kept, LineWriter& report
     text.clear();
     DecodeAppend(encoding, in.line(), text);
     const std::vector<std::u16string> extracted = extractor.Extract(text);
-    if (extracted.empty() || seen.insert(JoinResults(extracted)).second) {
+    if (extracted.empty() || seen.insert(JoinLines(extracted)).second) {
       kept.WriteLine(in.line());
     } else {
       repeats.Add(in.line());

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 
-#include "lines/LineSort.h"
 #include "lines/LineWork.h"
 #include "text/DecimalText.h"
 #include "text/Numbers.h"
@@ -38,7 +37,7 @@ void SortDialog::Sort(SortView& view) {
                                       u"至" + DecimalText(last) + u"。",
                               .icon = Icon::kInformation});
   }
-  const SortOptions options{.by = view.IsByNumber() ? SortBy::kNumber : SortBy::kString,
+  const SortOptions options{.by = view.By(),
                             .descending = view.IsDescending(),
                             .first = static_cast<std::size_t>(first),
                             .last = static_cast<std::size_t>(last),
@@ -58,8 +57,8 @@ bool SortDialog::IsStillCaptured() const {
   if (editor.Selection().empty() != input_.selection.empty()) {
     return false;
   }
-  return input_.selection.empty() ? editor.Text() + u"\r\n" == input_.text
-                                  : editor.Selection() == input_.selection && editor.SelectedText() == input_.text;
+  return input_.selection.empty() ? editor.Text() == input_.OwnText()
+                                  : editor.Selection() == input_.selection && editor.SelectedText() == input_.OwnText();
 }
 
 // The window stays open, so what was sorted is captured and, when it was a selection, selected again. The range stays.

@@ -3,6 +3,7 @@
 
 #include <string>
 
+#include "lines/LineSort.h"
 #include "shell/workbench/ResultFiles.h"
 #include "text/Interface.h"
 
@@ -13,7 +14,7 @@ class SortView : public Interface {
  public:
   virtual std::u16string From() const = 0;  // TxtSortFrom
   virtual std::u16string To() const = 0;    // TxtSortTo
-  virtual bool IsByNumber() const = 0;      // OptNumber
+  virtual SortBy By() const = 0;            // OptNumber, OptString, OptPinYin, OptBiHua
   virtual bool IsDescending() const = 0;    // OptJiangXi
   virtual void SetRange(const std::u16string& from, const std::u16string& to) = 0;
   virtual void SetTotal(const std::u16string& total) = 0;  // LabTotalNum

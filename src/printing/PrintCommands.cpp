@@ -19,9 +19,8 @@ void Tell(Workbench& workbench, const std::u16string& text) {
 }
 
 // How many pages have been printed; nothing when the document has none of those that were asked for.
-std::size_t Print(Workbench& workbench, const PrintOrder& order, const PrintedText& text) {
+std::size_t Print(Workbench& workbench, const PrintOrder& order, const std::u16string& name, const PrintedText& text) {
   const std::unique_ptr<BusyWork> work = workbench.StartWork();
-  const std::u16string name = DocumentName(workbench.document());
   const std::size_t pages = order.job->LayOut(text, work->progress());
   const std::size_t first = std::max<std::size_t>(order.firstPage, 1) - 1;
   const std::size_t last = order.lastPage == 0 ? pages : std::min(order.lastPage, pages);
@@ -41,20 +40,14 @@ std::size_t Print(Workbench& workbench, const PrintOrder& order, const PrintedTe
 
 }  // namespace
 
-void mnuPrint(Workbench& workbench, PrintDialogs& dialogs) {
-  Editor& editor = workbench.editor();
-  PrintedText whole{.text = editor.Text()};
-  if (whole.text.empty()) {
-    Tell(workbench, u"文档是空的，没有可打印的内容！");
-    return;
-  }
-  const PrintedText selected{.text = editor.SelectedText(), .isSelection = true};
+void PrintUnderName(Workbench& workbench, PrintDialogs& dialogs, const std::u16string& name, const PrintedText& whole,
+                    const PrintedText& selected) {
   const std::optional<PrintOrder> order =
       dialogs.AskForOrder(ReadPageSetup(workbench.settings()), !selected.text.empty());
   if (!order) {
     return;
   }
-  const std::size_t printed = Print(workbench, *order, order->selectionOnly ? selected : whole);
+  const std::size_t printed = Print(workbench, *order, name, order->selectionOnly ? selected : whole);
   if (printed == 0) {
     Tell(workbench, u"文档没有这些页，什么也没有打印！");
   } else {
@@ -62,11 +55,26 @@ void mnuPrint(Workbench& workbench, PrintDialogs& dialogs) {
   }
 }
 
+namespace {
+
+void mnuPrint(Workbench& workbench, PrintDialogs& dialogs) {
+  Editor& editor = workbench.editor();
+  const PrintedText whole{.text = editor.Text()};
+  if (whole.text.empty()) {
+    Tell(workbench, u"文档是空的，没有可打印的内容！");
+    return;
+  }
+  PrintUnderName(workbench, dialogs, DocumentName(workbench.document()), whole,
+                 {.text = editor.SelectedText(), .isSelection = true});
+}
+
 void mnuShowPageSetupDlg(Workbench& workbench, PrintDialogs& dialogs) {
   if (const std::optional<PageSetup> setup = dialogs.AskForSetup(ReadPageSetup(workbench.settings()))) {
     SavePageSetup(*setup, workbench.settings());
   }
 }
+
+}  // namespace
 
 void RegisterPrintCommands(CommandTable& table, PrintDialogs& dialogs) {
   table.Add("mnuPrint", {[&dialogs](Workbench& workbench) { mnuPrint(workbench, dialogs); }});

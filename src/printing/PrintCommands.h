@@ -13,7 +13,7 @@
 
 namespace scrivanta {
 
-// What is to be printed: the document's text, or that of its selection.
+// What is to be printed: a text, the document's or another, or that of its selection.
 struct PrintedText {
   std::u16string text;
   bool isSelection = false;
@@ -52,8 +52,11 @@ class PrintDialogs : public Interface {
   virtual std::optional<PageSetup> AskForSetup(const PageSetup& setup) = 0;
 };
 
-void mnuPrint(Workbench& workbench, PrintDialogs& dialogs);
-void mnuShowPageSetupDlg(Workbench& workbench, PrintDialogs& dialogs);
+// Asks for the order and prints; the name stands above each page.
+void PrintUnderName(Workbench& workbench, PrintDialogs& dialogs, const std::u16string& name, const PrintedText& whole,
+                    const PrintedText& selected = {});
+
+// The dialogs outlive the table.
 void RegisterPrintCommands(CommandTable& table, PrintDialogs& dialogs);
 
 }  // namespace scrivanta

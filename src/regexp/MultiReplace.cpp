@@ -3,7 +3,6 @@
 #include <utility>
 
 #include "regexp/Markers.h"
-#include "regexp/SourceText.h"
 #include "text/ExplainedError.h"
 
 namespace scrivanta {
@@ -11,33 +10,6 @@ namespace scrivanta {
 namespace {
 
 constexpr std::size_t kPlacesPerReport = 1024;
-
-std::vector<std::u16string> SplitList(std::u16string_view list) {
-  std::vector<std::u16string> items;
-  for (;;) {
-    const std::size_t end = list.find(u'|');
-    items.emplace_back(list.substr(0, end));
-    if (end == std::u16string_view::npos) {
-      return items;
-    }
-    list.remove_prefix(end + 1);
-  }
-}
-
-std::vector<MultiReplace::Pair> PairUp(std::u16string_view findList, std::u16string_view replaceList) {
-  std::vector<std::u16string> finds = SplitList(findList);
-  std::vector<std::u16string> replacements = SplitList(replaceList);
-  if (finds.size() != replacements.size()) {
-    throw ExplainedError("the lists of texts to find and to put in their place differ in length",
-                         u"寻找、替换个数不相等！");
-  }
-  std::vector<MultiReplace::Pair> pairs;
-  pairs.reserve(finds.size());
-  for (std::size_t i = 0; i < finds.size(); ++i) {
-    pairs.push_back({std::move(finds[i]), std::move(replacements[i])});
-  }
-  return pairs;
-}
 
 std::size_t ReplaceLiterally(std::u16string& text, const LiteralFinder& find, std::u16string_view replacement,
                              Progress& progress) {
@@ -63,6 +35,33 @@ std::size_t ReplaceLiterally(std::u16string& text, const LiteralFinder& find, st
 }
 
 }  // namespace
+
+std::vector<std::u16string> ItemsOfList(std::u16string_view list) {
+  std::vector<std::u16string> items;
+  for (;;) {
+    const std::size_t end = list.find(u'|');
+    items.emplace_back(list.substr(0, end));
+    if (end == std::u16string_view::npos) {
+      return items;
+    }
+    list.remove_prefix(end + 1);
+  }
+}
+
+std::vector<MultiReplace::Pair> MultiReplace::PairUp(std::u16string_view findList, std::u16string_view replaceList) {
+  std::vector<std::u16string> finds = ItemsOfList(findList);
+  std::vector<std::u16string> replacements = ItemsOfList(replaceList);
+  if (finds.size() != replacements.size()) {
+    throw ExplainedError("the lists of texts to find and to put in their place differ in length",
+                         u"寻找、替换个数不相等！");
+  }
+  std::vector<Pair> pairs;
+  pairs.reserve(finds.size());
+  for (std::size_t i = 0; i < finds.size(); ++i) {
+    pairs.push_back({std::move(finds[i]), std::move(replacements[i])});
+  }
+  return pairs;
+}
 
 MultiReplace::MultiReplace(std::u16string_view findList, std::u16string_view replaceList, bool ignoreCase)
     : MultiReplace(PairUp(findList, replaceList), ignoreCase) {}
@@ -91,28 +90,6 @@ std::size_t MultiReplace::Apply(std::u16string& text, Progress& progress) const 
   }
   text = std::move(result);
   return count;
-}
-
-std::u16string MultiReplaceInFile(std::u16string_view source, std::u16string_view findList,
-                                  std::u16string_view replaceList, bool ignoreCase, Progress& progress) {
-  const MultiReplace replace(findList, replaceList, ignoreCase);
-  const SourceText input(source);
-  std::u16string text = input.text();
-  replace.Apply(text, progress);
-  input.Write(text);
-  return text;
-}
-
-void MultiReplaceInList(std::vector<std::u16string>& lines, std::u16string_view findList,
-                        std::u16string_view replaceList, bool ignoreCase, std::size_t& count, Progress& progress) {
-  const MultiReplace replace(findList, replaceList, ignoreCase);
-  std::vector<std::u16string> results = lines;
-  std::size_t replaced = 0;
-  for (std::u16string& line : results) {
-    replaced += replace.Apply(line, progress);
-  }
-  lines = std::move(results);
-  count += replaced;
 }
 
 }  // namespace scrivanta

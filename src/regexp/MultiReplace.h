@@ -12,6 +12,9 @@
 
 namespace scrivanta {
 
+// The items of a list, empty ones too.
+std::vector<std::u16string> ItemsOfList(std::u16string_view list);
+
 // Two lists of unequal length ("寻找、替换个数不相等！"): throws ExplainedError, and nothing is changed.
 class MultiReplace {
  public:
@@ -20,6 +23,8 @@ class MultiReplace {
     std::u16string find;
     std::u16string replacement;
   };
+
+  static std::vector<Pair> PairUp(std::u16string_view findList, std::u16string_view replaceList);
 
   MultiReplace(std::u16string_view findList, std::u16string_view replaceList, bool ignoreCase);
   MultiReplace(std::vector<Pair> pairs, bool ignoreCase);
@@ -36,14 +41,5 @@ class MultiReplace {
 
   std::vector<Item> items_;
 };
-
-// Replaces in a file, or in the text itself when it names none, and returns the result. A file is replaced in one step
-// and keeps its encoding and line ends. Throws as above, and FileError.
-std::u16string MultiReplaceInFile(std::u16string_view source, std::u16string_view findList,
-                                  std::u16string_view replaceList, bool ignoreCase, Progress& progress);
-
-// Replaces in every line; count grows by the number of places. Throws as above; the lines are then as they were.
-void MultiReplaceInList(std::vector<std::u16string>& lines, std::u16string_view findList,
-                        std::u16string_view replaceList, bool ignoreCase, std::size_t& count, Progress& progress);
 
 }  // namespace scrivanta

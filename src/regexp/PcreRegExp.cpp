@@ -314,7 +314,7 @@ std::unique_ptr<PcreRegExp::Program> PcreRegExp::MakeProgram(bool watched) const
   return std::make_unique<Program>(pattern_, options, watched ? kWatchedStack : kUnwatchedStack);
 }
 
-void PcreRegExp::Scan(std::u16string_view text, std::size_t from, const RegExpVisitor& visit, Progress& progress) {
+void PcreRegExp::ScanAll(std::u16string_view text, std::size_t from, const RegExpVisitor& visit, Progress& progress) {
   Search(*this, text, progress).Run(from, visit);
 }
 

@@ -20,7 +20,6 @@ class PcreRegExp final : public RegExp {
   PcreRegExp(std::u16string_view pattern, RegExpOptions options);
   ~PcreRegExp() override;
 
-  void Scan(std::u16string_view text, std::size_t from, const RegExpVisitor& visit, Progress& progress) override;
   std::size_t groupCount() const noexcept override { return pattern_.groups.size(); }
   bool StaysInLine() const noexcept override { return pattern_.staysInLine; }
 
@@ -28,6 +27,7 @@ class PcreRegExp final : public RegExp {
   class Program;
   class Search;
 
+  void ScanAll(std::u16string_view text, std::size_t from, const RegExpVisitor& visit, Progress& progress) override;
   std::unique_ptr<Program> MakeProgram(bool watched) const;
 
   PcrePattern pattern_;

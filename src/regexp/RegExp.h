@@ -36,8 +36,9 @@ using RegExpVisitor = std::function<bool(const RegExpMatch&)>;
 class RegExp : public Interface {
  public:
   // Visits the matches that start at `from` or later, from left to right, none overlapping the one before it. After an
-  // empty match the search goes on one character further, so it always ends. Throws RegExpTooComplex, Interrupted.
-  virtual void Scan(std::u16string_view text, std::size_t from, const RegExpVisitor& visit, Progress& progress) = 0;
+  // empty match the search goes on one character further, so it always ends. A line break is one place: an empty match
+  // between the two characters of CR LF is passed over. Throws RegExpTooComplex, Interrupted.
+  void Scan(std::u16string_view text, std::size_t from, const RegExpVisitor& visit, Progress& progress);
   virtual std::size_t groupCount() const noexcept = 0;
   // Whether no match holds a line feed or minds what is beyond one. A text may then be searched in pieces that end
   // behind a line feed; only a match at the very end of a piece is none of the text, unless the piece is the last one.
@@ -45,6 +46,10 @@ class RegExp : public Interface {
 
   // Whether the pattern matches anywhere in the text.
   bool Matches(std::u16string_view text, Progress& progress);
+
+ private:
+  // As Scan, but with the matches within line breaks.
+  virtual void ScanAll(std::u16string_view text, std::size_t from, const RegExpVisitor& visit, Progress& progress) = 0;
 };
 
 class RegExpEngine : public Interface {

@@ -4,6 +4,8 @@
 #include <utility>
 
 #include "regexp/LineBreakEscape.h"
+#include "text/ExplainedError.h"
+#include "text/LineText.h"
 #include "text/Numbers.h"
 
 namespace scrivanta {
@@ -70,14 +72,18 @@ void RegExpExtractor::VisitOnce(std::u16string_view text, const ExtractVisitor& 
 }
 
 std::u16string RegExpExtractor::ExtractUntilNothingChanges(std::u16string_view result) {
-  // Every round that changes the text takes something away from it or breaks it up, so there are not more rounds than
-  // characters.
+  // A round takes something away, as a rule, so there are not more rounds than characters. What a round adds, the next
+  // one would add again.
   std::u16string text(result);
   for (std::size_t rounds = text.size(); rounds > 0 && text.size() > 1; --rounds) {
     std::u16string next;
-    VisitOnce(text, [&next](std::u16string_view part) { AppendResult(next, part); });
+    VisitOnce(text, [&next](std::u16string_view part) { AppendLine(next, part); });
     if (next.empty() || next == text) {
       break;
+    }
+    if (next.size() > text.size()) {
+      throw ExplainedError("extracting again makes the text longer and would not come to an end",
+                           u"重复提取使文本越来越长，不会结束，放弃提取。");
     }
     text = std::move(next);
   }
@@ -104,45 +110,10 @@ std::u16string_view RegExpExtractor::ResultOf(const RegExpMatch& match) {
   return joinedGroups_;
 }
 
-void AppendResult(std::u16string& joined, std::u16string_view result) {
-  if (!joined.empty()) {
-    joined += u"\r\n";
-  }
-  joined += result;
-}
-
 std::vector<std::u16string> ExtractFromText(const RegExpEngine& engine, std::u16string_view text,
                                             std::u16string_view pattern, const RegExpExtractOptions& options,
                                             Progress& progress) {
   return RegExpExtractor(engine, pattern, options, progress).Extract(text);
-}
-
-std::u16string RegExpExtract(const RegExpEngine& engine, std::u16string_view source, std::u16string_view pattern,
-                             const RegExpExtractOptions& options, WriteBack writeBack, Progress& progress,
-                             std::vector<std::u16string>* matches) {
-  const SourceText input(source);
-  std::vector<std::u16string> results = ExtractFromText(engine, input.text(), pattern, options, progress);
-  std::u16string joined = JoinResults(results);
-  if (writeBack == WriteBack::kYes && !joined.empty()) {
-    input.Write(joined);
-  }
-  if (matches != nullptr) {
-    *matches = std::move(results);
-  }
-  return joined;
-}
-
-std::u16string JoinResults(const std::vector<std::u16string>& results) {
-  std::size_t size = 0;
-  for (const std::u16string& result : results) {
-    size += result.size() + 2;
-  }
-  std::u16string joined;
-  joined.reserve(size);
-  for (const std::u16string& result : results) {
-    AppendResult(joined, result);
-  }
-  return joined;
 }
 
 }  // namespace scrivanta

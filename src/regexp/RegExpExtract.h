@@ -8,14 +8,13 @@
 #include <vector>
 
 #include "regexp/RegExp.h"
-#include "regexp/SourceText.h"
 
 namespace scrivanta {
 
 struct RegExpExtractOptions {
   bool ignoreCase = false;
   // Extracts again from every result of two or more characters, until nothing changes any more. A result in which the
-  // pattern is not found any more stays.
+  // pattern is not found any more stays. One that becomes longer is an error: it might do so without end.
   bool repeat = false;
   // Numbers of groups from 1, separated by "\". When there are some, a result is those groups in that order, else the
   // whole match. A group that took no part, or that the pattern does not have, is empty. A pattern without "(" is
@@ -57,20 +56,9 @@ class RegExpExtractor {
 
 // Matches everywhere, with ^ and $ at every line. A carriage return at the end of a match is dropped, unless the
 // pattern ends with the four characters \r\n. Empty results are left out. Throws RegExpSyntaxError, RegExpTooComplex,
-// Interrupted.
+// ExplainedError for a repetition that lengthens a result, Interrupted.
 std::vector<std::u16string> ExtractFromText(const RegExpEngine& engine, std::u16string_view text,
                                             std::u16string_view pattern, const RegExpExtractOptions& options,
                                             Progress& progress);
-
-// Puts a result behind others, a line break (CR LF) between them. No result is empty.
-void AppendResult(std::u16string& joined, std::u16string_view result);
-// Extracts from a text, or from the file that it names, and gives the results as one text. Matches receives them one by
-// one. With kYes a result that is not empty is written over the file. Throws as ExtractFromText, and FileError.
-std::u16string RegExpExtract(const RegExpEngine& engine, std::u16string_view source, std::u16string_view pattern,
-                             const RegExpExtractOptions& options, WriteBack writeBack, Progress& progress,
-                             std::vector<std::u16string>* matches = nullptr);
-
-// The results as one text, separated by line breaks (CR LF).
-std::u16string JoinResults(const std::vector<std::u16string>& results);
 
 }  // namespace scrivanta

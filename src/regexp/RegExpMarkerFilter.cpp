@@ -3,7 +3,7 @@
 #include "regexp/Markers.h"
 #include "regexp/RegExpExtract.h"
 #include "regexp/RegExpReplace.h"
-#include "regexp/SourceText.h"
+#include "text/LineText.h"
 
 namespace scrivanta {
 
@@ -37,16 +37,11 @@ std::u16string MarkerFilterText(const RegExpEngine& engine, std::u16string_view 
   if (mode == MarkerFilterMode::kRemove) {
     return JoinPieces(ReplaceInText(engine, text, patterns, kSplitMarker, {.ignoreCase = ignoreCase}, progress));
   }
-  std::u16string result = JoinResults(ExtractFromText(engine, text, patterns, {.ignoreCase = ignoreCase}, progress));
+  std::u16string result = JoinLines(ExtractFromText(engine, text, patterns, {.ignoreCase = ignoreCase}, progress));
   if (!result.empty()) {
     result += kLineBreak;
   }
   return result;
-}
-
-std::u16string RegExpMarkerFilter(const RegExpEngine& engine, std::u16string_view source, std::u16string_view patterns,
-                                  MarkerFilterMode mode, bool ignoreCase, Progress& progress) {
-  return MarkerFilterText(engine, SourceText(source).text(), patterns, mode, ignoreCase, progress);
 }
 
 }  // namespace scrivanta

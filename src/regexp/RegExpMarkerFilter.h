@@ -17,8 +17,4 @@ enum class MarkerFilterMode {
 std::u16string MarkerFilterText(const RegExpEngine& engine, std::u16string_view text, std::u16string_view patterns,
                                 MarkerFilterMode mode, bool ignoreCase, Progress& progress);
 
-// The same for a text, or for the file that it names, which stays as it is. Throws FileError too.
-std::u16string RegExpMarkerFilter(const RegExpEngine& engine, std::u16string_view source, std::u16string_view patterns,
-                                  MarkerFilterMode mode, bool ignoreCase, Progress& progress);
-
 }  // namespace scrivanta

@@ -17,7 +17,10 @@ class ObjectRegExp final : public RegExp {
                std::size_t groupCount)
       : object_(std::move(object)), pattern_(pattern), options_(options), groupCount_(groupCount) {}
 
-  void Scan(std::u16string_view text, std::size_t from, const RegExpVisitor& visit, Progress& progress) override {
+  std::size_t groupCount() const noexcept override { return groupCount_; }
+
+ private:
+  void ScanAll(std::u16string_view text, std::size_t from, const RegExpVisitor& visit, Progress& progress) override {
     std::size_t count = 0;
     object_->Execute(pattern_, options_, text, [&](const RegExpMatch& match) {
       if (++count % kMatchesPerReport == 0) {
@@ -26,9 +29,7 @@ class ObjectRegExp final : public RegExp {
       return match.start < from || visit(match);
     });
   }
-  std::size_t groupCount() const noexcept override { return groupCount_; }
 
- private:
   std::unique_ptr<RegExpObject> object_;
   std::u16string pattern_;
   RegExpOptions options_;

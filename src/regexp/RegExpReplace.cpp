@@ -5,6 +5,7 @@
 #include "regexp/LineBreakEscape.h"
 #include "regexp/RegExpReplacer.h"
 #include "text/ExplainedError.h"
+#include "text/LineText.h"
 
 namespace scrivanta {
 
@@ -67,18 +68,6 @@ std::u16string ReplaceInText(const RegExpEngine& engine, std::u16string_view tex
   std::u16string result = replacer.Replace(text, progress);
   if (count != nullptr) {
     *count = replacer.count();
-  }
-  return result;
-}
-
-std::u16string RegExpReplace(const RegExpEngine& engine, std::u16string_view source, std::u16string_view pattern,
-                             std::u16string_view replacement, RegExpReplaceOptions options, WriteBack writeBack,
-                             Progress& progress) {
-  const SourceText input(source);
-  options.keepsLineFeeds = options.keepsLineFeeds || input.keepsLineEnds();
-  std::u16string result = ReplaceInText(engine, input.text(), pattern, replacement, options, progress);
-  if (writeBack == WriteBack::kYes) {
-    input.Write(result);
   }
   return result;
 }

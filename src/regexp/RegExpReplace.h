@@ -7,7 +7,6 @@
 
 #include "regexp/RegExp.h"
 #include "regexp/RegExpReplacer.h"
-#include "regexp/SourceText.h"
 
 namespace scrivanta {
 
@@ -47,11 +46,5 @@ class TextReplacer {
 std::u16string ReplaceInText(const RegExpEngine& engine, std::u16string_view text, std::u16string_view pattern,
                              std::u16string_view replacement, RegExpReplaceOptions options, Progress& progress,
                              std::size_t* count = nullptr);
-
-// The same in a text, or in the file that it names; with kYes the result is written over the file. Throws FileError
-// too.
-std::u16string RegExpReplace(const RegExpEngine& engine, std::u16string_view source, std::u16string_view pattern,
-                             std::u16string_view replacement, RegExpReplaceOptions options, WriteBack writeBack,
-                             Progress& progress);
 
 }  // namespace scrivanta

@@ -2,13 +2,11 @@
 
 #include <utility>
 
+#include "text/LineText.h"
+
 namespace scrivanta {
 
 namespace {
-
-bool IsDigit(char16_t c) {
-  return c >= u'0' && c <= u'9';
-}
 
 // A ( with a ) somewhere behind it on the same line, escaped or not.
 bool LooksGrouped(std::u16string_view pattern) {
@@ -19,15 +17,6 @@ bool LooksGrouped(std::u16string_view pattern) {
     }
   }
   return false;
-}
-
-// One without a carriage return before it.
-std::size_t FindLoneLineFeed(std::u16string_view text, std::size_t from) {
-  std::size_t found = text.find(u'\n', from);
-  while (found != std::u16string_view::npos && found > 0 && text[found - 1] == u'\r') {
-    found = text.find(u'\n', found + 1);
-  }
-  return found;
 }
 
 // \1 and its like become $1; a replacement that has some also gets full line breaks, as every text replaced does.
@@ -57,20 +46,5 @@ RegExpReplacer::RegExpReplacer(const RegExpEngine& engine, std::u16string_view p
                                RegExpOptions options)
     : regExp_(engine.Compile(WithGroup(pattern, replacement), options)),
       template_(WithDollarReferences(replacement), regExp_->groupCount()) {}
-
-std::u16string WithFullLineBreaks(std::u16string text) {
-  std::size_t lineFeed = FindLoneLineFeed(text, 0);
-  if (lineFeed == std::u16string::npos) {
-    return text;
-  }
-  std::u16string result;
-  result.reserve(text.size() + text.size() / 16);
-  std::size_t copied = 0;  // of the text
-  for (; lineFeed != std::u16string::npos; lineFeed = FindLoneLineFeed(text, copied)) {
-    result.append(text, copied, lineFeed - copied).append(u"\r\n");
-    copied = lineFeed + 1;
-  }
-  return result.append(text, copied);
-}
 
 }  // namespace scrivanta

@@ -30,7 +30,4 @@ class RegExpReplacer {
   ReplacementTemplate template_;
 };
 
-// Every line feed, with the carriage return before it if there is one, becomes CR LF.
-std::u16string WithFullLineBreaks(std::u16string text);
-
 }  // namespace scrivanta

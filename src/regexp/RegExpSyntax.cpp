@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "regexp/RegExpErrors.h"
+#include "text/LineText.h"
 
 namespace scrivanta {
 
@@ -15,10 +16,6 @@ constexpr unsigned kDeepestNesting = 100;
 constexpr unsigned kHighestCount = 65535;
 
 constexpr char16_t kBackspace = 8;
-
-bool IsDigit(char16_t c) {
-  return c >= u'0' && c <= u'9';
-}
 
 bool IsOctalDigit(char16_t c) {
   return c >= u'0' && c <= u'7';

@@ -9,6 +9,7 @@
 
 #include "win/Automation.h"
 #include "win/Handles.h"
+#include "win/SystemFolders.h"
 
 namespace scrivanta {
 
@@ -57,12 +58,6 @@ class ScriptingRegExp final : public RegExpObject {
   AutomationObject object_;
 };
 
-std::wstring SystemFolder() {
-  std::wstring folder(MAX_PATH, L'\0');
-  folder.resize(GetSystemDirectoryW(folder.data(), MAX_PATH));
-  return folder + L'\\';
-}
-
 }  // namespace
 
 std::unique_ptr<RegExpObject> ScrivantaRegExpObjectSource::Create() {
@@ -71,13 +66,15 @@ std::unique_ptr<RegExpObject> ScrivantaRegExpObjectSource::Create() {
 }
 
 void ScrivantaRegExpObjectSource::Register() {
-  std::wstring command = L"regsvr32 /s " + SystemFolder() + kLibrary;
+  const std::filesystem::path program = SystemProgram(u"regsvr32.exe");
+  std::wstring command = L"regsvr32 /s " + (SystemFolder() / kLibrary).native();
   STARTUPINFOW startup{};
   startup.cb = sizeof(startup);
   startup.dwFlags = STARTF_USESHOWWINDOW;
   startup.wShowWindow = SW_SHOWMINIMIZED;
   PROCESS_INFORMATION started{};
-  if (CreateProcessW(nullptr, command.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &startup, &started)) {
+  if (CreateProcessW(program.c_str(), command.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &startup,
+                     &started)) {
     const OwnedKernelObject thread(started.hThread);
     const OwnedKernelObject process(started.hProcess);
     WaitForSingleObject(started.hProcess, kLongestRegistration);

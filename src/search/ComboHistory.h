@@ -25,9 +25,4 @@ class ComboHistory {
   std::vector<std::u16string> items_;
 };
 
-// Items as one setting: one a line.
-std::u16string JoinLines(const std::vector<std::u16string>& items);
-// Without empty ones.
-std::vector<std::u16string> SplitLines(std::u16string_view text);
-
 }  // namespace scrivanta

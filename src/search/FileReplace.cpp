@@ -2,18 +2,27 @@
 
 #include <memory>
 #include <optional>
+#include <utility>
 
 #include "regexp/MultiReplace.h"
 #include "regexp/RegExpReplace.h"
 #include "rtf/RtfText.h"
-#include "search/FileProgress.h"
 #include "search/FileText.h"
 #include "search/FindPlaces.h"
 #include "text/AtomicFile.h"
+#include "text/DecimalText.h"
+#include "text/FileProgress.h"
+#include "text/LineText.h"
 
 namespace scrivanta {
 
 namespace {
+
+struct FileOutcome {
+  std::size_t replaced = 0;
+  std::size_t split = 0;
+  bool isBinary = false;
+};
 
 class Replacement {
  public:
@@ -21,30 +30,30 @@ class Replacement {
     if (state.isRegExp) {
       engine.Compile(state.findText, {});
     } else {
-      plain_ = std::make_unique<MultiReplace>(state.findText, state.replacement, !state.matchesCase);
+      pairs_ = MultiReplace::PairUp(state.findText, state.replacement);
+      plain_ = std::make_unique<MultiReplace>(pairs_, !state.matchesCase);
     }
   }
 
-  // Returns the number of places; without any the file is not touched.
-  std::size_t ApplyTo(const std::filesystem::path& path, Progress& progress) const {
+  // Where nothing is replaced the file is not touched.
+  FileOutcome ApplyTo(const std::filesystem::path& path, Progress& progress) const {
     std::optional<FileText> file = ReadFileText(path);
     if (!file) {
-      return 0;
+      return {.isBinary = true};
     }
-    std::size_t count = 0;
+    FileOutcome outcome;
     std::string bytes;
     if (!file->rtf.empty()) {
-      RtfText::Outcome outcome = RtfText(file->rtf).Replace(FindReplacements(file->text, state_, engine_, progress));
-      count = outcome.replaced;
-      bytes = std::move(outcome.rtf);
+      outcome = ReplaceRichText(file->rtf, progress);
+      bytes = std::move(file->rtf);
     } else {
-      count = ReplaceText(*file, progress);
-      bytes = count > 0 ? EncodeDocument(file->text, file->format) : std::string();
+      outcome.replaced = ReplaceText(*file, progress);
+      bytes = outcome.replaced > 0 ? EncodeDocument(file->text, file->format) : std::string();
     }
-    if (count > 0) {
+    if (outcome.replaced > 0) {
       ReplaceFileContent(path, bytes);
     }
-    return count;
+    return outcome;
   }
 
  private:
@@ -53,27 +62,64 @@ class Replacement {
       return plain_->Apply(file.text, progress);
     }
     std::size_t count = 0;
-    const bool keepsLineFeeds = file.format.lineEnds == DocumentLineEnds::kMixed;
+    const bool keepsLineEnds = file.format.lineEnds == DocumentLineEnds::kMixed;
     file.text = ReplaceInText(engine_, file.text, state_.findText, state_.replacement,
-                              {.ignoreCase = !state_.matchesCase, .keepsLineFeeds = keepsLineFeeds}, progress, &count);
+                              {.ignoreCase = !state_.matchesCase, .keepsLineFeeds = keepsLineEnds}, progress, &count);
+    if (!keepsLineEnds) {
+      file.text = WithOnlyFullLineBreaks(file.text);  // as in a document
+    }
     return count;
+  }
+
+  FileOutcome ReplaceRichText(std::string& rtf, Progress& progress) const {
+    FileOutcome outcome;
+    if (state_.isRegExp) {
+      ReplaceOnce(rtf, state_, outcome, progress);
+    }
+    FindState state = state_;
+    for (const MultiReplace::Pair& pair : pairs_) {
+      state.findText = pair.find;
+      state.replacement = pair.replacement;
+      if (!pair.find.empty()) {
+        ReplaceOnce(rtf, state, outcome, progress);
+      }
+    }
+    return outcome;
+  }
+
+  void ReplaceOnce(std::string& rtf, const FindState& state, FileOutcome& outcome, Progress& progress) const {
+    const RtfText text(rtf);
+    RtfText::Outcome once = text.Replace(FindReplacements(text.text(), state, engine_, progress));
+    outcome.replaced += once.replaced;
+    outcome.split += once.split;
+    if (once.replaced > 0) {
+      rtf = std::move(once.rtf);
+    }
   }
 
   const FindState& state_;
   const RegExpEngine& engine_;
-  std::unique_ptr<MultiReplace> plain_;  // null when the find text is a pattern
+  // None when the find text is a pattern.
+  std::vector<MultiReplace::Pair> pairs_;
+  std::unique_ptr<MultiReplace> plain_;
 };
 
 void ReplaceInFile(const std::filesystem::path& path, const Replacement& replacement, FileReplaceOutcome& outcome,
                    Progress& progress) {
   try {
-    const std::size_t count = replacement.ApplyTo(path, progress);
-    outcome.replaced += count;
-    outcome.changedFiles += count > 0 ? 1 : 0;
+    const FileOutcome file = replacement.ApplyTo(path, progress);
+    outcome.replaced += file.replaced;
+    outcome.changedFiles += file.replaced > 0 ? 1 : 0;
+    outcome.split += file.split;
+    if (file.isBinary) {
+      outcome.leftOver.push_back({path, u"不是文本文件"});
+    } else if (file.split > 0) {
+      outcome.leftOver.push_back({path, u"有" + DecimalText(file.split) + u"处被格式代码分开"});
+    }
   } catch (const Interrupted&) {
     throw;
   } catch (const std::exception& error) {
-    outcome.failures.push_back({path, FailureReason(error)});
+    outcome.leftOver.push_back(FailureOf(path, error));
   }
 }
 
@@ -84,16 +130,19 @@ FileReplaceOutcome ReplaceInFiles(const std::vector<std::filesystem::path>& file
   const Replacement replacement(state, engine);
   FileReplaceOutcome outcome;
   FileProgress fileProgress(progress, files.size());
-  std::size_t done = 0;
+  auto next = files.begin();
   try {
-    for (const std::filesystem::path& path : files) {
-      ReplaceInFile(path, replacement, outcome, fileProgress);
-      ++done;
+    while (next != files.end()) {
+      ReplaceInFile(*next, replacement, outcome, fileProgress);
+      ++next;
       fileProgress.FileDone();
     }
   } catch (const Interrupted&) {
     // What is done is done, and the user must know of it.
-    outcome.untouchedFiles = files.size() - done;
+    for (; next != files.end(); ++next) {
+      outcome.leftOver.push_back({*next, u"中断时还没有替换"});
+      ++outcome.untouchedFiles;
+    }
   }
   return outcome;
 }

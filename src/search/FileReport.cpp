@@ -4,6 +4,7 @@
 
 #include "search/FindTokens.h"
 #include "text/DecimalText.h"
+#include "text/LineText.h"
 #include "text/PlatformFile.h"
 
 namespace scrivanta {
@@ -11,7 +12,6 @@ namespace scrivanta {
 namespace {
 
 constexpr std::u16string_view kLineBreak = u"\r\n";
-constexpr std::size_t kMostFailuresShown = 20;
 
 // No line but that of a path may hold the mark.
 std::u16string Unmarked(std::u16string_view text) {
@@ -49,18 +49,6 @@ std::u16string ReportOf(const FileSearchResult& result, std::u16string_view find
     }
   }
   return report;
-}
-
-std::u16string DescribeFailures(const std::vector<FileFailure>& failures) {
-  std::u16string text;
-  for (std::size_t i = 0; i < std::min(failures.size(), kMostFailuresShown); ++i) {
-    text += i == 0 ? u"\n以下文件未能替换：\n" : u"\n";
-    text += TextOfPath(failures[i].path) + u"：" + failures[i].reason;
-  }
-  if (failures.size() > kMostFailuresShown) {
-    text += u"\n……共" + DecimalText(failures.size()) + u"个文件";
-  }
-  return text;
 }
 
 std::vector<std::filesystem::path> PathsOfLines(std::u16string_view text, PathLines which) {

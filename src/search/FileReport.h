@@ -17,9 +17,6 @@ inline constexpr std::u16string_view kPathMark = u"``";
 // those that could not be searched. Lines end with CR LF.
 std::u16string ReportOf(const FileSearchResult& result, std::u16string_view findText);
 
-// Up to twenty of them, one a line, each line begun by a line feed.
-std::u16string DescribeFailures(const std::vector<FileFailure>& failures);
-
 enum class PathLines {
   kMarked,  // only lines with the mark, the path behind it
   kAll,     // others too, the whole line a path

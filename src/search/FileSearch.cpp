@@ -3,8 +3,9 @@
 #include <algorithm>
 #include <optional>
 
-#include "search/FileProgress.h"
+#include "regexp/MultiReplace.h"
 #include "search/FileText.h"
+#include "text/FileProgress.h"
 #include "text/LiteralFinder.h"
 
 namespace scrivanta {
@@ -15,12 +16,21 @@ namespace {
 constexpr std::size_t kLongestLine = 200;
 constexpr std::size_t kMostBefore = 100;
 
-// What is to be found, made ready once for all files.
+// What is to be found, made ready once for all files. A plain text is a list, as it is for replacing.
 class Query {
  public:
-  Query(const FindState& state, const RegExpEngine& engine) : finder_(state.findText, !state.matchesCase) {
+  Query(const FindState& state, const RegExpEngine& engine) {
     if (state.isRegExp) {
       regExp_ = engine.Compile(state.findText, {.ignoreCase = !state.matchesCase, .multiLine = true});
+      return;
+    }
+    for (const std::u16string& item : ItemsOfList(state.findText)) {
+      if (!item.empty()) {
+        finders_.emplace_back(item, !state.matchesCase);
+      }
+    }
+    if (finders_.empty()) {
+      finders_.emplace_back(state.findText, !state.matchesCase);  // nothing but the sign itself
     }
   }
 
@@ -40,17 +50,35 @@ class Query {
             return true;
           },
           progress);
-      return count;
-    }
-    for (std::size_t at = finder_.Find(text, 0, progress); at != LiteralFinder::kNotFound;
-         at = finder_.Find(text, at + finder_.length(), progress)) {
-      note(at);
+    } else {
+      VisitPlain(text, note, progress);
     }
     return count;
   }
 
  private:
-  LiteralFinder finder_;
+  // From left to right, none overlapping another.
+  void VisitPlain(std::u16string_view text, const auto& visit, Progress& progress) const {
+    std::vector<std::size_t> next;  // where each of the texts stands next
+    for (const LiteralFinder& finder : finders_) {
+      next.push_back(finder.Find(text, 0, progress));
+    }
+    for (;;) {
+      const auto nearest = std::ranges::min_element(next);
+      if (*nearest == LiteralFinder::kNotFound) {
+        return;
+      }
+      visit(*nearest);
+      const std::size_t end = *nearest + finders_[static_cast<std::size_t>(nearest - next.begin())].length();
+      for (std::size_t i = 0; i < next.size(); ++i) {
+        if (next[i] < end) {
+          next[i] = finders_[i].Find(text, end, progress);
+        }
+      }
+    }
+  }
+
+  std::vector<LiteralFinder> finders_;
   std::unique_ptr<RegExp> regExp_;
 };
 
@@ -96,7 +124,7 @@ FileSearchResult SearchFiles(const std::vector<std::filesystem::path>& places, c
     } catch (const Interrupted&) {
       throw;
     } catch (const std::exception& error) {
-      result.failures.push_back({path, FailureReason(error)});
+      result.failures.push_back(FailureOf(path, error));
     }
     fileProgress.FileDone();
   }

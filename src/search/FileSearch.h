@@ -6,8 +6,8 @@
 #include <vector>
 
 #include "regexp/RegExp.h"
-#include "search/FileWalk.h"
 #include "search/FindState.h"
+#include "text/FileWalk.h"
 
 namespace scrivanta {
 
@@ -25,7 +25,8 @@ struct FileSearchResult {
   std::vector<FileFailure> failures;
 };
 
-// Files and folders; the state tells what is to be found and how. Throws RegExpSyntaxError, Interrupted.
+// Files and folders; the state tells what is to be found and how: by pattern, or any of the plain texts in a list
+// separated by "|", as ReplaceInFiles takes it. Throws RegExpSyntaxError, Interrupted.
 FileSearchResult SearchFiles(const std::vector<std::filesystem::path>& places, const FileFilter& filter,
                              const FindState& state, const RegExpEngine& engine, Progress& progress);
 

@@ -1,6 +1,6 @@
 #include "search/FileSearchCommand.h"
 
-#include "search/FileReport.h"
+#include "search/TextRanges.h"
 #include "text/PlatformFile.h"
 
 namespace scrivanta {
@@ -34,6 +34,13 @@ std::u16string AskForFileFilter(Workbench& workbench) {
   return filter;
 }
 
+std::vector<std::filesystem::path> PathsInEditor(const Editor& editor, PathLines which) {
+  const std::u16string text = editor.Text();
+  const TextRange selection = editor.Selection();
+  const TextRange lines = selection.empty() ? TextRange{{0}, text.size()} : WholeLines(text, selection);
+  return PathsOfLines(std::u16string_view(text).substr(lines.start.value, lines.length), which);
+}
+
 void SearchAndReport(Workbench& workbench, const std::vector<std::filesystem::path>& places, const FileFilter& filter,
                      const FindState& state) {
   {
@@ -41,13 +48,12 @@ void SearchAndReport(Workbench& workbench, const std::vector<std::filesystem::pa
     const std::u16string report =
         ReportOf(SearchFiles(places, filter, state, workbench.regExpEngine(), work->progress()), state.findText);
     Editor& editor = workbench.editor();
-    std::u16string text = editor.Text();
-    if (!text.empty() && !text.ends_with(kLineBreak)) {
-      text += kLineBreak;
-    }
-    const std::size_t start = text.size();
-    editor.SetText(text + report);
-    editor.SetSelection({{start}, report.size()});
+    const std::u16string text = editor.Text();
+    const bool endsInLine = !text.empty() && !text.ends_with(kLineBreak);
+    const std::u16string_view gap = endsInLine ? kLineBreak : std::u16string_view();
+    editor.SetSelection({{text.size()}, 0});
+    editor.ReplaceSelection(std::u16string(gap) + report);
+    editor.SetSelection({{text.size() + gap.size()}, report.size()});
   }
   workbench.prompts().Ask({.text = u"全部完成！", .systemModal = true});
 }

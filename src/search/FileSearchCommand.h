@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "search/FileReport.h"
 #include "search/FileSearch.h"
 #include "shell/workbench/Workbench.h"
 
@@ -16,7 +17,11 @@ std::filesystem::path AskForFolderToSearch(Workbench& workbench);
 // Asks for the names of the files to search, with the last answer as preset; empty when the user cancels.
 std::u16string AskForFileFilter(Workbench& workbench);
 
-// Searches and puts the report behind the text of the document, selected; then says that all is done.
+// The paths in the lines that the selection touches, or in all lines where nothing is selected.
+std::vector<std::filesystem::path> PathsInEditor(const Editor& editor, PathLines which);
+
+// Searches and puts the report behind the text of the document, selected; then says that all is done. The formatting of
+// the document stays.
 void SearchAndReport(Workbench& workbench, const std::vector<std::filesystem::path>& places, const FileFilter& filter,
                      const FindState& state);
 

@@ -9,7 +9,6 @@
 #include "regexp/RegExpReplacer.h"
 #include "rtf/RtfText.h"
 #include "search/EditSelection.h"
-#include "search/FileReplace.h"
 #include "search/FileReport.h"
 #include "search/FileSearch.h"
 #include "search/FileSearchCommand.h"
@@ -20,6 +19,8 @@
 #include "shell/workbench/FormKey.h"
 #include "shell/workbench/ResultFiles.h"
 #include "text/DecimalText.h"
+#include "text/ExplainedError.h"
+#include "text/LineText.h"
 #include "text/LiteralFinder.h"
 #include "text/PlatformFile.h"
 
@@ -44,6 +45,10 @@ ComboHistory LoadHistory(Settings& settings, std::u16string_view box) {
     settings.Save(key, JoinLines(history.items()));
   }
   return history;
+}
+
+std::u16string SplitRemark(std::size_t split) {
+  return u"，另有" + DecimalText(split) + u"处被格式代码分开，未替换";
 }
 
 // The text is shown again where it was.
@@ -206,15 +211,16 @@ void FindDialog::Replace(FindView& view) {
     return;
   }
   Editor& editor = workbench_.editor();
-  const TextPos start = editor.Selection().start;
+  const TextRange selection = editor.Selection();
   if (const auto replacement = ReplacementOfSelection()) {
     editor.ReplaceSelection(*replacement);
-    // The search goes on behind the new text, or before it.
+    // The search goes on behind the new text, or before it. Behind an empty match its own place would come again.
     if (state_.searchesUp) {
-      editor.SetSelection({start, 0});
+      editor.SetSelection({selection.start, 0});
     }
     state_.lastFound = EditGetSelStart(editor);
-    state_.isNewSearch = !state_.searchesUp;
+    state_.isNewSearch = false;
+    state_.beginsAtCaret = !state_.searchesUp && !selection.empty();
   }
   scrivanta::FindNext(workbench_, state_);
 }
@@ -262,11 +268,12 @@ void FindDialog::ReplaceAllFormatted(TextRange selection) {
     outcome = text.Replace(FindReplacements(text.text(), state_, workbench_.regExpEngine(), work->progress()));
     if (outcome.replaced > 0) {
       const ScrollPosition scroll = editor.Scroll();
+      const bool isTaken = selection.empty() ? editor.SetRtf(outcome.rtf) : editor.ReplaceSelectionByRtf(outcome.rtf);
+      if (!isTaken) {
+        throw ExplainedError("the rich text was not taken", u"带格式的文本没有放回，文档没有改变。");
+      }
       if (selection.empty()) {
-        editor.SetRtf(outcome.rtf);
         editor.SetSelection({selection.start, 0});
-      } else {
-        editor.ReplaceSelectionByRtf(outcome.rtf);
       }
       editor.SetScroll(scroll);
     }
@@ -281,7 +288,7 @@ void FindDialog::ReportReplaced(std::size_t replaced, std::size_t split) {
   }
   std::u16string status = u"已替换" + DecimalText(replaced) + u"处";
   if (split > 0) {
-    status += u"，另有" + DecimalText(split) + u"处被格式代码分开，未替换";
+    status += SplitRemark(split);
   }
   workbench_.ShowStatus(status);
 }
@@ -304,16 +311,14 @@ void FindDialog::Filter(FindView& view) {
     return;
   }
   std::u16string text = matches + filter(MarkerFilterMode::kRemove);
-  // One line break is cut off when the result is put back; a text that ends with one keeps it.
-  if (!text.ends_with(kLineBreak)) {
-    text += kLineBreak;
+  // Another line may be the last one now; the text ends as it did.
+  if (text.ends_with(kLineBreak)) {
+    text.resize(text.size() - kLineBreak.size());
   }
   if (input.text.ends_with(kLineBreak)) {
     text += kLineBreak;
   }
-  ResultFile result(workbench_, kInputFileName);
-  result.Write(Encode(kWorkFileEncoding, text));
-  PutResultBack(workbench_, input, result);
+  PutTextBack(workbench_, input, kInputFileName, text);
 }
 
 std::vector<std::filesystem::path> FindDialog::DroppedFiles(const FindView& view) const {
@@ -340,14 +345,25 @@ void FindDialog::SearchInFiles(FindView& view) {
   SearchAndReport(workbench_, places, FileFilter(filter), state_);
 }
 
-std::vector<std::filesystem::path> FindDialog::FilesToReplaceIn(const FindView& view) const {
-  std::vector<std::filesystem::path> files = DroppedFiles(view);
-  if (files.empty()) {
-    const Editor& editor = workbench_.editor();
-    files = PathsOfLines(editor.Selection().empty() ? editor.Text() : editor.SelectedText(), PathLines::kMarked);
+// Of dropped folders those files that a search would look into. Nothing when the user cancels.
+std::optional<FoundFiles> FindDialog::FilesToReplaceIn(const FindView& view) {
+  FoundFiles found;
+  const std::vector<std::filesystem::path> dropped = DroppedFiles(view);
+  if (dropped.empty()) {
+    found.files = PathsInEditor(workbench_.editor(), PathLines::kMarked);
+  } else if (std::ranges::all_of(dropped, &IsFile)) {
+    found.files = dropped;
+  } else {
+    const std::u16string filter = AskForFileFilter(workbench_);
+    if (filter.empty()) {
+      return std::nullopt;
+    }
+    const auto work = workbench_.StartWork();
+    found = WalkFiles(dropped, FileFilter(filter), work->progress());
   }
-  std::erase_if(files, [](const std::filesystem::path& file) { return !IsFile(file); });
-  return files;
+  std::erase_if(found.files, [](const std::filesystem::path& file) { return !IsFile(file); });
+  DropRepeatedFiles(found.files);
+  return found;
 }
 
 void FindDialog::ReplaceInFiles(FindView& view) {
@@ -355,16 +371,19 @@ void FindDialog::ReplaceInFiles(FindView& view) {
   if (state_.findText.empty()) {
     return;
   }
-  const std::vector<std::filesystem::path> files = FilesToReplaceIn(view);
+  const std::optional<FoundFiles> found = FilesToReplaceIn(view);
+  if (!found) {
+    return;
+  }
   Prompts& prompts = workbench_.prompts();
-  if (files.empty()) {
+  if (found->files.empty()) {
     prompts.Ask({.text = u"没有可以替换的文件：请先【在文件中查找】，或将文件拖动到此窗口。",
                  .icon = Icon::kInformation,
                  .systemModal = true});
     return;
   }
   const Answer answer =
-      prompts.Ask({.text = u"将在" + DecimalText(files.size()) + u"个文件中替换，不可逆转！！\n是否继续？",
+      prompts.Ask({.text = u"将在" + DecimalText(found->files.size()) + u"个文件中替换，不可逆转！！\n是否继续？",
                    .buttons = Buttons::kYesNo,
                    .icon = Icon::kWarning,
                    .defaultAnswer = Answer::kNo,
@@ -375,14 +394,29 @@ void FindDialog::ReplaceInFiles(FindView& view) {
   FileReplaceOutcome outcome;
   {
     const auto work = workbench_.StartWork();
-    outcome = scrivanta::ReplaceInFiles(files, state_, workbench_.regExpEngine(), work->progress());
+    outcome = scrivanta::ReplaceInFiles(found->files, state_, workbench_.regExpEngine(), work->progress());
   }
-  workbench_.ShowStatus(u"已在" + DecimalText(outcome.changedFiles) + u"个文件中替换" + DecimalText(outcome.replaced) +
-                        u"处");
-  const std::u16string end = outcome.untouchedFiles == 0
-                                 ? u"已全部替换！"
-                                 : u"已中断：还有" + DecimalText(outcome.untouchedFiles) + u"个文件没有替换。";
-  prompts.Ask({.text = end + DescribeFailures(outcome.failures), .systemModal = true});
+  outcome.leftOver.insert(outcome.leftOver.end(), found->failures.begin(), found->failures.end());
+  ReportReplacedInFiles(outcome);
+}
+
+void FindDialog::ReportReplacedInFiles(const FileReplaceOutcome& outcome) {
+  std::u16string status =
+      u"已在" + DecimalText(outcome.changedFiles) + u"个文件中替换" + DecimalText(outcome.replaced) + u"处";
+  if (outcome.split > 0) {
+    status += SplitRemark(outcome.split);
+  }
+  workbench_.ShowStatus(status);
+  if (outcome.replaced == 0 && outcome.leftOver.empty()) {
+    SayNotFound(workbench_.prompts());
+    return;
+  }
+  std::u16string end = outcome.leftOver.empty() ? u"已全部替换！" : u"没有全部替换。";
+  if (outcome.untouchedFiles > 0) {
+    end = u"已中断：还有" + DecimalText(outcome.untouchedFiles) + u"个文件没有替换。";
+  }
+  workbench_.prompts().Ask(
+      {.text = end + DescribeFailures(u"以下文件没有替换，或没有全部替换：", outcome.leftOver), .systemModal = true});
 }
 
 void FindDialog::Drop(FindView& view, const std::vector<std::filesystem::path>& paths, bool clear) {
@@ -417,7 +451,7 @@ void FindDialog::FilterReplaceHistory(FindView& view) {
 void FindDialog::ShowStoredHistories(const std::function<void(const std::u16string& key)>& pointAt) {
   if (const auto key = workbench_.settings().RegistryKeyOf(kFormSection)) {
     pointAt(*key);
-    workbench_.desktop().Run(u"REGEDIT.EXE", u"");
+    workbench_.desktop().RunSystemProgram(u"REGEDIT.EXE", u"");
   } else {
     workbench_.desktop().OpenWithDefaultProgram(workbench_.folders().iniFile);
   }

@@ -8,9 +8,11 @@
 #include <vector>
 
 #include "search/ComboHistory.h"
+#include "search/FileReplace.h"
 #include "search/FindState.h"
 #include "shell/workbench/DialogPlace.h"
 #include "shell/workbench/Workbench.h"
+#include "text/FileWalk.h"
 #include "text/Interface.h"
 
 namespace scrivanta {
@@ -79,7 +81,8 @@ class FindDialog {
   void ReportReplaced(std::size_t replaced, std::size_t split);
   std::optional<std::u16string> ReplacementOfSelection();
   std::vector<std::filesystem::path> DroppedFiles(const FindView& view) const;
-  std::vector<std::filesystem::path> FilesToReplaceIn(const FindView& view) const;
+  std::optional<FoundFiles> FilesToReplaceIn(const FindView& view);
+  void ReportReplacedInFiles(const FileReplaceOutcome& outcome);
 
   Workbench& workbench_;
   FindState& state_;

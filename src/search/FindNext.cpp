@@ -10,6 +10,7 @@ namespace scrivanta {
 namespace {
 
 // Positions in here count characters from 1, as the rules of the search do; 0 stands for none.
+// After a replacement (beginsAtCaret) the search does not go by these rules but begins behind the new text.
 class PlainSearch {
  public:
   PlainSearch(std::u16string_view text, std::u16string_view find, FindState& state, Progress& progress)
@@ -27,12 +28,16 @@ class PlainSearch {
       state_.lastFound = position - 1;
     }
     state_.isNewSearch = false;
+    state_.beginsAtCaret = false;
     return {position, position > 0 || Occurs(), caret};
   }
 
  private:
   std::size_t Next(TextRange selection) {
     const std::size_t selectionStart = selection.start.value;
+    if (state_.beginsAtCaret) {
+      return Position(finder_.Find(text_, selectionStart, progress_));
+    }
     const std::size_t step = state_.lastFound == selectionStart && !state_.isNewSearch ? 1 : 0;
     if (selectionStart == text_.size()) {
       state_.lastFound = 0;
@@ -55,11 +60,12 @@ class PlainSearch {
     return Position(finder_.Find(text_, start + SkipAt(start) - 1, progress_));
   }
 
+  // The character at start is counted from 0.
   std::size_t SkipAt(std::size_t start) const {
-    if (start == 0 || start > text_.size()) {
+    if (start == 0 || start >= text_.size()) {
       return 1;
     }
-    const char16_t c = text_[start - 1];
+    const char16_t c = text_[start];
     return c == u'\r' ? 3 : c == u'\n' ? 2 : 1;
   }
 
@@ -106,8 +112,8 @@ std::size_t FindNextInEditor(Workbench& workbench, std::u16string_view find, Fin
   return result.position;
 }
 
-std::optional<TextRange> FindNextMatch(std::u16string_view text, std::size_t caret, RegExp& regExp, bool searchesUp,
-                                       Progress& progress) {
+std::optional<TextRange> FindNextMatch(std::u16string_view text, std::size_t caret, RegExp& regExp,
+                                       const FindState& state, Progress& progress) {
   std::optional<TextRange> first;
   std::optional<TextRange> last;
   std::optional<TextRange> next;
@@ -118,16 +124,16 @@ std::optional<TextRange> FindNextMatch(std::u16string_view text, std::size_t car
         const TextRange range{{place}, match.value.empty() ? 0 : match.end() - place};
         first = first ? first : range;
         last = range;
-        if (searchesUp && place < caret) {
+        if (state.searchesUp && place < caret) {
           next = range;
-        } else if (!searchesUp && place > caret) {
+        } else if (!state.searchesUp && (place > caret || (state.beginsAtCaret && place == caret))) {
           next = range;
           return false;
         }
         return true;
       },
       progress);
-  return next ? next : searchesUp ? last : first;
+  return next ? next : state.searchesUp ? last : first;
 }
 
 bool FindNext(Workbench& workbench, FindState& state) {
@@ -143,9 +149,10 @@ bool FindNext(Workbench& workbench, FindState& state) {
     const auto work = workbench.StartWork();
     const auto regExp =
         workbench.regExpEngine().Compile(state.findText, {.ignoreCase = !state.matchesCase, .multiLine = true});
-    match = FindNextMatch(editor.Text(), editor.Selection().start.value, *regExp, state.searchesUp, work->progress());
+    match = FindNextMatch(editor.Text(), editor.Selection().start.value, *regExp, state, work->progress());
   }
   state.isNewSearch = false;
+  state.beginsAtCaret = false;
   if (!match) {
     SayNotFound(workbench.prompts());
     return false;
@@ -161,6 +168,7 @@ bool FindPrevious(Workbench& workbench, FindState& state) {
   const bool found = FindNext(workbench, opposite);
   state.lastFound = opposite.lastFound;
   state.isNewSearch = opposite.isNewSearch;
+  state.beginsAtCaret = opposite.beginsAtCaret;
   return found;
 }
 

@@ -25,11 +25,11 @@ FindNextResult FindNextInText(std::u16string_view text, TextRange selection, std
 // from 1, or 0.
 std::size_t FindNextInEditor(Workbench& workbench, std::u16string_view find, FindState& state);
 
-// The first match that begins after the caret, or the last one that begins before it; around the end when there is
-// none in that direction. A place between the two characters of a line break counts as the place before it, since the
-// caret cannot stand there.
-std::optional<TextRange> FindNextMatch(std::u16string_view text, std::size_t caret, RegExp& regExp, bool searchesUp,
-                                       Progress& progress);
+// By the direction of the state, the first match that begins after the caret, or the last one that begins before it;
+// around the end when there is none in that direction. A place between the two characters of a line break counts as the
+// place before it, since the caret cannot stand there.
+std::optional<TextRange> FindNextMatch(std::u16string_view text, std::size_t caret, RegExp& regExp,
+                                       const FindState& state, Progress& progress);
 
 // Finds the next place by the state, plain or by pattern, selects it or says that there is none. Returns whether there
 // is one. Nothing happens without a text to find.

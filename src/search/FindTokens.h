@@ -12,7 +12,4 @@ inline constexpr std::u16string_view kTabToken = u"<制表符>";
 std::u16string TextOfBox(std::u16string_view box);
 std::u16string BoxOfText(std::u16string_view text);
 
-// Every occurrence of one text replaced by another.
-std::u16string WithReplaced(std::u16string_view text, std::u16string_view from, std::u16string_view to);
-
 }  // namespace scrivanta

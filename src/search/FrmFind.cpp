@@ -22,16 +22,16 @@ void PointRegistryEditorAt(const std::u16string& key) {
 
 }  // namespace
 
-FrmFind::FrmFind(WindowHost& host) : Dialog(host, IDD_FRM_FIND) {}
+FrmFind::FrmFind(WindowHost& host, Workbench& workbench, FindState& state)
+    : Dialog(host, IDD_FRM_FIND), logic_(workbench, state) {}
 
 FrmFind::~FrmFind() = default;
 
-void FrmFind::Show(FindDialog& dialog, HWND owner, FindDialogFocus focus) {
+void FrmFind::Show(HWND owner, FindDialogFocus focus) {
   const bool wasOpen = IsOpen();
-  dialog_ = &dialog;
   ShowModeless(owner);
   if (wasOpen) {
-    dialog.Reopen(*this);
+    logic_.Reopen(*this);
   }
   FocusOn(focus == FindDialogFocus::kReplacement ? Combo2 : Combo1);
 }
@@ -44,7 +44,7 @@ void FrmFind::OnInit() {
     HookKeys(controlId, [this, controlId](WPARAM key) { return OnKey(controlId, key); });
   }
   SetUpDropBox();
-  dialog_->Open(*this);
+  logic_.Open(*this);
   FocusOn(Combo1);
 }
 
@@ -102,7 +102,7 @@ bool FrmFind::OnCommand(int controlId, int notification) {
     case Option2:
     case ChkCapitalCheck:
     case ChkRegExpSearch:
-      dialog_->TakeOptions(*this);
+      logic_.TakeOptions(*this);
       return true;
     case CmdFindNext:
     case CmdFindAll:
@@ -121,25 +121,25 @@ bool FrmFind::OnCommand(int controlId, int notification) {
 void FrmFind::Press(int controlId) {
   switch (controlId) {
     case CmdFindNext:
-      dialog_->FindNext(*this);
+      logic_.FindNext(*this);
       break;
     case CmdFindAll:
-      dialog_->FindAll(*this);
+      logic_.FindAll(*this);
       break;
     case CmdReplace:
-      dialog_->Replace(*this);
+      logic_.Replace(*this);
       break;
     case CmdReplaceAll:
-      dialog_->ReplaceAll(*this);
+      logic_.ReplaceAll(*this);
       break;
     case CmdFilter:
-      dialog_->Filter(*this);
+      logic_.Filter(*this);
       break;
     case CmdSearchInFile:
-      dialog_->SearchInFiles(*this);
+      logic_.SearchInFiles(*this);
       break;
     default:
-      dialog_->ReplaceInFiles(*this);
+      logic_.ReplaceInFiles(*this);
       break;
   }
 }
@@ -149,21 +149,21 @@ bool FrmFind::OnKey(int controlId, WPARAM key) {
   switch (key) {
     case VK_F1:
       if (inHistory) {
-        dialog_->ShowStoredHistories(PointRegistryEditorAt);
+        logic_.ShowStoredHistories(PointRegistryEditorAt);
       }
       return inHistory;
     case VK_F2:
       if (controlId == Combo1) {
-        dialog_->FilterFindHistory(*this);
+        logic_.FilterFindHistory(*this);
       } else if (controlId == Combo2) {
-        dialog_->FilterReplaceHistory(*this);
+        logic_.FilterReplaceHistory(*this);
       }
       return inHistory;
     case VK_F3:
       if (GetKeyState(VK_SHIFT) < 0) {
-        dialog_->FindPrevious(*this);
+        logic_.FindPrevious(*this);
       } else {
-        dialog_->FindNext(*this);
+        logic_.FindNext(*this);
       }
       return true;
     default:
@@ -174,20 +174,20 @@ bool FrmFind::OnKey(int controlId, WPARAM key) {
 void FrmFind::TakeDrop(HDROP drop) {
   const std::vector<std::filesystem::path> paths = TakeDroppedFiles(drop);
   // The keys as they are: those of the drag went to the window that it came from.
-  dialog_->Drop(*this, paths, GetAsyncKeyState(VK_MENU) < 0);
+  logic_.Drop(*this, paths, GetAsyncKeyState(VK_MENU) < 0);
 }
 
 void FrmFind::OnClose() {
   dropBox_.reset();
-  dialog_->Close(*this);
+  logic_.Close(*this);
 }
 
 std::u16string FrmFind::FindBox() const {
-  return ComboBoxText(Control(Combo1));
+  return ControlText(Combo1);
 }
 
 std::u16string FrmFind::ReplaceBox() const {
-  return ComboBoxText(Control(Combo2));
+  return ControlText(Combo2);
 }
 
 void FrmFind::SetFindBox(const std::u16string& text, const std::vector<std::u16string>& list) {

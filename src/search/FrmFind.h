@@ -15,11 +15,11 @@ namespace scrivanta {
 
 class FrmFind final : public Dialog, private FindView {
  public:
-  explicit FrmFind(WindowHost& host);
+  FrmFind(WindowHost& host, Workbench& workbench, FindState& state);
   ~FrmFind() override;
 
   // Opens the window, or brings it to the front with what is selected now.
-  void Show(FindDialog& dialog, HWND owner, FindDialogFocus focus);
+  void Show(HWND owner, FindDialogFocus focus);
 
  private:
   void OnInit() override;
@@ -47,7 +47,7 @@ class FrmFind final : public Dialog, private FindView {
   DialogPlace Place() const override;
   void SetPlace(const DialogPlace& place) override;
 
-  FindDialog* dialog_ = nullptr;
+  FindDialog logic_;
   std::unique_ptr<Subclass> dropBox_;
 };
 

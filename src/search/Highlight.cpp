@@ -5,6 +5,7 @@
 #include "rtf/RtfEscape.h"
 #include "rtf/RtfHeader.h"
 #include "search/EditSelection.h"
+#include "search/FindNext.h"
 #include "search/TextRanges.h"
 #include "shell/workbench/ResultFiles.h"
 #include "text/LiteralFinder.h"
@@ -111,8 +112,12 @@ void HighlightInEditor(Workbench& workbench, std::u16string_view words) {
   }
   const auto work = workbench.StartWork();
   const std::u16string text = workbench.editor().Text();
-  HighlightRanges(workbench, text, FindWords(text, asked, work->progress()), HighlightHeader::kSongTi,
-                  work->progress());
+  const std::vector<TextRange> places = FindWords(text, asked, work->progress());
+  if (places.empty()) {
+    SayNotFound(workbench.prompts());
+    return;
+  }
+  HighlightRanges(workbench, text, places, HighlightHeader::kSongTi, work->progress());
 }
 
 void HighlightRanges(Workbench& workbench, std::u16string_view text, std::span<const TextRange> ranges,

@@ -23,8 +23,8 @@ RtfByLines HighlightedRtf(std::u16string_view text, std::span<const TextRange> r
 // All places of the words, which are separated by "|", whatever their case; ascending, overlapping ones as one.
 std::vector<TextRange> FindWords(std::u16string_view text, std::u16string_view words, Progress& progress);
 
-// Highlights the words; asks for them when there are none. The rich text is also left in the temporary folder, as
-// "HaveRtf.rtf". Selection and scroll position stay.
+// Highlights the words; asks for them when there are none, and says so where they do not occur. The rich text is also
+// left in the temporary folder, as "HaveRtf.rtf". Selection and scroll position stay.
 void HighlightInEditor(Workbench& workbench, std::u16string_view words);
 
 // The same for places already found.

@@ -9,6 +9,7 @@
 #include "search/EditSelection.h"
 #include "search/TextRanges.h"
 #include "text/DecimalText.h"
+#include "text/LineText.h"
 
 namespace scrivanta {
 
@@ -36,7 +37,7 @@ std::u16string KeyOf(std::size_t number) {
 }
 
 bool IsNumber(std::u16string_view key) {
-  return std::all_of(key.begin(), key.end(), [](char16_t c) { return c >= u'0' && c <= u'9'; });
+  return std::all_of(key.begin(), key.end(), IsDigit);
 }
 
 }  // namespace

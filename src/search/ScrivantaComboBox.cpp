@@ -16,10 +16,4 @@ void FillComboBox(HWND combo, const std::u16string& text, const std::vector<std:
   InvalidateRect(combo, nullptr, TRUE);
 }
 
-std::u16string ComboBoxText(HWND combo) {
-  std::wstring text(static_cast<std::size_t>(GetWindowTextLengthW(combo)) + 1, L'\0');
-  text.resize(static_cast<std::size_t>(GetWindowTextW(combo, text.data(), static_cast<int>(text.size()))));
-  return FromWide(text);
-}
-
 }  // namespace scrivanta

@@ -10,7 +10,4 @@ namespace scrivanta {
 
 void FillComboBox(HWND combo, const std::u16string& text, const std::vector<std::u16string>& list);
 
-// What is entered; while the list is being picked from, the item picked.
-std::u16string ComboBoxText(HWND combo);
-
 }  // namespace scrivanta

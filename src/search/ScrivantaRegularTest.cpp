@@ -14,10 +14,10 @@ constexpr wchar_t kCaption[] = L"RegularTest正则表达式测试";
 
 }  // namespace
 
-ScrivantaRegularTest::ScrivantaRegularTest(WindowHost& host) : Dialog(host, IDD_REGULAR_TEST) {}
+ScrivantaRegularTest::ScrivantaRegularTest(WindowHost& host, Workbench& workbench)
+    : Dialog(host, IDD_REGULAR_TEST), logic_(workbench) {}
 
-void ScrivantaRegularTest::Show(RegularTest& dialog, HWND owner) {
-  dialog_ = &dialog;
+void ScrivantaRegularTest::Show(HWND owner) {
   if (const HWND open = FindWindowW(nullptr, kCaption)) {
     ShowWindow(open, SW_SHOWNORMAL);
     SetForegroundWindow(open);
@@ -35,13 +35,13 @@ void ScrivantaRegularTest::OnInit() {
   SetToolTip(Combo1, u"F1键打看配置文件查看；F2将条目过滤到前面，方便选择");
   SetToolTip(Command3, u"一般用于手动修改INI文件后,此时上面的组合框并未更新,按此更新");
   HookKeys(Combo1, [this](WPARAM key) { return OnComboKey(key); });
-  dialog_->Open(*this);
+  logic_.Open(*this);
   FocusOn(Combo1);
 }
 
 bool ScrivantaRegularTest::OnCommand(int controlId, int notification) {
   if (controlId == IDOK) {
-    dialog_->Test(*this);
+    logic_.Test(*this);
     return true;
   }
   if (notification != BN_CLICKED) {
@@ -49,13 +49,13 @@ bool ScrivantaRegularTest::OnCommand(int controlId, int notification) {
   }
   switch (controlId) {
     case Command1:
-      dialog_->Test(*this);
+      logic_.Test(*this);
       return true;
     case Command2:
       Close();
       return true;
     case Command3:
-      dialog_->Reload(*this);
+      logic_.Reload(*this);
       return true;
     default:
       return false;
@@ -63,23 +63,23 @@ bool ScrivantaRegularTest::OnCommand(int controlId, int notification) {
 }
 
 void ScrivantaRegularTest::OnClose() {
-  dialog_->Close(*this);
+  logic_.Close(*this);
 }
 
 bool ScrivantaRegularTest::OnComboKey(WPARAM key) {
   if (key == VK_F1) {
-    dialog_->OpenIniFile();
+    logic_.OpenIniFile();
     return true;
   }
   if (key == VK_F2) {
-    dialog_->FilterHistory(*this);
+    logic_.FilterHistory(*this);
     return true;
   }
   return false;
 }
 
 std::u16string ScrivantaRegularTest::PatternBox() const {
-  return ComboBoxText(Control(Combo1));
+  return ControlText(Combo1);
 }
 
 void ScrivantaRegularTest::SetPatternBox(const std::u16string& text, const std::vector<std::u16string>& list) {

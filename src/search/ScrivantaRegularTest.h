@@ -1,4 +1,4 @@
-// The pattern workbench: tries a pattern on the document and explains the dialect.
+// The pattern tester: tries a pattern on the document and explains the dialect.
 #pragma once
 
 #include "search/RegularTest.h"
@@ -8,10 +8,10 @@ namespace scrivanta {
 
 class ScrivantaRegularTest final : public Dialog, private RegularTestView {
  public:
-  explicit ScrivantaRegularTest(WindowHost& host);
+  ScrivantaRegularTest(WindowHost& host, Workbench& workbench);
 
   // Opens the window; one that is open already, in this instance or another, is brought to the front instead.
-  void Show(RegularTest& dialog, HWND owner);
+  void Show(HWND owner);
 
  private:
   void OnInit() override;
@@ -24,7 +24,7 @@ class ScrivantaRegularTest final : public Dialog, private RegularTestView {
   DialogPlace Place() const override;
   void SetPlace(const DialogPlace& place) override;
 
-  RegularTest* dialog_ = nullptr;
+  RegularTest logic_;
 };
 
 }  // namespace scrivanta

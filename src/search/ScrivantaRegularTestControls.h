@@ -1,4 +1,4 @@
-// Identifiers of the pattern workbench, for its template and its code.
+// Identifiers of the pattern tester, for its template and its code.
 #pragma once
 
 #define IDD_REGULAR_TEST 4200

@@ -1,19 +1,17 @@
 #include "search/SearchCommands.h"
 
-#include <algorithm>
 #include <memory>
-#include <optional>
 
 #include "regexp/RegExpExtract.h"
 #include "regexp/RegExpReplace.h"
 #include "search/FileReport.h"
 #include "search/FileSearchCommand.h"
-#include "search/FindDialog.h"
 #include "search/FindNext.h"
 #include "search/FindPlaces.h"
 #include "search/Highlight.h"
-#include "search/RegularTest.h"
+#include "search/TextRanges.h"
 #include "shell/workbench/ResultFiles.h"
+#include "text/LineText.h"
 #include "text/PlatformFile.h"
 
 namespace scrivanta {
@@ -37,39 +35,6 @@ std::u16string AskForPattern(Workbench& workbench) {
   return AskAndKeep(workbench, u"输入要寻找的字串（正则表达式）", kPatternKey);
 }
 
-void PutBack(Workbench& workbench, const CapturedInput& input, std::u16string_view text) {
-  ResultFile result(workbench, kInputFileName);
-  result.Write(Encode(kWorkFileEncoding, text));
-  // One line break is cut off when the result is put back.
-  result.Write("\r\n");
-  PutResultBack(workbench, input, result);
-}
-
-// The line of the caret, without its line break.
-TextRange CurrentLine(std::u16string_view text, TextPos caret) {
-  const std::size_t place = std::min(caret.value, text.size());
-  const std::size_t start = place == 0 ? 0 : text.find_last_of(u"\r\n", place - 1) + 1;
-  const std::size_t end = std::min(text.find_first_of(u"\r\n", start), text.size());
-  return {{start}, end - start};
-}
-
-// The dialogs live as long as the table that holds the handlers.
-struct SearchSession {
-  FindState state;
-  std::optional<FindDialog> findDialog;
-  std::optional<RegularTest> regularTest;
-};
-
-}  // namespace
-
-void mnuFindNext(Workbench& workbench, FindState& state) {
-  FindNext(workbench, state);
-}
-
-void mnuFindPrevious(Workbench& workbench, FindState& state) {
-  FindPrevious(workbench, state);
-}
-
 void mnufindall(Workbench& workbench, const FindState& state) {
   if (state.findText.empty()) {
     HighlightInEditor(workbench, {});
@@ -90,7 +55,7 @@ void mnufindall(Workbench& workbench, const FindState& state) {
 
 void mnuGoToThis(Workbench& workbench) {
   Editor& editor = workbench.editor();
-  const TextRange line = CurrentLine(editor.Text(), editor.Selection().start);
+  const TextRange line = WholeLines(editor.Text(), {editor.Selection().start, 0});
   editor.SetSelection(line);
   const auto paths = PathsOfLines(editor.SelectedText(), PathLines::kAll);
   if (paths.empty()) {
@@ -100,7 +65,7 @@ void mnuGoToThis(Workbench& workbench) {
                                                  .buttons = Buttons::kYesNoCancel,
                                                  .icon = Icon::kQuestion});
   if (answer == Answer::kYes) {
-    workbench.desktop().Run(u"notepad.exe", TextOfPath(paths.front()));
+    workbench.desktop().RunSystemProgram(u"notepad.exe", TextOfPath(paths.front()));
   } else if (answer == Answer::kNo) {
     workbench.desktop().OpenWithDefaultProgram(paths.front());
   }
@@ -112,8 +77,7 @@ void mnuFindInFile(Workbench& workbench) {
   if (state.findText.empty()) {
     return;
   }
-  const Editor& editor = workbench.editor();
-  auto places = PathsOfLines(editor.Selection().empty() ? editor.Text() : editor.SelectedText(), PathLines::kAll);
+  auto places = PathsInEditor(workbench.editor(), PathLines::kAll);
   std::erase_if(places, [](const std::filesystem::path& place) {
     std::error_code error;
     return !std::filesystem::exists(place, error);
@@ -137,7 +101,9 @@ void mnuRegGet(Workbench& workbench) {
     SayNotFound(workbench.prompts());
     return;
   }
-  PutBack(workbench, input, JoinResults(results));
+  ResultFile lines(workbench, kInputFileName);
+  lines.Write(Encode(kWorkFileEncoding, JoinLines(results) + u"\r\n"));
+  PutResultBack(workbench, input, lines);
 }
 
 void mnuRegReplace(Workbench& workbench) {
@@ -159,32 +125,26 @@ void mnuRegReplace(Workbench& workbench) {
     SayNotFound(workbench.prompts());
     return;
   }
-  PutBack(workbench, input, result);
+  PutTextBack(workbench, input, kInputFileName, result);
 }
 
+}  // namespace
+
 void RegisterSearchCommands(CommandTable& table, SearchDialogs& dialogs) {
-  const auto session = std::make_shared<SearchSession>();
-  const auto showFind = [session, &dialogs](Workbench& workbench, FindDialogFocus focus) {
-    if (!session->findDialog) {
-      session->findDialog.emplace(workbench, session->state);
-    }
-    dialogs.ShowFind(*session->findDialog, focus);
+  const auto state = std::make_shared<FindState>();  // what the dialog and the commands share
+  const auto showFind = [state, &dialogs](FindDialogFocus focus) {
+    return [state, &dialogs, focus](Workbench& workbench) { dialogs.ShowFind(workbench, *state, focus); };
   };
-  table.Add("mnuFind", {[showFind](Workbench& workbench) { showFind(workbench, FindDialogFocus::kFindText); }});
-  table.Add("mnuReplace", {[showFind](Workbench& workbench) { showFind(workbench, FindDialogFocus::kReplacement); }});
-  table.Add("mnuFindNext", {[session](Workbench& workbench) { mnuFindNext(workbench, session->state); }});
-  table.Add("mnuFindPrevious", {[session](Workbench& workbench) { mnuFindPrevious(workbench, session->state); }});
-  table.Add("mnufindall", {[session](Workbench& workbench) { mnufindall(workbench, session->state); }});
-  table.Add("mnuGoToThis", {mnuGoToThis});
-  table.Add("mnuFindInFile", {mnuFindInFile});
-  table.Add("mnuRegGet", {mnuRegGet});
-  table.Add("mnuRegReplace", {mnuRegReplace});
-  table.Add("mnuRegTest", {[session, &dialogs](Workbench& workbench) {
-              if (!session->regularTest) {
-                session->regularTest.emplace(workbench);
-              }
-              dialogs.ShowRegularTest(*session->regularTest);
-            }});
+  table.Add("mnuFind", {showFind(FindDialogFocus::kFindText)});
+  table.Add("mnuReplace", {showFind(FindDialogFocus::kReplacement)});
+  table.Add("mnuFindNext", {[state](Workbench& workbench) { FindNext(workbench, *state); }});
+  table.Add("mnuFindPrevious", {[state](Workbench& workbench) { FindPrevious(workbench, *state); }});
+  table.Add("mnufindall", {[state](Workbench& workbench) { mnufindall(workbench, *state); }});
+  table.Add("mnuGoToThis", {&mnuGoToThis});
+  table.Add("mnuFindInFile", {&mnuFindInFile});
+  table.Add("mnuRegGet", {&mnuRegGet});
+  table.Add("mnuRegReplace", {&mnuRegReplace});
+  table.Add("mnuRegTest", {[&dialogs](Workbench& workbench) { dialogs.ShowRegularTest(workbench); }});
 }
 
 }  // namespace scrivanta

@@ -5,17 +5,17 @@
 
 namespace scrivanta {
 
-class FindDialog;
-class RegularTest;
+class Workbench;
+struct FindState;
 
 // Which box of the find dialog the user is going to fill in.
 enum class FindDialogFocus { kFindText, kReplacement };
 
 class SearchDialogs : public Interface {
  public:
-  // Both are modeless: shown, or brought to the front. The dialogs outlive their windows.
-  virtual void ShowFind(FindDialog& dialog, FindDialogFocus focus) = 0;
-  virtual void ShowRegularTest(RegularTest& dialog) = 0;
+  // Both are modeless: shown, or brought to the front, and back at once. Workbench and state outlive the windows.
+  virtual void ShowFind(Workbench& workbench, FindState& state, FindDialogFocus focus) = 0;
+  virtual void ShowRegularTest(Workbench& workbench) = 0;
 };
 
 }  // namespace scrivanta

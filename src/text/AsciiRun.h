@@ -16,7 +16,7 @@ inline std::size_t CountNonAscii(std::string_view bytes) {
     std::uint64_t eight = 0;
     std::memcpy(&eight, bytes.data() + i, sizeof(eight));
     // One bit a byte; the product has their sum in its highest byte.
-    count += (((eight >> 7U) & 0x0101010101010101U) * 0x0101010101010101U) >> 56U;
+    count += static_cast<std::size_t>((((eight >> 7U) & 0x0101010101010101U) * 0x0101010101010101U) >> 56U);
   }
   for (; i < bytes.size(); ++i) {
     count += static_cast<unsigned char>(bytes[i]) >> 7U;

@@ -24,6 +24,8 @@ class AtomicFile final : public ByteSink {
   ~AtomicFile() override;
 
   void Write(std::string_view bytes) override;
+  // What is written so far stands here, until it is in place.
+  const std::filesystem::path& beside() const noexcept { return beside_; }
   // Returns when what has been written so far has reached the disk, so that Prepare need not wait for all of it.
   void Flush();
   // All that can fail short of the last step: for several files that are to be put in place together. Nothing can be

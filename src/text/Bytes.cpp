@@ -6,6 +6,7 @@
 
 #include "text/Encoding.h"
 #include "text/PlatformFile.h"
+#include "text/ReadAll.h"
 #include "text/WriteAll.h"
 
 namespace scrivanta {
@@ -70,16 +71,8 @@ void FileSink::Close() {
 
 std::string ReadWholeFile(const std::filesystem::path& path) {
   FileSource source(path);
-  std::string bytes(source.Size().value_or(0) + 1, '\0');
-  std::size_t used = 0;
-  while (const std::size_t count = source.Read(std::span(bytes).subspan(used))) {
-    used += count;
-    if (used == bytes.size()) {
-      bytes.resize(bytes.size() * 2);
-    }
-  }
-  bytes.resize(used);
-  return bytes;
+  NoProgress progress;
+  return ReadAll(source, progress);
 }
 
 }  // namespace scrivanta

@@ -5,54 +5,25 @@
 
 #include "text/CodePage.h"
 #include "text/Encoding.h"
+#include "text/EncodingProbe.h"
 #include "text/Utf16.h"
-#include "text/Utf8.h"
 
 namespace scrivanta {
 
 namespace {
 
-constexpr std::string_view kUtf8Mark = "\xEF\xBB\xBF";
-constexpr std::string_view kUtf16LeMark = "\xFF\xFE";
-constexpr std::string_view kUtf16BeMark = "\xFE\xFF";
-
-std::string_view MarkOf(DocumentEncoding encoding) {
-  switch (encoding) {
-    case DocumentEncoding::kUtf8WithMark:
-      return kUtf8Mark;
-    case DocumentEncoding::kUtf16Le:
-      return kUtf16LeMark;
-    case DocumentEncoding::kUtf16Be:
-      return kUtf16BeMark;
-    case DocumentEncoding::kGbk:
-    case DocumentEncoding::kUtf8:
-      break;
-  }
-  return {};
-}
-
 bool IsUtf16(DocumentEncoding encoding) {
   return encoding == DocumentEncoding::kUtf16Le || encoding == DocumentEncoding::kUtf16Be;
 }
 
-bool IsRecognisedAsUtf8(std::string_view bytes) {
-  // A last character that is cut off is forgiven where so much speaks for UTF-8 that it cannot be chance.
-  constexpr std::size_t kBeyondChance = 8;
-  const Utf8Extent extent = MeasureUtf8(bytes);
-  if (extent.bytes == bytes.size()) {
-    return extent.longCharacters > 0;
-  }
-  return extent.longCharacters >= kBeyondChance && IsCutOffInUtf8(bytes.substr(extent.bytes));
+bool IsUtf8(DocumentEncoding encoding) {
+  return encoding == DocumentEncoding::kUtf8 || encoding == DocumentEncoding::kUtf8WithMark;
 }
 
 DocumentEncoding Recognise(std::string_view bytes) {
-  for (const DocumentEncoding marked :
-       {DocumentEncoding::kUtf8WithMark, DocumentEncoding::kUtf16Le, DocumentEncoding::kUtf16Be}) {
-    if (bytes.starts_with(MarkOf(marked))) {
-      return marked;
-    }
-  }
-  return IsRecognisedAsUtf8(bytes) ? DocumentEncoding::kUtf8 : DocumentEncoding::kGbk;
+  EncodingProbe probe;
+  probe.Take(bytes);
+  return probe.Encoding();
 }
 
 ByteOrder ByteOrderOf(DocumentEncoding encoding) {
@@ -202,8 +173,8 @@ std::string EncodeDocument(std::u16string_view text, const DocumentFormat& forma
   if (!halfUnit.empty()) {
     bytes += static_cast<char>(halfUnit.front() & 0xFFU);
   }
-  if (format.encoding == DocumentEncoding::kUtf8 && !IsAscii(bytes) && !IsRecognisedAsUtf8(bytes)) {
-    bytes.insert(0, kUtf8Mark);
+  if (format.encoding == DocumentEncoding::kUtf8 && !IsAscii(bytes) && !IsUtf8(Recognise(bytes))) {
+    bytes.insert(0, MarkOf(DocumentEncoding::kUtf8WithMark));
   }
   return bytes;
 }

@@ -29,6 +29,7 @@ bool LineReader::Next() {
       const bool afterReturn = lineFeed > 0 && data[lineFeed - 1] == '\r';
       if (afterReturn || lineEnds_ == LineEnds::kCrLfOrLf) {
         line_ = {data, afterReturn ? lineFeed - 1 : lineFeed};
+        lineEnd_ = afterReturn ? "\r\n" : "\n";
         begin_ += lineFeed + 1;
         ++number_;
         return true;
@@ -43,6 +44,7 @@ bool LineReader::Next() {
     return false;
   }
   line_ = {buffer_.data() + begin_, end_ - begin_};
+  lineEnd_ = {};
   begin_ = end_;
   ++number_;
   return true;

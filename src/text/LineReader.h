@@ -27,6 +27,8 @@ class LineReader {
   bool Next();
   // The bytes of the line without its line end, valid until the next call of Next.
   std::string_view line() const noexcept { return line_; }
+  // What ended it: CR LF, LF, or nothing at the end of the bytes.
+  std::string_view lineEnd() const noexcept { return lineEnd_; }
   // Lines count from 1; 0 before the first call of Next.
   std::uint64_t number() const noexcept { return number_; }
   // Of all the bytes that are read, where it is known.
@@ -43,6 +45,7 @@ class LineReader {
   std::size_t end_ = 0;
   bool atEnd_ = false;
   std::string_view line_;
+  std::string_view lineEnd_;
   std::uint64_t number_ = 0;
   std::uint64_t bytesRead_ = 0;
 };

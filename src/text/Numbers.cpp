@@ -7,16 +7,14 @@
 #include <string>
 #include <system_error>
 
+#include "text/LineText.h"
+
 namespace scrivanta {
 
 namespace {
 
 // Far beyond the range of a double together with any number of digits that fits into memory.
 constexpr long long kMostExponent = 1'000'000'000'000;
-
-bool IsDigit(char16_t c) {
-  return c >= u'0' && c <= u'9';
-}
 
 // A text read character by character, as if it held no blanks.
 class Scanner {

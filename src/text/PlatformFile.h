@@ -58,9 +58,6 @@ void CopyAttributes(const std::filesystem::path& from, const std::filesystem::pa
 // or the new one. Returns when the disk has it.
 std::error_code MoveInPlace(const std::filesystem::path& from, const std::filesystem::path& to);
 
-// Whether the path is a link that stands for a folder elsewhere; following it may lead in a circle.
-bool IsLinkToFolder(const std::filesystem::path& path) noexcept;
-
 // A path as text and back, without loss whatever the name is made of.
 std::u16string TextOfPath(const std::filesystem::path& path);
 std::filesystem::path PathOfText(std::u16string_view text);

@@ -67,6 +67,20 @@ AutomationObject AutomationObject::Create(const wchar_t* progId) {
   return made;
 }
 
+AutomationObject AutomationObject::Running(const wchar_t* progId) {
+  AutomationObject running;
+  CLSID classId;
+  IUnknown* unknown = nullptr;
+  if (SUCCEEDED(CLSIDFromProgID(progId, &classId)) && SUCCEEDED(GetActiveObject(classId, nullptr, &unknown))) {
+    IDispatch* object = nullptr;
+    if (SUCCEEDED(unknown->QueryInterface(IID_PPV_ARGS(&object)))) {
+      running.object_.reset(object);
+    }
+    unknown->Release();
+  }
+  return running;
+}
+
 AutomationObject::AutomationObject(const AutomationValue& value) {
   if (V_VT(&value.variant()) == VT_DISPATCH && V_DISPATCH(&value.variant()) != nullptr) {
     object_.reset(V_DISPATCH(&value.variant()));

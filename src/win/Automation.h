@@ -44,6 +44,8 @@ class AutomationObject {
  public:
   // Of the class with that name; isNull() when there is none or it cannot be made.
   static AutomationObject Create(const wchar_t* progId);
+  // The one that has been made by a program that is running now; isNull() when there is none.
+  static AutomationObject Running(const wchar_t* progId);
 
   AutomationObject() = default;
   // The object that a value holds; isNull() when it holds none.

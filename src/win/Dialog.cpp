@@ -4,6 +4,7 @@
 #include "text/win/PlatformError.h"
 #include "text/win/WideText.h"
 #include "win/Monitors.h"
+#include "win/WindowText.h"
 
 namespace scrivanta {
 
@@ -43,6 +44,7 @@ int Dialog::ShowModal(HWND owner) {
   wasOpened_ = false;
   const INT_PTR result =
       DialogBoxParamW(host_.instance, MAKEINTRESOURCEW(templateId_), owner, &Procedure, reinterpret_cast<LPARAM>(this));
+  opening_.Rethrow();
   // The result is -1, too, when the whole program is closed over an open dialog.
   if (result == -1 && !wasOpened_) {
     ThrowLastError("DialogBoxParam");
@@ -53,8 +55,10 @@ int Dialog::ShowModal(HWND owner) {
 void Dialog::ShowModeless(HWND owner) {
   if (handle_ == nullptr) {
     modal_ = false;
-    if (CreateDialogParamW(host_.instance, MAKEINTRESOURCEW(templateId_), owner, &Procedure,
-                           reinterpret_cast<LPARAM>(this)) == nullptr) {
+    const HWND window = CreateDialogParamW(host_.instance, MAKEINTRESOURCEW(templateId_), owner, &Procedure,
+                                           reinterpret_cast<LPARAM>(this));
+    opening_.Rethrow();
+    if (window == nullptr) {
       ThrowLastError("CreateDialogParam");
     }
   }
@@ -86,11 +90,7 @@ HWND Dialog::Control(int controlId) const {
 }
 
 std::u16string Dialog::ControlText(int controlId) const {
-  const HWND control = Control(controlId);
-  std::wstring text(static_cast<std::size_t>(GetWindowTextLengthW(control)) + 1, L'\0');
-  const int length = GetWindowTextW(control, text.data(), static_cast<int>(text.size()));
-  text.resize(static_cast<std::size_t>(length));
-  return FromWide(text);
+  return WindowText(Control(controlId));
 }
 
 void Dialog::SetControlText(int controlId, std::u16string_view text) {
@@ -189,7 +189,7 @@ void Dialog::MoveToTwips(POINT corner) {
 
 INT_PTR CALLBACK Dialog::Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
   if (message == WM_INITDIALOG) {
-    reinterpret_cast<Dialog*>(lParam)->Opened(window);
+    return reinterpret_cast<Dialog*>(lParam)->Open(window);
   }
   auto* const self = reinterpret_cast<Dialog*>(GetWindowLongPtrW(window, DWLP_USER));
   if (self == nullptr) {
@@ -203,11 +203,28 @@ INT_PTR CALLBACK Dialog::Procedure(HWND window, UINT message, WPARAM wParam, LPA
   }
 }
 
-void Dialog::Opened(HWND window) {
+// What cannot be opened is closed again, and the failure goes to whoever wanted to show it.
+INT_PTR Dialog::Open(HWND window) noexcept {
   SetWindowLongPtrW(window, DWLP_USER, reinterpret_cast<LONG_PTR>(this));
   handle_ = window;
   wasOpened_ = true;
-  host_.loop.AddDialog(window);
+  const bool isOpen = opening_.Hold([this] {
+    host_.loop.AddDialog(handle_);
+    ShowOwnersIcon();
+    CentreOverOwner();
+    OnInit();
+  });
+  if (!isOpen) {
+    const HWND failed = handle_;
+    Closed();
+    SetWindowLongPtrW(failed, DWLP_USER, 0);
+    if (modal_) {
+      EndDialog(failed, IDCANCEL);
+    } else {
+      DestroyWindow(failed);
+    }
+  }
+  return focusOn_ ? FALSE : TRUE;
 }
 
 void Dialog::ShowOwnersIcon() {
@@ -229,11 +246,6 @@ void Dialog::Closed() {
 
 INT_PTR Dialog::Handle(UINT message, WPARAM wParam, LPARAM lParam) {
   switch (message) {
-    case WM_INITDIALOG:
-      ShowOwnersIcon();
-      CentreOverOwner();
-      OnInit();
-      return focusOn_ ? FALSE : TRUE;
     case WM_COMMAND:
       if (OnCommand(LOWORD(wParam), HIWORD(wParam))) {
         return TRUE;

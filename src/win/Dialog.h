@@ -15,6 +15,7 @@
 #include <string_view>
 #include <vector>
 
+#include "win/HeldFailure.h"
 #include "win/Subclass.h"
 #include "win/WindowHost.h"
 
@@ -26,7 +27,8 @@ class Dialog {
   Dialog& operator=(const Dialog&) = delete;
   virtual ~Dialog();
 
-  // Shows the dialog until it is closed; the result is what Close was given.
+  // Shows the dialog until it is closed; the result is what Close was given. Both throw what OnInit throws; the dialog
+  // is not open then.
   int ShowModal(HWND owner);
   // Shows the dialog beside its owner, or brings it to the front when it is open already.
   void ShowModeless(HWND owner);
@@ -77,7 +79,7 @@ class Dialog {
  private:
   static INT_PTR CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
   INT_PTR Handle(UINT message, WPARAM wParam, LPARAM lParam);
-  void Opened(HWND window);
+  INT_PTR Open(HWND window) noexcept;
   void ShowOwnersIcon();
   void SetToolTipOf(HWND window, std::wstring tip);
   void Closed();
@@ -90,6 +92,7 @@ class Dialog {
   bool modal_ = false;
   bool wasOpened_ = false;
   bool dragByBody_ = false;
+  HeldFailure opening_;
   std::vector<std::unique_ptr<Subclass>> hooks_;
 };
 

@@ -1,28 +1,39 @@
 #include "win/Monitors.h"
 
 #include <algorithm>
+#include <utility>
+
+#include "win/HeldFailure.h"
 
 namespace scrivanta {
 
 namespace {
 
-BOOL CALLBACK AddWorkArea(HMONITOR monitor, HDC, RECT*, LPARAM areas) {
+struct Areas {
+  std::vector<RECT> list;
+  HeldFailure failure;
+};
+
+BOOL CALLBACK AddWorkArea(HMONITOR monitor, HDC, RECT*, LPARAM parameter) {
+  auto& areas = *reinterpret_cast<Areas*>(parameter);
   MONITORINFO info{};
   info.cbSize = sizeof(info);
-  if (GetMonitorInfoW(monitor, &info) != FALSE) {
-    auto& list = *reinterpret_cast<std::vector<RECT>*>(areas);
-    const bool isMain = (info.dwFlags & MONITORINFOF_PRIMARY) != 0;
-    list.insert(isMain ? list.begin() : list.end(), info.rcWork);
+  if (GetMonitorInfoW(monitor, &info) == FALSE) {
+    return TRUE;
   }
-  return TRUE;
+  const bool isMain = (info.dwFlags & MONITORINFOF_PRIMARY) != 0;
+  const bool added =
+      areas.failure.Hold([&] { areas.list.insert(isMain ? areas.list.begin() : areas.list.end(), info.rcWork); });
+  return added ? TRUE : FALSE;
 }
 
 }  // namespace
 
 std::vector<RECT> WorkAreas() {
-  std::vector<RECT> areas;
+  Areas areas;
   EnumDisplayMonitors(nullptr, nullptr, &AddWorkArea, reinterpret_cast<LPARAM>(&areas));
-  return areas;
+  areas.failure.Rethrow();
+  return std::move(areas.list);
 }
 
 RECT KeepOnScreen(const RECT& bounds) {

@@ -2,13 +2,15 @@
 
 #include <algorithm>
 #include <cstring>
-#include <exception>
 #include <limits>
+#include <system_error>
+#include <utility>
 
 #include "rtf/StandardRtf.h"
 #include "text/Surrogates.h"
 #include "text/win/PlatformError.h"
 #include "text/win/WideText.h"
+#include "win/HeldFailure.h"
 
 namespace scrivanta {
 
@@ -32,7 +34,7 @@ struct Feed {
   std::string_view bytes;
   std::size_t total;
   Progress& progress;
-  std::exception_ptr failure = nullptr;  // what the progress has thrown, which must not fly through the control
+  HeldFailure failure = {};
 
   static DWORD CALLBACK Next(DWORD_PTR cookie, BYTE* buffer, LONG room, LONG* written) {
     auto& feed = *reinterpret_cast<Feed*>(cookie);
@@ -40,13 +42,8 @@ struct Feed {
     std::memcpy(buffer, feed.bytes.data(), count);
     feed.bytes.remove_prefix(count);
     *written = static_cast<LONG>(count);
-    try {
-      feed.progress.Report(feed.total - feed.bytes.size(), feed.total);
-    } catch (...) {
-      feed.failure = std::current_exception();
-      return ERROR_CANCELLED;
-    }
-    return ERROR_SUCCESS;
+    const bool goesOn = feed.failure.Hold([&] { feed.progress.Report(feed.total - feed.bytes.size(), feed.total); });
+    return goesOn ? ERROR_SUCCESS : ERROR_CANCELLED;
   }
 };
 
@@ -71,41 +68,54 @@ std::string_view BytesOf(std::u16string_view text) {
   return {reinterpret_cast<const char*>(text.data()), text.size() * sizeof(char16_t)};
 }
 
-DWORD CALLBACK Collect(DWORD_PTR cookie, BYTE* buffer, LONG count, LONG* read) {
-  reinterpret_cast<std::string*>(cookie)->append(reinterpret_cast<const char*>(buffer),
-                                                 static_cast<std::size_t>(count));
-  *read = count;
-  return 0;
+void Require(DWORD error, const char* message) {
+  if (error != 0) {
+    throw std::system_error(static_cast<int>(error), std::system_category(), message);
+  }
 }
 
-// Throws what the progress throws.
+// Takes the bytes that the control gives.
+struct Collection {
+  std::string bytes;
+  HeldFailure failure = {};
+
+  static DWORD CALLBACK Take(DWORD_PTR cookie, BYTE* buffer, LONG count, LONG* taken) {
+    auto& collection = *reinterpret_cast<Collection*>(cookie);
+    const bool goesOn = collection.failure.Hold(
+        [&] { collection.bytes.append(reinterpret_cast<const char*>(buffer), static_cast<std::size_t>(count)); });
+    *taken = goesOn ? count : 0;
+    return goesOn ? ERROR_SUCCESS : ERROR_NOT_ENOUGH_MEMORY;
+  }
+};
+
+// Throws what the progress throws. Returns the error of the control, 0 when there is none.
 DWORD StreamIn(const RichEdit& box, WPARAM format, std::string_view bytes, Progress& progress) {
   Feed feed{bytes, bytes.size(), progress};
   EDITSTREAM stream{};
   stream.dwCookie = reinterpret_cast<DWORD_PTR>(&feed);
   stream.pfnCallback = &Feed::Next;
   box.Send(EM_STREAMIN, format, reinterpret_cast<LPARAM>(&stream));
-  if (feed.failure) {
-    std::rethrow_exception(feed.failure);
-  }
+  feed.failure.Rethrow();
   return stream.dwError;
 }
 
 std::string StreamOut(const RichEdit& box, WPARAM format) {
-  std::string bytes;
+  Collection collection;
   EDITSTREAM stream{};
-  stream.dwCookie = reinterpret_cast<DWORD_PTR>(&bytes);
-  stream.pfnCallback = &Collect;
+  stream.dwCookie = reinterpret_cast<DWORD_PTR>(&collection);
+  stream.pfnCallback = &Collection::Take;
   box.Send(EM_STREAMOUT, format, reinterpret_cast<LPARAM>(&stream));
-  return bytes;
+  collection.failure.Rethrow();
+  Require(stream.dwError, "EM_STREAMOUT");
+  return std::move(collection.bytes);
 }
 
 }  // namespace
 
 OwnedLibrary LoadRichEditLibrary() {
-  OwnedLibrary library(LoadLibraryW(L"msftedit.dll"));
+  OwnedLibrary library(LoadLibraryExW(L"msftedit.dll", nullptr, LOAD_LIBRARY_SEARCH_SYSTEM32));
   if (!library) {
-    ThrowLastError("LoadLibrary");
+    ThrowLastError("LoadLibraryEx");
   }
   return library;
 }
@@ -170,7 +180,7 @@ void RichEdit::LoadText(std::u16string_view text, Progress& progress) {
   for (std::u16string_view rest = text; !rest.empty();) {
     const std::u16string_view piece = FirstPiece(rest);
     Select({kEnd, kEnd});
-    StreamIn(*this, SF_TEXT | SF_UNICODE | SFF_SELECTION, BytesOf(piece), onlyPieces);
+    Require(StreamIn(*this, SF_TEXT | SF_UNICODE | SFF_SELECTION, BytesOf(piece), onlyPieces), "EM_STREAMIN");
     rest.remove_prefix(piece.size());
     progress.Report(text.size() - rest.size(), text.size());
   }
@@ -188,7 +198,8 @@ void RichEdit::LoadRtfByLines(const RtfByLines& rtf, Progress& progress) {
     // The control has a last line without an end; of a whole rich text it leaves out the last line's end for that.
     const std::string_view shown = rest.empty() ? piece.substr(0, piece.size() - kRtfLineEnd.size()) : piece;
     Select({kEnd, kEnd});
-    StreamIn(*this, SF_RTF | SFF_SELECTION, std::string(rtf.header).append(shown).append("}"), onlyPieces);
+    const std::string whole = std::string(rtf.header).append(shown).append("}");
+    Require(StreamIn(*this, SF_RTF | SFF_SELECTION, whole, onlyPieces), "EM_STREAMIN");
     progress.Report(rtf.lines.size() - rest.size(), rtf.lines.size());
   }
 }
@@ -201,9 +212,9 @@ std::string RichEdit::SelectedRtf() const {
   return StandardRtf(StreamOut(*this, kUtf8Rtf | SFF_SELECTION), [this] { return Text(Selection()); });
 }
 
-void RichEdit::ReplaceSelectionByRtf(std::string_view bytes) {
+bool RichEdit::ReplaceSelectionByRtf(std::string_view bytes) {
   NoProgress progress;
-  StreamIn(*this, SF_RTF | SFF_SELECTION, bytes, progress);
+  return StreamIn(*this, SF_RTF | SFF_SELECTION, bytes, progress) == 0;
 }
 
 CHARRANGE RichEdit::Selection() const {
@@ -271,9 +282,9 @@ void RichEdit::SetFormatOfAll(const CHARFORMAT2W& format) {
   Send(EM_SETCHARFORMAT, SCF_ALL, reinterpret_cast<LPARAM>(&format));
 }
 
-void RichEdit::SetWordWrap(bool wrap) {
-  wraps_ = wrap;
-  Send(EM_SETTARGETDEVICE, 0, wrap ? 0 : 1);
+void RichEdit::SetWordWrap(bool wraps) {
+  wraps_ = wraps;
+  Send(EM_SETTARGETDEVICE, 0, wraps ? 0 : 1);
 }
 
 void RichEdit::SetReadOnly(bool readOnly) {

@@ -34,10 +34,10 @@ class RichEdit {
   std::u16string Text() const;
   std::u16string Text(CHARRANGE range) const;
 
-  // Both fill a control that is empty, in time linear in the length, and report to the progress, which may handle the
-  // messages of other windows. When it throws, the control holds a part.
-  // Decoded text with any line ends, in the default character format. A lone CR before a CR LF would come out as a
-  // blank.
+  // What follows fills a control that is empty, in time linear in the length, and report to the progress, which may
+  // handle the messages of other windows. When it throws, the control holds a part; std::system_error is thrown for
+  // what the control does not take, or cannot give. Decoded text with any line ends, in the default character format. A
+  // lone CR before a CR LF would come out as a blank.
   void LoadText(std::u16string_view text, Progress& progress);
   // The bytes of a rich text. False when they are none: the control may then hold anything.
   bool LoadRtf(std::string_view bytes, Progress& progress);
@@ -46,7 +46,8 @@ class RichEdit {
   void LoadRtfByLines(const RtfByLines& rtf, Progress& progress);
   std::string Rtf() const;
   std::string SelectedRtf() const;
-  void ReplaceSelectionByRtf(std::string_view bytes);
+  // False when the bytes are no rich text, or break off: a part of them may stand in the place of the selection.
+  bool ReplaceSelectionByRtf(std::string_view bytes);
 
   CHARRANGE Selection() const;
   // Does not scroll.
@@ -67,7 +68,7 @@ class RichEdit {
   // The format of all there is, and of what comes.
   void SetFormatOfAll(const CHARFORMAT2W& format);
 
-  void SetWordWrap(bool wrap);
+  void SetWordWrap(bool wraps);
   void SetReadOnly(bool readOnly);
   bool IsReadOnly() const;
   // Lines as shown, wrapped lines counted singly.

@@ -14,7 +14,7 @@ struct WindowHost {
   HINSTANCE instance = nullptr;
   MessageLoop& loop;
   // Told of an exception that reached a window's procedure, beyond which it must not go; the window is the owner for
-  // a message box.
+  // a message box. It does not throw.
   std::function<void(HWND, std::exception_ptr)> onError;
 };
 

@@ -2,6 +2,8 @@
 #pragma once
 
 #include <atomic>
+#include <filesystem>
+#include <iterator>
 #include <sstream>
 #include <string>
 #include <string_view>
@@ -25,6 +27,11 @@ inline BatchResult RunBatchOn(std::string_view input, const std::vector<std::str
   const std::atomic<bool> interruptedFlag = interrupted;
   const int status = RunBatch(arguments, {source, sink, errors, false, interruptedFlag});
   return {status, sink.bytes(), errors.str()};
+}
+
+inline std::size_t FilesIn(const std::filesystem::path& folder) {
+  return static_cast<std::size_t>(
+      std::distance(std::filesystem::directory_iterator(folder), std::filesystem::directory_iterator()));
 }
 
 }  // namespace scrivanta::testing

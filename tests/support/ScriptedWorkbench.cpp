@@ -4,6 +4,9 @@
 
 #include <gtest/gtest.h>
 
+#include "text/PathParts.h"
+#include "text/PlatformFile.h"
+
 namespace scrivanta::testing {
 
 namespace {
@@ -77,6 +80,7 @@ std::size_t ScriptedEditor::CaretDisplayLine() const {
 void ScriptedEditor::SetText(std::u16string_view text) {
   ++changes;
   text_ = WithLineBreaks(text);
+  rtf.clear();  // the formatting is gone
   selection_ = {};
   scroll = {};
 }
@@ -92,8 +96,8 @@ bool ScriptedEditor::SetRtf(std::string_view bytes) {
   if (!textOfRtf) {
     return false;
   }
-  rtf = bytes;
   SetText(textOfRtf(bytes));
+  rtf = bytes;
   return true;
 }
 
@@ -149,6 +153,11 @@ std::filesystem::path ScriptedPrompts::AskForFile(const FileQuestion& question) 
   return NextAnswer(question.filter, std::filesystem::path());
 }
 
+std::vector<std::filesystem::path> ScriptedPrompts::AskForFiles(const FileQuestion& question) {
+  files.push_back(question);
+  return NextAnswer(question.filter, std::vector<std::filesystem::path>());
+}
+
 std::filesystem::path ScriptedPrompts::AskForFolder(const FolderQuestion& question) {
   folders.push_back(question);
   return NextAnswer(question.title, std::filesystem::path());
@@ -189,6 +198,10 @@ bool ScriptedDocument::OfferToSave() {
   return offerAnswer;
 }
 
+std::optional<std::filesystem::path> ScriptedDocument::ConfirmTarget(const std::filesystem::path& chosen) {
+  return targetIsFine ? std::optional(PathOfText(WithTextExtension(TextOfPath(chosen)))) : std::nullopt;
+}
+
 void ScriptedDocument::ShowNew(std::u16string_view text, DocumentSaver newSaver) {
   editor_.Open(text);
   SaveThrough(std::move(newSaver));
@@ -211,7 +224,8 @@ std::u16string ScriptedDocument::TextOfFile(const std::filesystem::path& file) {
 ScriptedWorkbench::ScriptedWorkbench()
     : folders_{.program = folder_.path() / "program" / "",
                .temporary = folder_.path() / "temporary" / "",
-               .iniFile = folder_.path() / "program" / "Scrivanta.ini"} {
+               .iniFile = folder_.path() / "program" / "Scrivanta.ini",
+               .recovery = folder_.path() / "own" / "Recovery"} {
   std::filesystem::create_directories(folders_.program);
   std::filesystem::create_directories(folders_.temporary);
 }

@@ -58,7 +58,8 @@ class ScriptedEditor final : public Editor {
 // asked for; a box with only an OK button needs none.
 class ScriptedPrompts final : public Prompts {
  public:
-  using ScriptedAnswer = std::variant<Answer, std::u16string, std::filesystem::path>;
+  using ScriptedAnswer =
+      std::variant<Answer, std::u16string, std::filesystem::path, std::vector<std::filesystem::path>>;
 
   ~ScriptedPrompts() override;
 
@@ -68,6 +69,7 @@ class ScriptedPrompts final : public Prompts {
   Answer Ask(const Message& message) override;
   std::u16string Input(const InputQuestion& question) override;
   std::filesystem::path AskForFile(const FileQuestion& question) override;
+  std::vector<std::filesystem::path> AskForFiles(const FileQuestion& question) override;
   std::filesystem::path AskForFolder(const FolderQuestion& question) override;
 
   std::vector<Message> messages;
@@ -105,13 +107,24 @@ class ManualClock final : public Clock {
 
 class RecordingDesktop final : public Desktop {
  public:
-  void OpenWithDefaultProgram(const std::filesystem::path& document) override { opened.push_back(document); }
+  void OpenWithDefaultProgram(const std::filesystem::path& document) override {
+    if (!hasPrograms || document == refused) {
+      throw FileError(document, std::make_error_code(std::errc::no_such_file_or_directory));
+    }
+    opened.push_back(document);
+  }
   void Run(const std::u16string& program, const std::u16string& arguments) override {
     runs.emplace_back(program, arguments);
   }
+  void RunSystemProgram(const std::u16string& fileName, const std::u16string& arguments) override {
+    systemRuns.emplace_back(fileName, arguments);
+  }
 
+  bool hasPrograms = true;  // false: no document can be opened
   std::vector<std::filesystem::path> opened;
+  std::filesystem::path refused;  // cannot be opened
   std::vector<std::pair<std::u16string, std::u16string>> runs;
+  std::vector<std::pair<std::u16string, std::u16string>> systemRuns;
 };
 
 class ScriptedDocument final : public Document {
@@ -122,6 +135,9 @@ class ScriptedDocument final : public Document {
   bool IsChanged() const override { return changed; }
   void MarkUnchanged() override { changed = false; }
   bool OfferToSave() override;
+  bool MayBeReplaced() override { return mayBeReplaced; }
+  // The path that it would get, unless the user does not want it.
+  std::optional<std::filesystem::path> ConfirmTarget(const std::filesystem::path& chosen) override;
   void ShowNew(std::u16string_view text, DocumentSaver newSaver) override;
   void SaveThrough(DocumentSaver newSaver) override;
   std::u16string TextOfFile(const std::filesystem::path& file) override;
@@ -130,6 +146,8 @@ class ScriptedDocument final : public Document {
   bool changed = false;
   DocumentSaver saver;
   bool offerAnswer = true;  // false: the user cancels
+  bool mayBeReplaced = true;
+  bool targetIsFine = true;
   int offers = 0;
   std::map<std::filesystem::path, std::u16string> texts;  // of the files that there are
 

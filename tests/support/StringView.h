@@ -24,6 +24,10 @@ class StringView final : public DocumentView {
     }
     return text.has_value();
   }
+  void ReplaceText(std::u16string_view text, std::function<void(bool isUndone)> onUndo) override {
+    editor_.SetText(text);
+    undoOfReplacing = std::move(onUndo);
+  }
   std::string DocumentRtf() const override {
     const std::u16string text = editor_.Text();
     return "{" + std::string(text.begin(), text.end()) + "}";
@@ -51,6 +55,7 @@ class StringView final : public DocumentView {
   bool isReadOnly = false;
   bool isFormatted = false;
   std::function<void(bool)> onChanged;
+  std::function<void(bool isUndone)> undoOfReplacing;
 
  private:
   Editor& editor_;

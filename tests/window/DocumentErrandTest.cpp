@@ -66,50 +66,5 @@ TEST_F(DocumentErrandTest, CleansUpAListAndSavesItUnderAnotherName) {
   EXPECT_EQ(app.WaitForEnd(), 0);
 }
 
-TEST_F(DocumentErrandTest, WorksOnASelectionAndOnNothingElse) {
-  app.Start();
-  app.Open(folder.Write(u"选择.txt", Gbk(u" 一 \r\n\r\n 二 \r\n\r\n 三 \r\n\r\n四")));
-  app.Editor().SelectText(u" 二 \r\n\r\n 三");
-  app.Menu("mnuDelEmptyLine");
-  app.ExpectText(u" 一 \r\n\r\n 二 \r\n 三 \r\n\r\n四");
-  app.Editor().SelectText(u" 二 \r\n 三");
-  app.Menu("mnuTrimLine");
-  app.ExpectText(u" 一 \r\n\r\n二\r\n三 \r\n\r\n四");
-}
-
-TEST_F(DocumentErrandTest, DeletingLinesAsksWhenTheLastComesBeforeTheFirst) {
-  const Message question{.text = u"后数<前数，是否交换！", .buttons = Buttons::kYesNo, .icon = Icon::kQuestion};
-  app.Start();
-  app.Open(folder.Write(u"行.txt", "1\r\n2\r\n3\r\n4"));
-  app.Menu("mnuDelLineFromXtoY");
-  app.ExpectDialog(u"删除开始行至结束行").Close();
-  app.ExpectText(u"1\r\n2\r\n3\r\n4");
-
-  for (const Answer answer : {Answer::kNo, Answer::kYes}) {
-    app.Menu("mnuDelLineFromXtoY");
-    app.ExpectDialog(u"删除开始行至结束行")
-        .Type(TxtDelLineStart, u"3")
-        .Type(TxtDelLineEnd, u"2 行")
-        .Press(CmdFrmDelLineFromXtoY);
-    app.ExpectBox(question).Answer(answer);
-    app.ExpectText(answer == Answer::kNo ? u"1\r\n2\r\n3\r\n4" : u"1\r\n4");
-  }
-}
-
-TEST_F(DocumentErrandTest, GoesToALine) {
-  const InputQuestion question{.prompt = u"指定要定位的行："};
-  app.Start();
-  app.Open(folder.Write(u"行.txt", Gbk(u"一\r\n二二\r\n三")));
-  app.Menu("mnuGotoLine");
-  app.AnswerInput(question, u"3");
-  EXPECT_EQ(app.Editor().Selection().start.value, 7U);
-  app.Menu("mnuGotoLine");
-  app.AnswerInput(question, u"");
-  EXPECT_EQ(app.Editor().Selection().start.value, 7U);
-  app.Menu("mnuGotoLine");
-  app.AnswerInput(question, u"九九");
-  app.ExpectBox({.text = u"出错了！", .icon = Icon::kCritical, .systemModal = true}).Answer(Answer::kOk);
-}
-
 }  // namespace
 }  // namespace scrivanta

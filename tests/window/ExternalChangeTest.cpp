@@ -22,7 +22,7 @@ class ExternalChangeTest : public WindowTest {
 };
 
 TEST_F(ExternalChangeTest, IsNoticedWhenThePersonComesBack) {
-  const auto document = folder.Write(u"清单.txt", Gbk(u"苹果\r\n"));
+  const auto document = folder.Write(u"清单.txt", Gbk(u"苹果\n"));
   app.Start(document.u16string());
   app.Press("Ctrl+End");
   app.Type(u"梨");
@@ -41,7 +41,7 @@ TEST_F(ExternalChangeTest, IsNoticedWhenThePersonComesBack) {
   app.ExpectText(u"苹果\r\n梨");
 
   app.Menu("mnuSave");
-  EXPECT_EQ(ReadBytes(document), Utf8(u"苹果\r\n梨"));
+  EXPECT_EQ(ReadBytes(document), Gbk(u"苹果\n梨")) << "encoding and line ends go back with the text";
   std::filesystem::remove(document);
   LeaveAndComeBack(other);
   app.ExpectBox(
@@ -51,7 +51,7 @@ TEST_F(ExternalChangeTest, IsNoticedWhenThePersonComesBack) {
   app.Close();
   app.ExpectBox({.text = u"是否存盘?", .buttons = Buttons::kYesNoCancel, .icon = Icon::kQuestion}).Answer(Answer::kYes);
   EXPECT_EQ(app.WaitForEnd(), 0);
-  EXPECT_EQ(ReadBytes(document), Utf8(u"苹果\r\n梨"));
+  EXPECT_EQ(ReadBytes(document), Gbk(u"苹果\n梨"));
 }
 
 }  // namespace

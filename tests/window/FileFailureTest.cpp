@@ -60,6 +60,13 @@ TEST_F(FileFailureTest, WhatCannotBeSavedLeavesTheFileAsItWasAndTheDocumentChang
   for (const auto& target : {readOnly, locked}) {
     app.Menu("mnuSaveAs");
     app.ChooseFile(target);
+    if (target == locked) {
+      app.ExpectBox({.text = u"文件已存在：\n" + target.u16string() + u"\n是否替换？",
+                     .buttons = Buttons::kYesNo,
+                     .icon = Icon::kWarning,
+                     .defaultAnswer = Answer::kNo})
+          .Answer(Answer::kYes);
+    }
     ExpectFailure(target, u"没有权限，或文件正被其他程序使用");
     app.ExpectText(u"新");
   }

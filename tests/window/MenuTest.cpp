@@ -98,6 +98,8 @@ constexpr auto kExpectedMenu = std::to_array<ExpectedEntry>({
     {"mnuCalculator", u"&A 计算器"},
     {"mnuStatistics", u"&S 统计"},
     {"mnuOptions", u"&O 选项..."},
+    {"mnuSep12", u"-"},
+    {"mnuDatabase", u"&D 数据库交换..."},
     {"mnuhelp", u"&H 帮助"},
     {"mnuHowToUse", u"How To Use"},
 });

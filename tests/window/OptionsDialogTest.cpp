@@ -93,18 +93,5 @@ TEST_F(OptionsDialogTest, TheDefaultFileIsOpenedWhenNoDocumentIsNamed) {
   app.ExpectCaption(u"Scrivanta " + file.u16string());
 }
 
-TEST_F(OptionsDialogTest, ANamedDocumentIsOpenedInPlaceOfTheDefaultFile) {
-  WriteDefaultFile();
-  app.Start(folder.Write("named.txt", "named").u16string());
-  app.ExpectText(u"named");
-}
-
-TEST_F(OptionsDialogTest, AnEmptyNameOpensNothing) {
-  WriteDefaultFile();
-  app.Start(u"\"\"");
-  app.ExpectStatus(u"状态");
-  EXPECT_EQ(app.Text(), u"");
-}
-
 }  // namespace
 }  // namespace scrivanta

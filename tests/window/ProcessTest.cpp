@@ -8,7 +8,9 @@
 #include <vector>
 
 #include "shell/window/FrmMain.h"
+#include "text/SameFile.h"
 #include "win/Handles.h"
+#include "win/SystemFolders.h"
 #include "window/driver/ProgramProcess.h"
 #include "window/driver/StoredSettings.h"
 #include "window/driver/Wait.h"
@@ -118,8 +120,12 @@ TEST_F(ProcessTest, NewStartsAnotherInstanceAtTheSamePlace) {
   CloseStarted(second);
 }
 
-// A copy of the program plays the calculator's part: it can be seen that it runs, and as what.
-TEST_F(ProcessTest, StartsTheCalculator) {
+// Copies of the program play the calculator's part, the system's and another's of the same name: it can be seen that
+// one runs, and which.
+TEST_F(ProcessTest, StartsTheCalculatorOfTheSystem) {
+  const std::filesystem::path systems = SystemFolder() / L"CALC.EXE";
+  std::filesystem::copy_file(ProgramProcess::BuiltProgram(), systems,
+                             std::filesystem::copy_options::overwrite_existing);
   std::filesystem::copy_file(ProgramProcess::BuiltProgram(), folder / L"CALC.EXE");
   std::wstring searched(1U << 15U, L'\0');
   searched.resize(GetEnvironmentVariableW(L"PATH", searched.data(), static_cast<DWORD>(searched.size())));
@@ -127,8 +133,12 @@ TEST_F(ProcessTest, StartsTheCalculator) {
   const ProgramProcess first;
   first.Menu("mnuCalculator");
   const HWND calculator = ExpectStarted(first);
-  EXPECT_EQ(ProgramOf(calculator).filename(), L"CALC.EXE");
+  EXPECT_TRUE(IsSameFile(ProgramOf(calculator), systems)) << ProgramOf(calculator);
   CloseStarted(calculator);
+  WaitUntil("the calculator to end", [&] {
+    std::error_code error;
+    return std::filesystem::remove(systems, error);
+  });
 }
 
 TEST_F(ProcessTest, KilledWhileSavingLeavesTheOldFileOrTheNew) {
@@ -145,6 +155,12 @@ TEST_F(ProcessTest, KilledWhileSavingLeavesTheOldFileOrTheNew) {
   program.ExpectText(text);
   program.Menu("mnuSaveAs");
   program.ExpectFileDialog().Choose(document);
+  program
+      .ExpectBox({.text = u"文件已存在：\n" + document.u16string() + u"\n是否替换？",
+                  .buttons = Buttons::kYesNo,
+                  .icon = Icon::kWarning,
+                  .defaultAnswer = Answer::kNo})
+      .Answer(Answer::kYes);
   // Killed at the first sign of saving: the file is being written beside its target, or is in place already.
   WaitUntil("the program to save", [&] {
     return std::distance(std::filesystem::directory_iterator(folder.path()), {}) > kFiles || ReadBytes(document) != old;

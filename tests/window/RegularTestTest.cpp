@@ -1,5 +1,6 @@
-// The pattern workbench as a person uses it.
+// The pattern tester as a person uses it.
 #include "search/ScrivantaRegularTestControls.h"
+#include "text/DecimalText.h"
 #include "win/Handles.h"
 #include "window/driver/Keyboard.h"
 #include "window/driver/WindowTest.h"
@@ -61,6 +62,29 @@ TEST_F(RegularTestTest, ColoursTheMatchesAndCountsThem) {
   app.ExpectBox({.text = u"发现 1 次。", .systemModal = true}).Answer(Answer::kOk);
   app.Press("Esc");
   dialog.WaitUntilGone();
+}
+
+TEST_F(RegularTestTest, ColoursWithoutMovingTheView) {
+  app.Start();
+  const auto lineWithNumber = [](LRESULT number) { return u"行" + DecimalText(100 + number); };
+  std::u16string text;
+  for (int number = 0; number < 300; ++number) {
+    text += lineWithNumber(number) + u"\r\n";
+  }
+  app.Editor().Insert(text);
+  POINT before{0, 1000};
+  const HWND box = app.Editor().window();
+  SendMessageW(box, EM_SETSCROLLPOS, 0, reinterpret_cast<LPARAM>(&before));
+  SendMessageW(box, EM_GETSCROLLPOS, 0, reinterpret_cast<LPARAM>(&before));
+  ASSERT_GT(before.y, 0);
+  POINTL inView{4, 60};
+  const LRESULT character = SendMessageW(box, EM_CHARFROMPOS, 0, reinterpret_cast<LPARAM>(&inView));
+  const LRESULT line = SendMessageW(box, EM_EXLINEFROMCHAR, 0, character);
+  DialogDriver dialog = Open();
+  Test(dialog, u"行100|" + lineWithNumber(line), u"2");
+  POINT after{};
+  SendMessageW(box, EM_GETSCROLLPOS, 0, reinterpret_cast<LPARAM>(&after));
+  EXPECT_EQ(after.y, before.y);
 }
 
 TEST_F(RegularTestTest, KeepsItsHistoryInTheIniFileAndExplainsTheDialect) {

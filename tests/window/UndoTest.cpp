@@ -102,6 +102,29 @@ TEST_F(UndoTest, BringsBackTheFormattingThatACommandTookAway) {
   EXPECT_TRUE(isBold(u"正文"));
 }
 
+// So large that a plain text would be loaded anew.
+TEST_F(UndoTest, ALargeEditLeavesTheFormattingOfTheRest) {
+  app.Start();
+  std::string lines = "title\r\n";
+  for (int line = 0; line < 1600; ++line) {
+    lines += "x \r\n";
+  }
+  app.Open(folder.Write("a.txt", lines));
+  app.Editor().SelectText(u"title");
+  app.Menu("mnuBold");
+  const auto expectBoldTitle = [&] {
+    app.Editor().SelectText(u"title");
+    EXPECT_NE(app.Editor().SelectionFormat().dwEffects & CFE_BOLD, 0U);
+  };
+  app.Editor().Select({{7}, lines.size() - 7});
+  app.Menu("mnuTrimLine");
+  EXPECT_EQ(app.Text().find(u'x' + std::u16string(u" ")), std::u16string::npos);
+  expectBoldTitle();
+  app.Menu("mnuUndo");
+  app.ExpectText(std::u16string(lines.begin(), lines.end()));
+  expectBoldTitle();
+}
+
 TEST_F(UndoTest, ACommandIsOneStep) {
   app.Start();
   app.Open(folder.Write("a.txt", "one two\r\nthree"));

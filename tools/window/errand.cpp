@@ -4,12 +4,17 @@
 //   errand DOCUMENT RESULT PICTURE
 #include <windows.h>
 
+#include <commctrl.h>
+
 #include <algorithm>
+#include <cstdint>
 #include <cstdio>
 #include <exception>
 #include <filesystem>
 #include <string>
 #include <string_view>
+#include <utility>
+#include <vector>
 
 #include "window/driver/FirstRun.h"
 #include "window/driver/ProgramProcess.h"
@@ -31,6 +36,29 @@ RECT BoundsOf(HWND window) {
   return bounds;
 }
 
+// Whether something is to be seen there, and not the bare ground that comes first.
+bool ShowsSomething(RECT part) {
+  constexpr int kFrame = 8;  // pixels
+  InflateRect(&part, -kFrame, -std::min<int>(kFrame, (part.bottom - part.top) / 4));
+  const std::vector<std::uint32_t> pixels = ScreenPixels(part);
+  return std::ranges::any_of(pixels, [&pixels](std::uint32_t pixel) { return pixel != pixels.front(); });
+}
+
+// Menu, text and status bar are there, and nothing is on its way any more.
+void WaitUntilDrawn(HWND window) {
+  const RECT bounds = BoundsOf(window);
+  const RECT text = BoundsOf(FindWindowExW(window, nullptr, L"RICHEDIT50W", nullptr));
+  const RECT status = BoundsOf(FindWindowExW(window, nullptr, STATUSCLASSNAMEW, nullptr));
+  std::vector<std::uint32_t> last;
+  WaitUntil("the window to be drawn", [&] {
+    std::vector<std::uint32_t> now = ScreenPixels(bounds);
+    const bool isStill = now == last;
+    last = std::move(now);
+    return isStill && ShowsSomething({bounds.left, bounds.top, bounds.right, text.top}) && ShowsSomething(text) &&
+           ShowsSomething(status);
+  });
+}
+
 void RunErrand(const std::filesystem::path& document, const std::filesystem::path& result,
                const std::filesystem::path& picture) {
   std::filesystem::remove(result);
@@ -46,6 +74,7 @@ void RunErrand(const std::filesystem::path& document, const std::filesystem::pat
   program.ExpectFileDialog().Choose(result);
   WaitUntil("the result to be saved", [&] { return std::filesystem::exists(result); });
   program.ExpectCaption(u"Scrivanta " + result.u16string());
+  WaitUntilDrawn(program.MainWindow());
   TakeScreenshot(BoundsOf(program.MainWindow()), picture);
   program.Close();
   program.WaitForEnd();

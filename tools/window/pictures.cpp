@@ -70,8 +70,11 @@ void TakePictures(const std::filesystem::path& samples, const std::filesystem::p
   constexpr std::array kDialogs = {DialogPicture{"mnuFind", L"查找", L"find.png"},
                                    DialogPicture{"mnuDelLineFromXtoY", L"删除开始行至结束行", L"delete-lines.png"},
                                    DialogPicture{"mnuSort", L"文件排序", L"sort.png"},
-                                   DialogPicture{"mnuRegTest", L"RegularTest正则表达式测试", L"workbench.png"},
-                                   DialogPicture{"mnuEncryptSelectedText", L"密钥", L"key.png"}};
+                                   DialogPicture{"mnuRegTest", L"RegularTest正则表达式测试", L"regexp-test.png"},
+                                   DialogPicture{"mnuEncryptSelectedText", L"密钥", L"key.png"},
+                                   DialogPicture{"mnuMergeFile", L"合并文件内容", L"merge.png"},
+                                   DialogPicture{"mnuDataGuanLianHeBin", L"数据关联合并", L"join.png"},
+                                   DialogPicture{"mnuJiaZiMu", L"加字母", L"initials.png"}};
   for (const DialogPicture& picture : kDialogs) {
     TakeDialogPicture(program, picture, images);
   }

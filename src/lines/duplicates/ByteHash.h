@@ -20,8 +20,21 @@ inline std::uint64_t HashBytes(std::string_view bytes) {
     std::memcpy(&part, bytes.data(), sizeof(part));
     mix(part);
   }
-  part = 0;
-  std::memcpy(&part, bytes.data(), bytes.size());
+  // The rest in loads of a fixed size, which may overlap: its length is in the hash already.
+  if (bytes.size() >= sizeof(std::uint32_t)) {
+    std::uint32_t first = 0;
+    std::uint32_t last = 0;
+    std::memcpy(&first, bytes.data(), sizeof(first));
+    std::memcpy(&last, bytes.data() + bytes.size() - sizeof(last), sizeof(last));
+    part = (std::uint64_t{first} << 32U) | last;
+  } else if (!bytes.empty()) {
+    const auto byte = [bytes](std::size_t at) {
+      return static_cast<std::uint64_t>(static_cast<unsigned char>(bytes[at]));
+    };
+    part = (byte(0) << 16U) | (byte(bytes.size() / 2) << 8U) | byte(bytes.size() - 1);
+  } else {
+    part = 0;
+  }
   mix(part);
   return hash;
 }

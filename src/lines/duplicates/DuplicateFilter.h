@@ -25,8 +25,9 @@ void FilterDuplicates(LineReader& in, LineWriter& kept, LineWriter& report, cons
 void FilterConsecutiveDuplicates(LineReader& in, LineWriter& kept, LineWriter& report, Encoding encoding);
 
 // Copies the kept lines without those of which the report holds repeats: a line that is not empty is left out when it
-// stands anywhere behind a line break of the report. So it goes too when a repeat, or the header, begins with it, and
-// when it is a repeat followed by a carriage return, which is the one of the line break there.
+// stands anywhere behind a line break below the report's header. So it goes too when a repeat begins with it, and when
+// it is a repeat followed by a carriage return, which is the one of the line break there. Lines are compared as a
+// whole: of repeats by file name or by pattern the first stays, unless a repeat is the same line or begins with it.
 // Throws FileError, Interrupted.
 void DropReportedLines(LineReader& kept, LineReader& report, LineWriter& out, Progress& progress);
 

@@ -12,6 +12,8 @@ namespace {
 // More would help only texts that were made to be difficult, and each costs memory.
 constexpr std::size_t kMostIndices = 8;
 
+constexpr std::size_t kFairTrial = 1000;  // lines until the pairs may be found to tell little
+
 }  // namespace
 
 bool KeyIndex::ContainsOrAdd(std::string_view line) {
@@ -25,12 +27,33 @@ bool KeyIndex::ContainsOrAdd(std::string_view line) {
   if (!isOneWord && lines_.Contains(keys_, line, hash)) {
     return true;
   }
-  const std::optional<std::size_t> found = IndexForWords(wordHashes_.size()).Find(keys_, line, wordHashes_);
+  const std::optional<std::size_t> found = Find(line);
   const std::size_t place = found ? *found : keys_.Add(line);
+  if (!found && pairs_) {
+    pairs_->Add(keys_.bytes());
+  }
   if (!isOneWord) {
     lines_.Add(place, line.size(), hash);
   }
   return found.has_value();
+}
+
+// Where the words of the line stand in the joined keys.
+std::optional<std::size_t> KeyIndex::Find(std::string_view line) {
+  if (pairs_) {
+    ++asked_;
+    pairs_->Ask(wordHashes_);
+    if (!pairs_->MayContain()) {
+      return std::nullopt;
+    }
+  }
+  keys_.NumberWords();
+  const std::optional<std::size_t> found = IndexForWords(wordHashes_.size()).Find(keys_, line, wordHashes_);
+  falseAlarms_ += found ? 0 : 1;
+  if (asked_ > kFairTrial && falseAlarms_ > asked_ / 2) {
+    pairs_.reset();
+  }
+  return found;
 }
 
 void KeyIndex::HashWords(std::string_view line) {

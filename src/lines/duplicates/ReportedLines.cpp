@@ -21,11 +21,13 @@ std::uint64_t BeginningOf(std::string_view line) {
 
 ReportedLines::ReportedLines(LineReader& report, Progress& progress) : lines_(report) {
   PacedProgress gathering(progress, lines_.size());
-  for (std::size_t i = 1; i < lines_.size(); ++i) {
+  bool isBelowHeader = false;
+  for (std::size_t i = 0; i < lines_.size(); ++i) {
     gathering.Step();
-    if (i == 1 || lines_[i] != lines_[i - 1]) {
+    if (isBelowHeader && (sorted_.empty() || lines_[i] != lines_[i - 1])) {
       sorted_.push_back({BeginningOf(lines_[i]), i});
     }
+    isBelowHeader = isBelowHeader || !lines_[i].empty();
   }
   Sort(progress);
 }

@@ -14,10 +14,10 @@ namespace scrivanta {
 
 class ReportedLines {
  public:
-  // All lines of the report but its first, which stands behind no line break. Throws FileError, Interrupted.
+  // The lines below the report's header, which is the first line that is not empty. Throws FileError, Interrupted.
   ReportedLines(LineReader& report, Progress& progress);
 
-  // Whether a line break followed by the line occurs in the report.
+  // Whether a line break followed by the line occurs there.
   bool HasAtLineBegin(std::string_view line) const;
 
  private:

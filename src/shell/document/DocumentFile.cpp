@@ -4,11 +4,15 @@
 #include <memory>
 #include <utility>
 
+#include "shell/document/DocumentQuestions.h"
+#include "shell/document/SaveProgressBar.h"
 #include "text/AtomicFile.h"
 #include "text/Bytes.h"
 #include "text/ExplainedError.h"
 #include "text/PathParts.h"
 #include "text/PlatformFile.h"
+#include "text/ReadAll.h"
+#include "text/SameFile.h"
 
 namespace scrivanta {
 
@@ -34,17 +38,10 @@ ExplainedError NoRichText(const std::filesystem::path& path) {
   return {"not a rich text file", u"文件打开失败：\n" + TextOfPath(path) + u"\n文件内容不是 RTF 格式"};
 }
 
-// Hides the progress bar whatever happens.
-class ShownProgressBar {
- public:
-  explicit ShownProgressBar(DocumentView& view) : view_(view) { view_.ShowProgressBar(0); }
-  ShownProgressBar(const ShownProgressBar&) = delete;
-  ShownProgressBar& operator=(const ShownProgressBar&) = delete;
-  ~ShownProgressBar() { view_.ShowProgressBar(std::nullopt); }
-
- private:
-  DocumentView& view_;
-};
+std::string ReadFile(const std::filesystem::path& path, Progress& progress) {
+  FileSource source(path);
+  return ReadAll(source, progress);
+}
 
 }  // namespace
 
@@ -52,8 +49,9 @@ void DocumentFile::Load(const std::filesystem::path& path) {
   const std::filesystem::path wanted = WithoutLineBreaks(path);
   const std::unique_ptr<BusyWork> work = workbench_.StartWork();
   // Looked at first: what another program writes from then on is noticed.
-  FileOnDisk file(wanted);
-  const std::string bytes = ReadFile(wanted, work->progress());
+  FileOnDisk file(AbsolutePath(wanted));
+  const std::string bytes = ReadFile(file.path(), work->progress());
+  file.NoteContent(bytes);
   if (IsRichText(wanted) && !bytes.empty()) {
     if (!view_.ShowRichDocument(bytes)) {
       throw NoRichText(wanted);
@@ -62,7 +60,7 @@ void DocumentFile::Load(const std::filesystem::path& path) {
     return;
   }
   const DecodedDocument document = DecodeDocument(bytes);
-  if (document.format.isBinary && !ConfirmBinary(wanted)) {
+  if (document.format.isBinary && !AskToOpenReadOnly(workbench_.prompts(), wanted)) {
     return;
   }
   view_.ShowDocument(document.text);
@@ -72,22 +70,15 @@ void DocumentFile::Load(const std::filesystem::path& path) {
   }
 }
 
-bool DocumentFile::ConfirmBinary(const std::filesystem::path& path) {
-  return workbench_.prompts().Ask({.text = u"不是文本文件：\n" + TextOfPath(path) + u"\n是否以只读方式打开？",
-                                   .buttons = Buttons::kYesNo,
-                                   .icon = Icon::kWarning,
-                                   .defaultAnswer = Answer::kNo}) == Answer::kYes;
-}
-
-// The document that is shown now is this one.
-void DocumentFile::TakeOver(FileOnDisk file, const std::filesystem::path& path, const DocumentFormat& format) {
-  path_ = path;
+void DocumentFile::TakeOver(FileOnDisk file, const std::filesystem::path& shown, const DocumentFormat& format) {
+  path_ = file.path();
+  shown_ = shown;
   file_ = std::move(file);
   format_ = format;
   saver_ = nullptr;
   isReadOnly_ = format.isBinary;
   view_.SetReadOnly(isReadOnly_);
-  view_.ShowPath(path_);
+  view_.ShowPath(shown_);
   if (!path_.empty()) {
     view_.NoteUse(path_);
   }
@@ -103,7 +94,7 @@ Snapshot DocumentFile::Capture() const {
   const bool isRich = IsRichText(path_) || view_.HasFormatting();
   return {.path = path_,
           .format = format_,
-          .stamp = file_.stamp(),
+          .stamp = path_ == file_.path() ? file_.stamp() : std::nullopt,
           .selection = workbench_.editor().Selection(),
           .taken = {},
           .text = isRich ? std::u16string() : workbench_.editor().Text(),
@@ -116,7 +107,9 @@ void DocumentFile::Restore(const Snapshot& snapshot) {
   } else if (!view_.ShowRichDocument(*snapshot.rtf)) {
     throw NoRichText(snapshot.path);
   }
-  TakeOver(FileOnDisk(snapshot.path, snapshot.stamp), snapshot.path, snapshot.format);
+  // Without a stamp the file is one that saving to had failed: whatever stands there is not the document's.
+  TakeOver(snapshot.stamp ? FileOnDisk(snapshot.path, snapshot.stamp) : FileOnDisk(), snapshot.path, snapshot.format);
+  path_ = snapshot.path;
   workbench_.editor().SetSelection(snapshot.selection);
   SetChanged(true);
 }
@@ -138,31 +131,77 @@ bool DocumentFile::IsInItsFile(const Snapshot& snapshot) {
   }
 }
 
-bool DocumentFile::SaveTo(const std::filesystem::path& path) {
-  const std::filesystem::path wanted = PathOfText(WithTextExtension(TextOfPath(path)));
-  if (isReadOnly_ && wanted == path_) {
+// A new name gets an extension when it has none; the document's own file keeps the name it has, however it is spelt.
+DocumentFile::Target DocumentFile::TargetOf(const std::filesystem::path& chosen) const {
+  const std::filesystem::path path = AbsolutePath(chosen);
+  if (path == path_) {
+    return {path_, shown_};
+  }
+  if (!file_.path().empty() && IsSameFile(path, file_.path())) {
+    return {path, chosen};
+  }
+  const std::filesystem::path named = PathOfText(WithTextExtension(TextOfPath(chosen)));
+  return {AbsolutePath(named), named};
+}
+
+std::optional<DocumentFile::Target> DocumentFile::AskAboutTarget(const std::filesystem::path& chosen) {
+  Prompts& prompts = workbench_.prompts();
+  Target target = TargetOf(chosen);
+  if (file_.path().empty() || !IsSameFile(target.path, file_.path())) {
+    const ReplaceTarget there = InspectReplaceTarget(target.path);
+    // What cannot be replaced is told when it is tried.
+    const bool mayGo = !there.exists || there.refusal || AskToReplace(prompts, target.path);
+    return mayGo ? std::optional(std::move(target)) : std::nullopt;
+  }
+  if (isReadOnly_) {
     throw ExplainedError("the document is read-only",
-                         u"只读打开的文件不能存盘，请另存为其他文件名：\n" + TextOfPath(path));
+                         u"只读打开的文件不能存盘，请另存为其他文件名：\n" + TextOfPath(target.path));
   }
-  if (wanted == path_ && file_.ChangedExternally()) {
-    const OverAnothers choice = AskAboutAnothers();
-    if (choice != OverAnothers::kSave) {
-      return choice == OverAnothers::kSaveAs && SaveAs();
-    }
+  const Answer answer = ChangedExternally() ? AskToReplaceChanged(prompts, target.path) : Answer::kYes;
+  if (answer != Answer::kNo) {
+    return answer == Answer::kYes ? std::optional(std::move(target)) : std::nullopt;
   }
-  const std::u16string text = IsRichText(wanted) ? std::u16string() : workbench_.editor().Text();
-  if (!ChooseEncoding(text)) {
+  const std::filesystem::path other = prompts.AskForFile({.filter = kTextFilter});
+  return other.empty() ? std::nullopt : AskAboutTarget(other);
+}
+
+std::optional<std::filesystem::path> DocumentFile::ConfirmTarget(const std::filesystem::path& chosen) {
+  std::optional<Target> target = AskAboutTarget(chosen);
+  return target ? std::optional(std::move(target->path)) : std::nullopt;
+}
+
+// A file that was only touched has not been changed.
+bool DocumentFile::ChangedExternally() {
+  if (!file_.ChangedExternally()) {
     return false;
   }
-  if (wanted != path_) {
-    file_ = {};
+  try {
+    return !file_.Holds(ReadFile(file_.path(), workbench_.StartWork()->progress()));
+  } catch (const FileError&) {
+    return true;
   }
-  path_ = wanted;
-  view_.ShowPath(path_);
+}
+
+bool DocumentFile::SaveTo(const std::filesystem::path& path) {
+  const std::optional<Target> target = AskAboutTarget(path);
+  if (!target) {
+    return false;
+  }
+  const std::u16string text = IsRichText(target->path) ? std::u16string() : workbench_.editor().Text();
+  DocumentFormat format = format_;
+  if (!ChooseEncoding(text, format)) {
+    return false;
+  }
+  path_ = target->path;
+  shown_ = target->shown;
+  view_.ShowPath(shown_);
   const std::unique_ptr<BusyWork> work = workbench_.StartWork();
-  const ShownProgressBar bar(view_);
-  WriteFile(BytesOf(text), work->progress());
+  std::optional<std::string> original = OriginalBytes(work->progress());
+  const std::string bytes = original ? *std::move(original) : BytesOf(path_, text, format);
+  WriteFile(bytes, work->progress());
   file_ = FileOnDisk(path_);
+  file_.NoteContent(bytes);
+  format_ = format;
   saver_ = nullptr;
   if (std::exchange(isReadOnly_, false)) {
     view_.SetReadOnly(false);
@@ -172,19 +211,33 @@ bool DocumentFile::SaveTo(const std::filesystem::path& path) {
   return true;
 }
 
-std::string DocumentFile::BytesOf(std::u16string_view text) const {
-  return IsRichText(path_) ? view_.DocumentRtf() : EncodeDocument(text, format_);
+std::string DocumentFile::BytesOf(const std::filesystem::path& path, std::u16string_view text,
+                                  const DocumentFormat& format) const {
+  return IsRichText(path) ? view_.DocumentRtf() : EncodeDocument(text, format);
+}
+
+std::optional<std::string> DocumentFile::OriginalBytes(Progress& progress) const {
+  if (!isReadOnly_ || isChanged_ || IsRichText(path_)) {
+    return std::nullopt;
+  }
+  try {
+    std::string bytes = ReadFile(file_.path(), progress);
+    return file_.Holds(bytes) ? std::optional(std::move(bytes)) : std::nullopt;
+  } catch (const FileError&) {
+    return std::nullopt;
+  }
 }
 
 void DocumentFile::LookAtFile() {
+  if (path_ != file_.path()) {
+    return;  // saving elsewhere has failed, and is what comes next
+  }
   switch (file_.Look()) {
     case FileOnDisk::News::kNone:
       return;
     case FileOnDisk::News::kGone:
       SetChanged(true);
-      workbench_.prompts().Ask(
-          {.text = u"文件已被删除、移走或改名：\n" + TextOfPath(path_) + u"\n文本还在这里，存盘就重新写出这个文件。",
-           .icon = Icon::kWarning});
+      TellFileIsGone(workbench_.prompts(), path_);
       return;
     case FileOnDisk::News::kChanged:
       OfferToReload();
@@ -199,27 +252,19 @@ void DocumentFile::OfferToReload() {
     file_.TellAgain();  // the other program is not done with it
     return;
   }
-  if (bytes == BytesOf(workbench_.editor().Text())) {
-    file_.Accept();
+  if (file_.Holds(bytes)) {
+    file_.Accept(bytes);
+  } else if (bytes == BytesOf(path_, workbench_.editor().Text(), format_)) {
+    file_.Accept(bytes);
     SetChanged(false);
-    return;
-  }
-  const std::u16string both = isChanged_ ? u"这里的文本也改动过，还没有存盘。\n" : u"";
-  const Answer answer =
-      workbench_.prompts().Ask({.text = u"文件已被其他程序改动：\n" + TextOfPath(path_) + u"\n" + both +
-                                        u"\n“是”：载入文件现在的内容，这里的文本可以撤消回来\n"
-                                        u"“否”：保留这里的文本，文件先不动，存盘时再问",
-                                .buttons = Buttons::kYesNo,
-                                .icon = Icon::kQuestion,
-                                .defaultAnswer = isChanged_ ? Answer::kNo : Answer::kYes});
-  if (answer == Answer::kYes) {
+  } else if (AskToReload(workbench_.prompts(), path_, isChanged_)) {
     Reload(bytes);
   } else {
     SetChanged(true);
   }
 }
 
-// One change that can be undone.
+// One change that can be undone, and the format of the file with it.
 void DocumentFile::Reload(std::string_view bytes) {
   Editor& editor = workbench_.editor();
   const TextRange selection = editor.Selection();
@@ -234,48 +279,28 @@ void DocumentFile::Reload(std::string_view bytes) {
       throw ExplainedError("the file is no text any more",
                            u"文件现在的内容不是文本，没有载入，这里的文本不变：\n" + TextOfPath(path_));
     }
-    editor.SetText(document.text);
+    view_.ReplaceText(document.text, [this, before = format_, after = document.format](bool isUndone) {
+      format_ = isUndone ? before : after;
+    });
     format_ = document.format;
   }
   editor.SetSelection(selection);
   editor.SetScroll(scroll);
-  file_.Accept();
+  file_.Accept(bytes);
   SetChanged(false);
 }
 
-DocumentFile::OverAnothers DocumentFile::AskAboutAnothers() {
-  switch (workbench_.prompts().Ask({.text = u"文件在打开以后被其他程序改动过：\n" + TextOfPath(path_) +
-                                            u"\n\n“是”：用这里的文本代替文件现在的内容\n"
-                                            u"“否”：另存为其他文件\n"
-                                            u"“取消”：不存盘",
-                                    .buttons = Buttons::kYesNoCancel,
-                                    .icon = Icon::kWarning,
-                                    .defaultAnswer = Answer::kNo})) {
-    case Answer::kYes:
-      return OverAnothers::kSave;
-    case Answer::kNo:
-      return OverAnothers::kSaveAs;
-    default:
-      return OverAnothers::kCancel;
-  }
-}
-
 // False when the user rather does not save.
-bool DocumentFile::ChooseEncoding(std::u16string_view text) {
-  if (!NeedsEncodingQuestion(text, format_)) {
+bool DocumentFile::ChooseEncoding(std::u16string_view text, DocumentFormat& format) {
+  if (!NeedsEncodingQuestion(text, format)) {
     return true;
   }
-  switch (workbench_.prompts().Ask({.text = u"文档中有 GBK 编码没有的字符。\n"
-                                            u"“是”：存为 UTF-8 编码\n"
-                                            u"“否”：存为 GB18030 四字节编码\n"
-                                            u"“取消”：不存盘",
-                                    .buttons = Buttons::kYesNoCancel,
-                                    .icon = Icon::kQuestion})) {
+  switch (AskForEncoding(workbench_.prompts())) {
     case Answer::kYes:
-      format_.encoding = DocumentEncoding::kUtf8;
+      format.encoding = DocumentEncoding::kUtf8;
       return true;
     case Answer::kNo:
-      format_.exceedsCodePage = true;
+      format.exceedsCodePage = true;
       return true;
     default:
       return false;
@@ -287,7 +312,7 @@ void DocumentFile::OpenAsked() {
     return;
   }
   const std::filesystem::path path = workbench_.prompts().AskForFile({.filter = kTextFilter});
-  if (!path.empty()) {
+  if (!path.empty() && MayBeReplaced()) {
     Load(path);
   }
 }
@@ -325,14 +350,20 @@ bool DocumentFile::OfferToSave() {
   return OfferToSave(kTextFilter, WithoutName::kGoOn);
 }
 
+bool DocumentFile::MayBeReplaced() {
+  return isGivenUp_ || OfferToSave(kTextFilter, WithoutName::kCancel);
+}
+
 bool DocumentFile::OfferToSave(const std::u16string& filter, WithoutName withoutName) {
+  isGivenUp_ = false;
   if (!isChanged_) {
     return true;
   }
-  switch (workbench_.prompts().Ask({.text = u"是否存盘?", .buttons = Buttons::kYesNoCancel, .icon = Icon::kQuestion})) {
+  switch (AskToSave(workbench_.prompts())) {
     case Answer::kYes:
       return SaveForQuestion(filter, withoutName);
     case Answer::kNo:
+      isGivenUp_ = true;
       return true;
     default:
       return false;
@@ -374,27 +405,14 @@ std::u16string DocumentFile::TextOfFile(const std::filesystem::path& path) {
   return *std::move(text);
 }
 
-std::string DocumentFile::ReadFile(const std::filesystem::path& path, Progress& progress) {
-  FileSource source(path);
-  const std::uint64_t total = source.Size().value_or(0);
-  std::string bytes;
-  for (std::size_t count = kBlock; count > 0;) {
-    const std::size_t before = bytes.size();
-    bytes.resize(before + kBlock);
-    count = source.Read(std::span(bytes).subspan(before));
-    bytes.resize(before + count);
-    progress.Report(bytes.size(), total);
-  }
-  return bytes;
-}
-
 void DocumentFile::WriteFile(std::string_view bytes, Progress& progress) {
   AtomicFile file(path_);
+  SaveProgressBar bar(view_, now_);
   for (std::size_t done = 0; done < bytes.size();) {
     const std::string_view block = bytes.substr(done, kBlock);
     file.Write(block);
     done += block.size();
-    view_.ShowProgressBar(static_cast<int>(100 * done / bytes.size()));
+    bar.Show(static_cast<int>(100 * done / bytes.size()));
     progress.Report(done, bytes.size());
   }
   file.Commit();

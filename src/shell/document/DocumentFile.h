@@ -2,7 +2,9 @@
 // before a changed document is given up. The window only shows texts and hands them out.
 #pragma once
 
+#include <chrono>
 #include <filesystem>
+#include <functional>
 #include <optional>
 #include <span>
 #include <string>
@@ -24,6 +26,9 @@ class DocumentView : public Interface {
   // shown stays.
   virtual void ShowDocument(std::u16string_view text) = 0;
   virtual bool ShowRichDocument(std::string_view rtf) = 0;
+  // Another text in the place of the document's, as one step of undo; `onUndo` is told whenever the step is undone
+  // (true) or redone (false).
+  virtual void ReplaceText(std::u16string_view text, std::function<void(bool isUndone)> onUndo) = 0;
   virtual std::string DocumentRtf() const = 0;
   // Whether the document may have formatting that its text alone would lose.
   virtual bool HasFormatting() const = 0;
@@ -44,15 +49,18 @@ class DocumentView : public Interface {
 
 class DocumentFile final : public Document {
  public:
-  DocumentFile(Workbench& workbench, DocumentView& view) : workbench_(workbench), view_(view) {}
+  using Time = std::chrono::steady_clock::time_point;
+
+  DocumentFile(Workbench& workbench, DocumentView& view, std::function<Time()> now = &std::chrono::steady_clock::now)
+      : workbench_(workbench), view_(view), now_(std::move(now)) {}
 
   // Loads a file in place of the document; rich text when its name ends in ".RTF". Line breaks in the path are dropped:
-  // it may come from a line of text. What is no text opens after a question, and read-only. Throws FileError or
-  // ExplainedError, and the document stays as it was.
+  // it may come from a line of text. It is shown as it was given, and absolute everywhere else. What is no text opens
+  // after a question, and read-only. Throws FileError or ExplainedError, and the document stays as it was.
   void Load(const std::filesystem::path& path);
-  // Saves under the path, which gets the extension ".Txt" when it has none and is the document's from then on. Text
-  // that the encoding lacks is asked about once. Returns whether the document has been saved. Throws FileError, and the
-  // file stays as it was.
+  // Saves under the path, which is the document's from then on, after the questions of ConfirmTarget. Text that the
+  // encoding lacks is asked about once. Returns whether the document has been saved. Throws FileError: the file stays
+  // as it was, and of the document only the path is another, the one that was tried.
   bool SaveTo(const std::filesystem::path& path);
 
   void OpenAsked();
@@ -86,6 +94,8 @@ class DocumentFile final : public Document {
   bool IsChanged() const override { return isChanged_; }
   void MarkUnchanged() override { SetChanged(false); }
   bool OfferToSave() override;
+  bool MayBeReplaced() override;
+  std::optional<std::filesystem::path> ConfirmTarget(const std::filesystem::path& chosen) override;
   void ShowNew(std::u16string_view text, DocumentSaver saver) override;
   void SaveThrough(DocumentSaver saver) override;
   std::u16string TextOfFile(const std::filesystem::path& path) override;
@@ -94,29 +104,40 @@ class DocumentFile final : public Document {
   // What a cancelled file dialog means when the document has no name to be saved under.
   enum class WithoutName { kGoOn, kCancel };
 
+  // A file as the system names it, and as the user does.
+  struct Target {
+    std::filesystem::path path;
+    std::filesystem::path shown;
+  };
+
   bool OfferToSave(const std::u16string& filter, WithoutName withoutName);
   bool SaveForQuestion(const std::u16string& filter, WithoutName withoutName);
   void SetChanged(bool isChanged);
-  bool ConfirmBinary(const std::filesystem::path& path);
-  bool ChooseEncoding(std::u16string_view text);
-  // What saving would write; the text counts when the document is a plain one.
-  std::string BytesOf(std::u16string_view text) const;
+  Target TargetOf(const std::filesystem::path& chosen) const;
+  std::optional<Target> AskAboutTarget(const std::filesystem::path& chosen);
+  bool ChangedExternally();
+  bool ChooseEncoding(std::u16string_view text, DocumentFormat& format);
+  // What saving under the path would write; the text counts when the name is one of plain text.
+  std::string BytesOf(const std::filesystem::path& path, std::u16string_view text, const DocumentFormat& format) const;
+  // Of a document that was opened read-only and is as it was opened: those of its file, nothing when it is gone.
+  std::optional<std::string> OriginalBytes(Progress& progress) const;
   void OfferToReload();
   void Reload(std::string_view bytes);
-  enum class OverAnothers { kSave, kSaveAs, kCancel };
-  OverAnothers AskAboutAnothers();
-  void TakeOver(FileOnDisk file, const std::filesystem::path& path, const DocumentFormat& format);
-  static std::string ReadFile(const std::filesystem::path& path, Progress& progress);
+  // What is shown now is the document of the file.
+  void TakeOver(FileOnDisk file, const std::filesystem::path& shown, const DocumentFormat& format);
   void WriteFile(std::string_view bytes, Progress& progress);
 
   Workbench& workbench_;
   DocumentView& view_;
-  std::filesystem::path path_;
-  FileOnDisk file_;
+  std::function<Time()> now_;
+  std::filesystem::path path_;   // what saving writes to: the file's, unless saving has failed
+  std::filesystem::path shown_;  // the same as the user has named it
+  FileOnDisk file_;              // what the document is the content of
   DocumentFormat format_;
   DocumentSaver saver_;
   bool isReadOnly_ = false;
   bool isChanged_ = false;
+  bool isGivenUp_ = false;  // the last offer to save it was turned down
 };
 
 }  // namespace scrivanta

@@ -63,7 +63,8 @@ bool DocumentHistory::NoteChange(const ControlView& control, Time now) {
   return true;
 }
 
-void DocumentHistory::NoteRebuild(const ControlView& control, RichText before, bool hasFormatting) {
+void DocumentHistory::NoteRebuild(const ControlView& control, RichText before, bool hasFormatting,
+                                  std::function<void(bool isUndone)> onUndo) {
   std::vector<ControlEdit> edits;
   ControlEdit edit = FindEditByWholeText(text_, control);
   if (!edit.empty()) {
@@ -73,6 +74,9 @@ void DocumentHistory::NoteRebuild(const ControlView& control, RichText before, b
   const ControlRange selectionBefore = std::exchange(selection_, control.Selection());
   if (!edits.empty() || before || hasFormatting) {
     history_.RecordRebuild(std::move(edits), std::move(before), selectionBefore, selection_);
+    if (onUndo) {
+      history_.Attach(std::move(onUndo));
+    }
   }
 }
 
@@ -109,6 +113,7 @@ bool DocumentHistory::Undo(UndoTarget& target) {
   target.Select(step.selectionBefore);
   selection_ = target.Selection();
   history_.MoveToUndone();
+  Tell(history_.undone().back(), true);
   return true;
 }
 
@@ -133,7 +138,14 @@ bool DocumentHistory::Redo(UndoTarget& target) {
   target.Select(step.selectionAfter);
   selection_ = target.Selection();
   history_.MoveToDone();
+  Tell(history_.done().back(), false);
   return true;
+}
+
+void DocumentHistory::Tell(const UndoStep& step, bool isUndone) {
+  if (step.onUndo) {
+    step.onUndo(isUndone);
+  }
 }
 
 // A change that nobody has told of becomes a step of its own.

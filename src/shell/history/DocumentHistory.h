@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstddef>
+#include <functional>
 #include <span>
 #include <string>
 
@@ -44,8 +45,10 @@ class DocumentHistory {
   // The control has changed. Returns whether the text has.
   bool NoteChange(const ControlView& control, Time now);
   // All of the text has been put in anew, with formatting or without. What was captured before brings the formatting
-  // back. No step where nothing has changed.
-  void NoteRebuild(const ControlView& control, RichText before, bool hasFormatting);
+  // back. No step where nothing has changed. `onUndo`, when there is one, is told whenever the step has been undone
+  // (true) or redone (false).
+  void NoteRebuild(const ControlView& control, RichText before, bool hasFormatting,
+                   std::function<void(bool isUndone)> onUndo = nullptr);
 
   void BeginCommand(const ControlView& control);
   void EndCommand(const ControlView& control);
@@ -71,6 +74,7 @@ class DocumentHistory {
   void CatchUp(const ControlView& control, ControlRange place);
   void Replay(UndoTarget& target, std::span<const ControlEdit> edits);
   void Rebuild(UndoTarget& target, const RichText& richText, std::span<const ControlEdit> edits);
+  static void Tell(const UndoStep& step, bool isUndone);
 
   TextMirror text_;
   UndoHistory history_;

@@ -5,6 +5,7 @@
 #include <chrono>
 #include <cstddef>
 #include <deque>
+#include <functional>
 #include <memory>
 #include <string>
 #include <utility>
@@ -27,6 +28,8 @@ struct UndoStep {
   RichText after;  // of the state after the step; known from the moment that it is undone
   ControlRange selectionBefore;
   ControlRange selectionAfter;
+  // Told when the step has been undone (true) or redone (false): for what goes back and forth with the text.
+  std::function<void(bool isUndone)> onUndo;
 };
 
 class UndoHistory {
@@ -49,6 +52,8 @@ class UndoHistory {
   void Record(ControlEdit edit, ControlRange selectionBefore, ControlRange selectionAfter, Time now);
   void RecordRebuild(std::vector<ControlEdit> edits, RichText before, ControlRange selectionBefore,
                      ControlRange selectionAfter);
+  // Who is told of the newest step.
+  void Attach(std::function<void(bool isUndone)> onUndo) { done_.back().onUndo = std::move(onUndo); }
   void Seal() { open_ = Gathering::kNone; }
 
   // What is recorded between the two is one step. They may be nested.

@@ -7,6 +7,7 @@
 #include "text/Twips.h"
 #include "text/win/WideText.h"
 #include "win/Monitors.h"
+#include "win/WindowText.h"
 
 namespace scrivanta {
 
@@ -36,12 +37,6 @@ std::u16string_view TypeOf(HWND control) {
          : className.starts_with(L"RICHEDIT") || className.starts_with(L"RichEdit")
              ? std::u16string_view(u"RichTextBox")
              : std::u16string_view();
-}
-
-std::u16string TextOf(HWND control) {
-  std::wstring text(static_cast<std::size_t>(GetWindowTextLengthW(control)) + 1, L'\0');
-  text.resize(static_cast<std::size_t>(GetWindowTextW(control, text.data(), static_cast<int>(text.size()))));
-  return FromWide(text);
 }
 
 void SetText(HWND control, std::u16string_view text) {
@@ -102,7 +97,7 @@ FormControl Read(HWND window, const NamedControl& named) {
   } else if (control.typeName == u"ListBox") {
     control.text = ItemOf(window, LB_GETTEXTLEN, LB_GETTEXT, SendMessageW(window, LB_GETCURSEL, 0, 0));
   } else if (!control.typeName.empty()) {
-    control.text = TextOf(window);
+    control.text = WindowText(window);
   }
   if (control.typeName == u"ComboBox") {
     control.items = ItemsOf(window);

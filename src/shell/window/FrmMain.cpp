@@ -24,6 +24,7 @@
 #include "win/DroppedFiles.h"
 #include "win/Monitors.h"
 #include "win/TopLevelWindows.h"
+#include "win/WindowText.h"
 
 namespace scrivanta {
 
@@ -540,9 +541,7 @@ HWND FrmMain::PromptOwner() const {
 }
 
 std::u16string FrmMain::Caption() const {
-  std::wstring caption(static_cast<std::size_t>(GetWindowTextLengthW(handle())) + 1, L'\0');
-  caption.resize(static_cast<std::size_t>(GetWindowTextW(handle(), caption.data(), static_cast<int>(caption.size()))));
-  return FromWide(caption);
+  return WindowText(handle());
 }
 
 }  // namespace scrivanta

@@ -82,6 +82,9 @@ class FrmMain final : public Window, public Workbench, public MainWindow, privat
 
   void ShowDocument(std::u16string_view text) override { editor_.ShowDocument(text); }
   bool ShowRichDocument(std::string_view rtf) override { return editor_.ShowRichDocument(rtf); }
+  void ReplaceText(std::u16string_view text, std::function<void(bool isUndone)> onUndo) override {
+    editor_.ReplaceText(text, std::move(onUndo));
+  }
   std::string DocumentRtf() const override { return editor_.Rtf(); }
   bool HasFormatting() const override { return editor_.HasFormatting(); }
   std::optional<std::u16string> TextOfRtf(std::string_view rtf) override { return editor_.TextOfRtf(rtf); }

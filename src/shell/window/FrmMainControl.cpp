@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "shell/window/FrmMainControls.h"
+#include "text/ExplainedError.h"
 
 namespace scrivanta {
 
@@ -92,7 +93,9 @@ void FrmMainControl::Rebuild(const RichText& richText, std::u16string_view docum
   const std::unique_ptr<BusyWork> work = host_.startWork();
   FreshRichEdit fresh(box_, RichTextBox0);
   if (richText) {
-    fresh.box().LoadRtf(*richText, work->progress());
+    if (!fresh.box().LoadRtf(*richText, work->progress())) {
+      throw ExplainedError("the rich text cannot be put back", u"带格式的文本没有放回，文档没有改变。");
+    }
   } else {
     fresh.box().LoadText(ToControlText(documentText), work->progress());
   }

@@ -106,22 +106,24 @@ std::size_t FrmMainEditor::CaretDisplayLine() const {
 }
 
 template <typename Load>
-bool FrmMainEditor::Rebuild(Load load) {
+bool FrmMainEditor::Rebuild(Load load, std::function<void(bool isUndone)> onUndo) {
   const UndoCommand step(history_, control_);
   RichText before = control_.Capture();
-  if (!load()) {
+  if (!load(before)) {
     return false;
   }
-  history_.NoteRebuild(control_, std::move(before), control_.hasFormatting());
+  history_.NoteRebuild(control_, std::move(before), control_.hasFormatting(), std::move(onUndo));
   listener_.onChange();
   return true;
 }
 
-void FrmMainEditor::SetText(std::u16string_view text) {
-  Rebuild([&] {
-    control_.LoadText(text);
-    return true;
-  });
+void FrmMainEditor::ReplaceText(std::u16string_view text, std::function<void(bool isUndone)> onUndo) {
+  Rebuild(
+      [&](const RichText&) {
+        control_.LoadText(text);
+        return true;
+      },
+      std::move(onUndo));
 }
 
 void FrmMainEditor::ReplaceSelection(std::u16string_view text) {
@@ -135,11 +137,11 @@ void FrmMainEditor::ReplaceSelection(std::u16string_view text) {
 }
 
 bool FrmMainEditor::SetRtf(std::string_view rtf) {
-  return Rebuild([&] { return control_.LoadRtf(rtf); });
+  return Rebuild([&](const RichText&) { return control_.LoadRtf(rtf); });
 }
 
 void FrmMainEditor::SetRtf(const RtfByLines& rtf) {
-  Rebuild([&] {
+  Rebuild([&](const RichText&) {
     control_.LoadRtf(rtf);
     return true;
   });
@@ -149,12 +151,21 @@ bool FrmMainEditor::ReplaceSelectionByRtf(std::string_view rtf) {
   if (!FrmMainControl::IsRichText(rtf)) {
     return false;
   }
-  return Rebuild([&] {
-    const QuietRichEdit quiet(box_);
-    box_.ReplaceSelectionByRtf(rtf);
-    control_.NoteFormatting();
-    return true;
+  return Rebuild([&](const RichText& before) {
+    const ControlRange selection = control_.Selection();
+    if (ReplaceSelectionQuietly(rtf)) {
+      control_.NoteFormatting();
+      return true;
+    }
+    control_.Rebuild(before, Text());
+    control_.Select(selection);
+    return false;
   });
+}
+
+bool FrmMainEditor::ReplaceSelectionQuietly(std::string_view rtf) {
+  const QuietRichEdit quiet(box_);
+  return box_.ReplaceSelectionByRtf(rtf);
 }
 
 void FrmMainEditor::SetColours(std::span<const TextRange> ranges, const TextColours& colours) {

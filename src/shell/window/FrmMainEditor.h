@@ -39,6 +39,8 @@ class FrmMainEditor final : public Editor, public EditBox {
   void ShowDocument(std::u16string_view text);
   // False when the bytes are no rich text: the document stays as it was.
   bool ShowRichDocument(std::string_view rtf);
+  // As SetText; `onUndo` is told whenever that is undone (true) or redone (false).
+  void ReplaceText(std::u16string_view text, std::function<void(bool isUndone)> onUndo);
   // The text of a rich text, seen by nobody; nothing when the bytes are none.
   std::optional<std::u16string> TextOfRtf(std::string_view rtf) { return control_.TextOfRtf(rtf); }
 
@@ -63,7 +65,7 @@ class FrmMainEditor final : public Editor, public EditBox {
   void SetSelection(TextRange range) override { control_.Select(breaks().ToControl(range)); }
   std::size_t CountDisplayLines(std::u16string_view text) override;
   std::size_t CaretDisplayLine() const override;
-  void SetText(std::u16string_view text) override;
+  void SetText(std::u16string_view text) override { ReplaceText(text, nullptr); }
   void ReplaceSelection(std::u16string_view text) override;
   std::string Rtf() const override { return box_.Rtf(); }
   std::string SelectedRtf() const override { return box_.SelectedRtf(); }
@@ -91,9 +93,11 @@ class FrmMainEditor final : public Editor, public EditBox {
 
   const LineBreakIndex& breaks() const noexcept { return history_.text().breaks(); }
   void NoteFormatChange();
-  // What `load` does to the document, formatting and all, as one step of undo; unless it returns false.
+  bool ReplaceSelectionQuietly(std::string_view rtf);
+  // What `load` does to the document, formatting and all, as one step of undo; unless it returns false. It is given the
+  // rich text of what it changes.
   template <typename Load>
-  bool Rebuild(Load load);
+  bool Rebuild(Load load, std::function<void(bool isUndone)> onUndo = nullptr);
 
   Listener listener_;
   RichEdit box_;

@@ -72,6 +72,15 @@ Answer AnswerOf(int button, const ButtonSet& buttons) {
   }
 }
 
+FileDialogOptions OptionsOf(const FileQuestion& question) {
+  FileDialogOptions options;
+  options.title = u"KVO请选择文件";
+  options.filters = {{u"筛选文件(" + question.filter + u")", question.filter}, {u"All Files(*.*)", u"*.*"}};
+  options.initialFolder = question.initialFolder;
+  options.initialName = question.initialName;
+  return options;
+}
+
 Answer ShowMessage(HWND owner, const Message& message) {
   const ButtonSet buttons = ButtonsOf(message.buttons);
   const UINT style = buttons.style | IconStyle(message.icon) | DefaultButtonStyle(buttons, message.defaultAnswer) |
@@ -125,13 +134,13 @@ std::u16string FrmMainPrompts::Input(const InputQuestion& question) {
 }
 
 std::filesystem::path FrmMainPrompts::AskForFile(const FileQuestion& question) {
-  FileDialogOptions options;
-  options.title = u"KVO请选择文件";
-  options.filters = {{u"筛选文件(" + question.filter + u")", question.filter}, {u"All Files(*.*)", u"*.*"}};
-  options.initialFolder = question.initialFolder;
-  options.initialName = question.initialName;
   const Asking asking(*this);
-  return ShowFileDialog(asking.owner(), options);
+  return ShowFileDialog(asking.owner(), OptionsOf(question));
+}
+
+std::vector<std::filesystem::path> FrmMainPrompts::AskForFiles(const FileQuestion& question) {
+  const Asking asking(*this);
+  return ShowMultipleFileDialog(asking.owner(), OptionsOf(question));
 }
 
 std::filesystem::path FrmMainPrompts::AskForFolder(const FolderQuestion& question) {
@@ -139,13 +148,18 @@ std::filesystem::path FrmMainPrompts::AskForFolder(const FolderQuestion& questio
   return ShowFolderDialog(asking.owner(), question.title, question.initialFolder);
 }
 
-void ShowFailure(HWND owner, const std::exception_ptr& failure) {
+void ShowFailure(HWND owner, const std::exception_ptr& failure) noexcept {
   try {
-    std::rethrow_exception(failure);
-  } catch (const Interrupted&) {
-    return;
-  } catch (const std::exception& error) {
-    ShowMessage(owner, FailureMessage(error));
+    try {
+      std::rethrow_exception(failure);
+    } catch (const Interrupted&) {
+      return;
+    } catch (const std::exception& error) {
+      ShowMessage(owner, FailureMessage(error));
+    }
+  } catch (...) {
+    // Not even the message could be made. This one takes no memory of ours.
+    MessageBoxW(owner, L"操作没有完成，可能内存不足。请先存盘。", L"Scrivanta", MB_OK | MB_ICONERROR);
   }
 }
 

@@ -5,6 +5,7 @@
 
 #include <exception>
 #include <functional>
+#include <vector>
 
 #include "shell/workbench/Prompts.h"
 #include "win/WindowHost.h"
@@ -19,6 +20,7 @@ class FrmMainPrompts final : public Prompts {
   Answer Ask(const Message& message) override;
   std::u16string Input(const InputQuestion& question) override;
   std::filesystem::path AskForFile(const FileQuestion& question) override;
+  std::vector<std::filesystem::path> AskForFiles(const FileQuestion& question) override;
   std::filesystem::path AskForFolder(const FolderQuestion& question) override;
   // Whether a box stands. The main window is disabled then, whichever window is the owner.
   bool isAsking() const noexcept { return asking_ > 0; }
@@ -32,6 +34,6 @@ class FrmMainPrompts final : public Prompts {
 };
 
 // One message box for what has reached a window from inside; none for an Interrupted.
-void ShowFailure(HWND owner, const std::exception_ptr& failure);
+void ShowFailure(HWND owner, const std::exception_ptr& failure) noexcept;
 
 }  // namespace scrivanta

@@ -12,3 +12,4 @@
 #define LblIniFile 3208
 #define TxtIniFile 3209
 #define ChkRegExpObject 3210
+#define LblEngLish 3211

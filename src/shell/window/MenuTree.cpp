@@ -89,6 +89,8 @@ constexpr auto kMenu = std::to_array<MenuEntry>({
     {"mnuCalculator", u"&A 计算器"},
     {"mnuStatistics", u"&S 统计"},
     {"mnuOptions", u"&O 选项..."},
+    {"mnuSep12", u"-"},
+    {"mnuDatabase", u"&D 数据库交换..."},
     {"mnuhelp", u"&H 帮助", MenuLevel::kBar},
     {"mnuHowToUse", u"How To Use", MenuLevel::kEntry, u"F1"},
     {"mnuReplace", u"替换...", MenuLevel::kKeysOnly, u"Ctrl+H"},

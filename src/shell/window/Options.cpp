@@ -34,12 +34,16 @@ void SaveOptions(const Options& options, Settings& settings) {
                    Store::kRegistry, kWindowSection);
 }
 
+namespace {
+
 void mnuOptions(Workbench& workbench, MainWindow& window, OptionsDialog& dialog) {
   if (const std::optional<Options> options = dialog.Ask(workbench, ReadOptions(workbench.settings()))) {
     SaveOptions(*options, workbench.settings());
     window.SetWordWrap(options->wraps);
   }
 }
+
+}  // namespace
 
 void RegisterOptionsCommand(CommandTable& table, MainWindow& window, OptionsDialog& dialog) {
   table.Add("mnuOptions", {[&window, &dialog](Workbench& workbench) { mnuOptions(workbench, window, dialog); }});

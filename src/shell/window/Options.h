@@ -13,7 +13,7 @@ namespace scrivanta {
 
 struct Options {
   bool wraps = false;                 // lines are wrapped at the width of the window
-  bool allEnglish = true;             // the text has no Chinese characters: going to a line counts positions directly
+  bool allEnglish = true;             // kept for old settings: going to a line is right whatever the text holds
   bool usesRegExpObject = false;      // patterns are searched by the platform's object, not by the built-in engine
   std::filesystem::path defaultFile;  // opened when the program starts without a document
 
@@ -30,7 +30,7 @@ class OptionsDialog : public Interface {
   virtual std::optional<Options> Ask(Workbench& workbench, const Options& options) = 0;
 };
 
-void mnuOptions(Workbench& workbench, MainWindow& window, OptionsDialog& dialog);
+// The dialog outlives the table.
 void RegisterOptionsCommand(CommandTable& table, MainWindow& window, OptionsDialog& dialog);
 
 }  // namespace scrivanta

@@ -15,6 +15,7 @@
 #include "text/Bytes.h"
 #include "text/win/PlatformError.h"
 #include "text/win/WideText.h"
+#include "win/SystemFolders.h"
 
 namespace scrivanta {
 
@@ -73,6 +74,10 @@ void ScrivantaDesktop::OpenWithDefaultProgram(const std::filesystem::path& docum
 
 void ScrivantaDesktop::Run(const std::u16string& program, const std::u16string& arguments) {
   Execute(nullptr, program, ToWide(arguments));
+}
+
+void ScrivantaDesktop::RunSystemProgram(const std::u16string& fileName, const std::u16string& arguments) {
+  Execute(nullptr, SystemProgram(fileName), ToWide(arguments));
 }
 
 void ScrivantaDesktop::NoteRecentDocument(const std::filesystem::path& document) {

@@ -10,6 +10,7 @@ class ScrivantaDesktop final : public Desktop {
  public:
   void OpenWithDefaultProgram(const std::filesystem::path& document) override;
   void Run(const std::u16string& program, const std::u16string& arguments) override;
+  void RunSystemProgram(const std::u16string& fileName, const std::u16string& arguments) override;
   // Puts a document into the system's list of those used lately.
   void NoteRecentDocument(const std::filesystem::path& document);
 };

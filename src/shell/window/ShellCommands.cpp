@@ -110,7 +110,7 @@ void RegisterShellCommands(CommandTable& table, MainWindow& window) {
   AddClipboardCommands(table, window.editBox());
   AddFormatCommands(table, window.editBox());
   AddSelectionCommands(table);
-  table.Add("mnuCalculator", {[](Workbench& workbench) { workbench.desktop().Run(u"CALC.EXE", u""); }});
+  table.Add("mnuCalculator", {[](Workbench& workbench) { workbench.desktop().RunSystemProgram(u"CALC.EXE", u""); }});
   table.Add("mnuHowToUse", {&mnuHowToUse});
 }
 

@@ -4,6 +4,7 @@
 
 #include <filesystem>
 #include <functional>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -32,6 +33,15 @@ class Document : public Interface {
   // Asks "是否存盘?" while the document is changed and saves it on Yes, as before opening another one. False when the
   // answer was Cancel: the command ends.
   virtual bool OfferToSave() = 0;
+  // To be asked right before another document takes the place: true when the document is unchanged or was just given
+  // up. The name dialog of OfferToSave may have been cancelled: then it is asked about once more.
+  virtual bool MayBeReplaced() = 0;
+
+  // Where a document goes that is to be saved under a name of the user's: an absolute path, with ".Txt" for a new name
+  // without an extension. Asks before a file is replaced that is not the document's own, or that another program has
+  // changed; nothing when the user rather does not save. Throws ExplainedError when it is the file of a document opened
+  // read-only.
+  virtual std::optional<std::filesystem::path> ConfirmTarget(const std::filesystem::path& chosen) = 0;
 
   // Puts a text in the place of the document: untitled, unchanged, nothing to undo. Until the document is replaced, or
   // is saved under a name of its own, it is saved by the saver.

@@ -5,6 +5,7 @@
 #include <filesystem>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "text/Interface.h"
 
@@ -49,6 +50,8 @@ class Prompts : public Interface {
   virtual std::u16string Input(const InputQuestion& question) = 0;
   // Empty when the dialog was cancelled. The name need not exist: the same dialog serves for opening and saving.
   virtual std::filesystem::path AskForFile(const FileQuestion& question) = 0;
+  // One or several that exist.
+  virtual std::vector<std::filesystem::path> AskForFiles(const FileQuestion& question) = 0;
   virtual std::filesystem::path AskForFolder(const FolderQuestion& question) = 0;
 };
 

@@ -17,7 +17,28 @@ void WriteFile(const std::filesystem::path& path, std::string_view bytes) {
   file.Commit();
 }
 
+void ReplaceCaptured(Workbench& workbench, const CapturedInput& input, std::u16string_view text) {
+  Editor& editor = workbench.editor();
+  if (input.selection.empty()) {
+    editor.SetText(text);
+    return;
+  }
+  if (editor.Selection() != input.selection) {
+    editor.SetSelection(input.selection);
+  }
+  editor.ReplaceSelection(text);
+}
+
 }  // namespace
+
+std::u16string_view CapturedInput::OwnText() const {
+  const std::u16string_view own = text;
+  return endsInAddedLineBreak ? own.substr(0, own.size() - kLineBreak.size()) : own;
+}
+
+bool CapturedInput::IsSelectionOfWholeLines() const {
+  return !selection.empty() && OwnText().ends_with(kLineBreak);
+}
 
 CapturedInput CaptureInput(Workbench& workbench, std::u16string_view fileName, WholeTextEnd wholeTextEnd) {
   const Editor& editor = workbench.editor();
@@ -27,6 +48,7 @@ CapturedInput CaptureInput(Workbench& workbench, std::u16string_view fileName, W
     input.text = editor.Text();
     if (wholeTextEnd == WholeTextEnd::kLineBreak) {
       input.text += kLineBreak;
+      input.endsInAddedLineBreak = true;
     }
   } else {
     input.text = editor.SelectedText();
@@ -35,6 +57,13 @@ CapturedInput CaptureInput(Workbench& workbench, std::u16string_view fileName, W
   input.file = workbench.folders().temporary / fileName;
   RewriteInputFile(input);
   return input;
+}
+
+void AddLineBreak(CapturedInput& input) {
+  input.text += kLineBreak;
+  input.bytes += Encode(kWorkFileEncoding, kLineBreak);
+  input.endsInAddedLineBreak = true;
+  RewriteInputFile(input);
 }
 
 void RewriteInputFile(const CapturedInput& input) {
@@ -51,18 +80,18 @@ void ResultFile::Save() const {
 void PutResultBack(Workbench& workbench, const CapturedInput& input, const ResultFile& result) {
   result.Save();
   std::u16string text = Decode(kWorkFileEncoding, result.bytes());
-  if (text.ends_with(kLineBreak)) {
+  if (text.ends_with(kLineBreak) && !input.IsSelectionOfWholeLines()) {
     text.resize(text.size() - kLineBreak.size());
   }
-  Editor& editor = workbench.editor();
-  if (input.selection.empty()) {
-    editor.SetText(text);
-    return;
-  }
-  if (editor.Selection() != input.selection) {
-    editor.SetSelection(input.selection);
-  }
-  editor.ReplaceSelection(text);
+  ReplaceCaptured(workbench, input, text);
+}
+
+void PutTextBack(Workbench& workbench, const CapturedInput& input, std::u16string_view fileName,
+                 std::u16string_view text) {
+  ResultFile result(workbench, fileName);
+  result.Write(Encode(kWorkFileEncoding, text));
+  result.Save();
+  ReplaceCaptured(workbench, input, text);
 }
 
 void MergeFiles(const std::vector<const ResultFile*>& parts, ResultFile& target, Progress& progress) {

@@ -30,12 +30,21 @@ struct CapturedInput {
   std::string bytes;    // the same in kWorkFileEncoding
   TextRange selection;  // empty: the whole document
   std::filesystem::path file;
+  // Whether the text ends in a line break that is none of the document's.
+  bool endsInAddedLineBreak = false;
+
+  // What stands in the document.
+  std::u16string_view OwnText() const;
+  // Whether a selection was captured with the break of its last line, which what follows must not be joined to.
+  bool IsSelectionOfWholeLines() const;
 };
 
 // Writes the selection as it stands, or else the whole text followed by a line break, to the input file. Throws
 // FileError.
 CapturedInput CaptureInput(Workbench& workbench, std::u16string_view fileName = kInputFileName,
                            WholeTextEnd wholeTextEnd = WholeTextEnd::kLineBreak);
+// Adds a line break to what was captured, and writes the input file again. Throws FileError.
+void AddLineBreak(CapturedInput& input);
 // Writes the input file again from what was captured: for a dialog that has been open meanwhile. Throws FileError.
 void RewriteInputFile(const CapturedInput& input);
 
@@ -55,8 +64,12 @@ class ResultFile final : public ByteSink {
   std::string bytes_;
 };
 
-// Saves the result, cuts one final line break off, and puts the text in place of what was captured. Throws FileError.
+// Saves the result, whose lines all end with a line break, and puts it in place of what was captured, without its last
+// line break unless whole lines were selected. Throws FileError.
 void PutResultBack(Workbench& workbench, const CapturedInput& input, const ResultFile& result);
+// Saves the text as the result file and puts it, as it is, in place of what was captured. Throws FileError.
+void PutTextBack(Workbench& workbench, const CapturedInput& input, std::u16string_view fileName,
+                 std::u16string_view text);
 
 // The lines of the parts, in order, into the target, each ended by a line break.
 void MergeFiles(const std::vector<const ResultFile*>& parts, ResultFile& target, Progress& progress);

@@ -35,8 +35,10 @@ class Desktop : public Interface {
  public:
   // Opens a document with its own program. Throws FileError.
   virtual void OpenWithDefaultProgram(const std::filesystem::path& document) = 0;
-  // Runs a program with arguments and does not wait for it. Throws FileError.
+  // Runs a program, named by its whole path, with arguments and does not wait for it. Throws FileError.
   virtual void Run(const std::u16string& program, const std::u16string& arguments) = 0;
+  // The same with a program of the system, named by its file ("CALC.EXE"): whatever has that name elsewhere is not it.
+  virtual void RunSystemProgram(const std::u16string& fileName, const std::u16string& arguments) = 0;
 };
 
 // While one lives the window is busy: hourglass, menu, edit box and dialogs disabled, the first status panel shows how

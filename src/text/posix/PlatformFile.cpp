@@ -8,6 +8,7 @@
 
 #include "text/Bytes.h"
 #include "text/Encoding.h"
+#include "text/FileIdentity.h"
 
 namespace scrivanta {
 
@@ -139,9 +140,16 @@ std::error_code MoveInPlace(const std::filesystem::path& from, const std::filesy
   return {};
 }
 
-bool IsLinkToFolder(const std::filesystem::path& path) noexcept {
-  std::error_code error;
-  return std::filesystem::is_symlink(path, error) && std::filesystem::is_directory(path, error);
+std::optional<FileIdentity> IdentityOf(const std::filesystem::path& path) {
+  struct stat status = {};
+  if (stat(path.c_str(), &status) != 0) {
+    return std::nullopt;
+  }
+  return FileIdentity{.volume = status.st_dev, .file = status.st_ino};
+}
+
+bool AreSameName(const std::filesystem::path& one, const std::filesystem::path& other) {
+  return one == other;
 }
 
 // Names are bytes, by custom UTF-8; what is none comes back all the same.

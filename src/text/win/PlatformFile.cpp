@@ -10,15 +10,14 @@
 #include <fcntl.h>
 #include <io.h>
 
+#include "text/FileIdentity.h"
 #include "text/win/Handles.h"
+#include "text/win/SystemPath.h"
 #include "text/win/WideText.h"
 
 namespace scrivanta {
 
 namespace {
-
-// Longer paths are taken only with the prefix that turns off all rewriting. A folder must leave room for a file name.
-constexpr std::size_t kMostPlainPath = 247;
 
 std::error_code SystemError(DWORD code) {
   return {static_cast<int>(code), std::system_category()};
@@ -26,20 +25,6 @@ std::error_code SystemError(DWORD code) {
 
 std::error_code LastSystemError() {
   return SystemError(GetLastError());
-}
-
-bool StartsWith(const std::wstring& text, std::wstring_view start) {
-  return text.compare(0, start.size(), start) == 0;
-}
-
-// The path as the system's functions take it, however long it is.
-std::wstring SystemPath(const std::filesystem::path& path) {
-  std::wstring full(GetFullPathNameW(path.c_str(), 0, nullptr, nullptr), L'\0');
-  full.resize(GetFullPathNameW(path.c_str(), static_cast<DWORD>(full.size()), full.data(), nullptr));
-  if (full.empty() || full.size() <= kMostPlainPath || StartsWith(full, L"\\\\?\\") || StartsWith(full, L"\\\\.\\")) {
-    return full.empty() ? path.native() : full;
-  }
-  return StartsWith(full, L"\\\\") ? L"\\\\?\\UNC" + full.substr(1) : L"\\\\?\\" + full;
 }
 
 int ErrnoOf(DWORD code) {
@@ -83,12 +68,17 @@ HANDLE HandleOf(std::FILE* file) {
   return reinterpret_cast<HANDLE>(_get_osfhandle(_fileno(file)));
 }
 
+// A file or a folder, not to be read but to be asked about: whoever else has it open does not stand in the way.
+OwnedFile OpenToAskAbout(const std::wstring& path) {
+  constexpr DWORD kEveryUse = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
+  return OwnedFile(
+      CreateFileW(path.c_str(), 0, kEveryUse, nullptr, OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr));
+}
+
 // Where the symbolic links that begin at the path end. Other files than links have such a mark too; they end at
 // themselves.
 std::filesystem::path EndOfLinks(const std::wstring& path, std::error_code& code) {
-  constexpr DWORD kEveryUse = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
-  const OwnedFile file(
-      CreateFileW(path.c_str(), 0, kEveryUse, nullptr, OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr));
+  const OwnedFile file = OpenToAskAbout(path);
   if (!file) {
     code = LastSystemError();
     return path;
@@ -235,17 +225,19 @@ std::error_code MoveInPlace(const std::filesystem::path& from, const std::filesy
   }
 }
 
-bool IsLinkToFolder(const std::filesystem::path& path) noexcept {
-  WIN32_FIND_DATAW found{};
-  const HANDLE search = FindFirstFileW(path.c_str(), &found);
-  if (search == INVALID_HANDLE_VALUE) {
-    return false;
+std::optional<FileIdentity> IdentityOf(const std::filesystem::path& path) {
+  const OwnedFile file = OpenToAskAbout(SystemPath(path));
+  BY_HANDLE_FILE_INFORMATION information{};
+  if (!file || GetFileInformationByHandle(file.get(), &information) == 0) {
+    return std::nullopt;
   }
-  FindClose(search);
-  // Other reparse points (files kept in a cloud) lie where they seem to lie.
-  return (found.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0 &&
-         (found.dwFileAttributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0 &&
-         (found.dwReserved0 == IO_REPARSE_TAG_SYMLINK || found.dwReserved0 == IO_REPARSE_TAG_MOUNT_POINT);
+  constexpr int kHalf = 32;
+  return FileIdentity{.volume = information.dwVolumeSerialNumber,
+                      .file = std::uint64_t{information.nFileIndexHigh} << kHalf | information.nFileIndexLow};
+}
+
+bool AreSameName(const std::filesystem::path& one, const std::filesystem::path& other) {
+  return CompareStringOrdinal(one.c_str(), -1, other.c_str(), -1, TRUE) == CSTR_EQUAL;
 }
 
 std::u16string TextOfPath(const std::filesystem::path& path) {

@@ -23,15 +23,16 @@ std::string ExpectRoundTrip(const std::string& pair, const Arguments& options, s
 }
 
 TEST(CipherCommands, GoBothWays) {
+  const std::string gbkText = "plain \xD6\xD0\xCE\xC4 \x94\x39\xDA\x33\r\ntail\n";
   const std::string gbk =
       "plain \xD6\xD0\xCE\xC4 \x94\x39\xDA\x33\r\n\xFFtail\n";  // four bytes, and one that is no text
   const std::string utf8 = "plain 中文 \U0001F600\r\ntail\n";
   for (const char* bits : {"128", "192", "256"}) {
     EXPECT_EQ(ExpectRoundTrip("rijndael", {"--password", "密码", "--bits", bits}, std::string(40, '\0')).size(), 48U);
-    ExpectRoundTrip("rijndael", {"--password", "密码", "--bits", bits, "--text"}, gbk);
+    ExpectRoundTrip("rijndael", {"--password", "密码", "--bits", bits, "--text"}, gbkText);
     ExpectRoundTrip("rijndael", {"--password", "密码", "--bits", bits, "--text", "--encoding", "utf-8"}, utf8);
   }
-  ExpectRoundTrip("rijndael", {"--password", "p", "--text", "--block-size", "64"}, gbk);
+  ExpectRoundTrip("rijndael", {"--password", "p", "--text", "--block-size", "64"}, gbkText);
   ExpectRoundTrip("rndxorhash", {"--password", "密码"}, gbk + std::string("\0", 1));
   ExpectRoundTrip("rndxorhash", {"--password", "密码", "--key-size", "20", "--encoding", "utf-8"}, utf8);
   EXPECT_EQ(ExpectRoundTrip("numeric", {"--key", "5"}, "A"), "101");
@@ -78,7 +79,10 @@ TEST(CipherCommands, SayInOneLineWhatWentWrong) {
     std::string error;
   };
   const Case cases[] = {
-      {{"base64-decode"}, "QUJDQQ", 3, "the input is no Base64 text: its length is not a multiple of four"},
+      {{"base64-decode"},
+       "QUJDQQ",
+       3,
+       "the input is no Base64 text: its length without line ends is not a multiple of four"},
       {{"rijndael-decrypt", "--password", "p"},
        "15 bytes of text",
        3,
@@ -138,6 +142,55 @@ TEST(CipherCommands, SayInOneLineWhatWentWrong) {
                                      {"numeric-encrypt"},
                                      {"numeric-encrypt", "--key", "-5"}}) {
     EXPECT_EQ(RunBatchOn("A", arguments).status, 2) << arguments.back();
+  }
+}
+
+TEST(CipherCommands, DecodeBase64OfSeveralLines) {
+  EXPECT_EQ(RunBatchOn("QUJ\r\nDREVG\n", {"base64-decode"}).output, "ABCDEF");
+  EXPECT_EQ(RunBatchOn("\n\n", {"base64-decode"}).output, "");
+  const std::string text(300'000, 'x');
+  std::string lines = RunBatchOn(text, {"base64-encode"}).output;
+  for (std::size_t at = 76; at < lines.size(); at += 77) {
+    lines.insert(at, "\n");
+  }
+  EXPECT_TRUE(RunBatchOn(lines, {"base64-decode"}).output == text);
+}
+
+// A wrong key, as the output may be the input.
+TEST(CipherCommands, WriteNoTextThatIsNotWholeOrLooksGarbled) {
+  const Arguments decrypt = {"rijndael-decrypt", "--text", "--password"};
+  const auto run = [&decrypt](const std::string& input, std::vector<std::string> rest) {
+    rest.insert(rest.begin(), decrypt.begin(), decrypt.end());
+    return RunBatchOn(input, rest);
+  };
+  const std::string bell = RunBatchOn("a\a\xFF", {"rijndael-encrypt", "--text", "--password", "p"}).output;
+  EXPECT_EQ(run(bell, {"p"}).status, 3);
+  EXPECT_EQ(run(bell, {"p", "--accept-garbled"}).output, "a\a\xFF");
+  EXPECT_EQ(run("", {"p"}).output, "");
+  EXPECT_EQ(run("", {"p"}).status, 0) << "an empty text is encrypted to an empty one";
+  const TemporaryFolder folder;
+  for (const char* text : {"short", "a text of more than one block\r\n"}) {
+    const std::string ciphertext = RunBatchOn(text, {"rijndael-encrypt", "--text", "--password", "p"}).output;
+    const std::string file = folder.Put("file", ciphertext).string();
+    EXPECT_EQ(run("", {"wrong", file, "-o", file}).status, 3);
+    EXPECT_EQ(ReadWholeFile(file), ciphertext);
+    EXPECT_EQ(run("", {"p", file, "-o", file}).status, 0);
+    EXPECT_EQ(ReadWholeFile(file), text);
+  }
+}
+
+// In UTF-8 the two bytes are none, in the encoding of the ciphertext they would be one character.
+TEST(CipherCommands, BringInvalidBytesBackAsTheyWere) {
+  for (const std::string text : {"\xC4\xE3", "\xC4\x1F\xE3", "\xC4\x1F\x1F\xE3z\x1F",
+                                 "\x81"
+                                 "0\x81"
+                                 "0\xC4\xE3\xC4",
+                                 "\xC4\x1F", "\xF0\x9F\x92\x81x\xE3", "\xFE\xFE\xFE\xFE"}) {
+    const std::string ciphertext =
+        RunBatchOn(text, {"rijndael-encrypt", "--text", "--password", "p", "--encoding", "utf-8"}).output;
+    const BatchResult result = RunBatchOn(
+        ciphertext, {"rijndael-decrypt", "--text", "--accept-garbled", "--password", "p", "--encoding", "utf-8"});
+    EXPECT_EQ(result.output, text);
   }
 }
 

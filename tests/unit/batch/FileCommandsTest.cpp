@@ -3,6 +3,7 @@
 #include "search/FileReport.h"
 #include "support/BatchRun.h"
 #include "support/TemporaryFolder.h"
+#include "text/Bytes.h"
 #include "text/Encoding.h"
 #include "text/PlatformFile.h"
 
@@ -64,6 +65,39 @@ TEST(FindInFiles, RefusesWhatCannotBeUsed) {
   EXPECT_EQ(missing.status, 3);
   EXPECT_EQ(missing.output, "");
   EXPECT_NE(missing.errors.find("missing"), std::string::npos);
+}
+
+TEST(MergeFiles, WritesNoneOfItsOwnOutputAndNothingWhenAFileIsMissing) {
+  TemporaryFolder folder;
+  const auto ten = folder.Put("10.txt", "\xD6\xD0");
+  folder.Put("9.txt", "b\n");
+  folder.Put("a.log", "c");
+  const auto all = folder.path() / "all.txt";
+  const std::vector<std::string> merge = {"merge-files",          "--pattern", "*.txt", "--titles", "-o", Argument(all),
+                                          Argument(folder.path())};
+  for (int i = 0; i < 2; ++i) {
+    const BatchResult result = RunBatchOn("", merge);
+    EXPECT_EQ(result.status, 0) << result.errors;
+    EXPECT_EQ(ReadWholeFile(all), "9.txt\r\nb\r\n10.txt\r\n\xD6\xD0\r\n");
+  }
+  EXPECT_EQ(RunBatchOn("", {"merge-files", Argument(ten), Argument(all), "-o", Argument(ten)}).status, 2);
+  EXPECT_EQ(RunBatchOn("", {"merge-files", Argument(folder.path() / "none.txt"), "-o", Argument(ten)}).status, 3);
+  const auto binary = folder.Put("b.bin", std::string(2, '\0'));
+  const BatchResult failed =
+      RunBatchOn("", {"merge-files", Argument(ten), Argument(binary), "-o", Argument(ten) + "2"});
+  EXPECT_EQ(failed.status, 3);
+  EXPECT_NE(failed.errors.find(Argument(binary)), std::string::npos);
+  EXPECT_EQ(ReadWholeFile(ten), "\xD6\xD0");
+}
+
+TEST(DownloadList, ListsEachAddressOnce) {
+  TemporaryFolder folder;
+  folder.Put("10.cfg", "http://a.cn/ http://b.cn/");
+  const auto second = folder.Put("9.cfg", "thunder://QUFodHRwOi8vYS5jbi8xWlo=");
+  const BatchResult result = RunBatchOn("", {"download-list", Argument(folder.path()), Argument(second)});
+  EXPECT_EQ(result.status, 0) << result.errors;
+  EXPECT_EQ(result.output, "http://a.cn/1\r\nhttp://a.cn/\r\nhttp://b.cn/\r\n");
+  EXPECT_EQ(RunBatchOn("", {"download-list", Argument(folder.Put("c", "x"))}).status, 1);
 }
 
 }  // namespace

@@ -33,6 +33,11 @@ TEST(LineCommands, CleanUpLines) {
       {{"add-tabs"}, "", ""},
       {{"sort"}, "c\na\nb", "a\r\nb\r\nc\r\n"},
       {{"sort", "--order", "down", "--by", "number"}, "a2\nb10\n", "b10\r\na2\r\n"},
+      {{"sort", "--by", "pinyin"}, "\xD2\xD2\n\xBC\xD7\nz", "z\r\n\xBC\xD7\r\n\xD2\xD2\r\n"},
+      {{"sort", "--by", "strokes"}, "\xBC\xD7\n\xD2\xD2", "\xD2\xD2\r\n\xBC\xD7\r\n"},
+      {{"pinyin-initials"}, "\xBC\xD7", "J \xBC\xD7\r\n"},
+      {{"pinyin-initials", "--place", "column", "--first", "--small"}, "\xBC\xD7\xD2\xD2", "\xBC\xD7\xD2\xD2\tj\r\n"},
+      {{"pinyin-initials", "--names", "--place", "only"}, "\xD4\xF8\n", "Z\r\n"},
       {{"sort", "--from", "2", "--to", "99"}, "c\nb\na", "c\r\na\r\nb\r\n"},
       {{"sort", "--from", "0", "--to", "2"}, "c\nb\na", "b\r\nc\r\na\r\n"},
       {{"sort", "--from", "9"}, "", ""},
@@ -94,7 +99,7 @@ TEST(LineCommands, NeverLoseALine) {
   const std::string inputs[] = {
       "one line, no end",
       "a\n" + std::string(10'000'000, 'x') + "\na",
-      std::string(1'000'000, '\n'),
+      std::string(100'000, '\n'),
       std::string("a\0b\n\0\n\0\0\n\0\n", 11),
       "a\rb\n\r\r\n\r\na\rb\n \r",
       "\xFF\n\x81\x30\x81\x30\n\x94\x39\xDA\x33 5\n\xFF\n\x81\x30\n\x81",  // four bytes a character, none at all

@@ -4,18 +4,12 @@
 #include <sys/stat.h>
 
 #include "batch/BatchCommand.h"
-#include "batch/Spool.h"
 #include "support/BatchRun.h"
 #include "support/FileSizeLimit.h"
 #include "support/TemporaryFolder.h"
 
 namespace scrivanta::testing {
 namespace {
-
-std::size_t FilesIn(const std::filesystem::path& folder) {
-  return static_cast<std::size_t>(
-      std::distance(std::filesystem::directory_iterator(folder), std::filesystem::directory_iterator()));
-}
 
 TEST(RunBatch, ReadsFromWhereItIsTold) {
   const TemporaryFolder folder;
@@ -89,6 +83,33 @@ TEST(RunBatch, AFailureIsOneLineAndItsStatus) {
 TEST(RunBatch, TakesTextsThatLookLikeOptions) {
   EXPECT_EQ(RunBatchOn("a\nb\nc\n", {"del-lines", "--from", "-5", "--to", "2"}).output, "c\r\n");
   EXPECT_EQ(RunBatchOn("a\nb\nc\n", {"del-lines", "--from=3", "--to=2"}).output, "a\r\nb\r\nc\r\n");
+  EXPECT_EQ(RunBatchOn("a-b", {"regexp-replace", "--pattern", "--replacement=", "--replacement", "x"}).output, "a-b");
+}
+
+// What stands behind the sign is the value, even if that is nothing; the next argument is another one.
+TEST(RunBatch, TakesAnEmptyValueBehindTheSign) {
+  EXPECT_EQ(RunBatchOn("a1", {"regexp-replace", "--replacement=", "--pattern=\\d"}).output, "a");
+  EXPECT_EQ(RunBatchOn("a1", {"regexp-replace", "--pattern=", "--replacement", "x"}).output, "a1");
+  EXPECT_EQ(RunBatchOn("ab", {"multi-replace", "--replace=", "--find", "a"}).output, "b");
+  const TemporaryFolder folder;
+  const std::string file = folder.Put("file", "A").string();
+  const BatchResult result = RunBatchOn("", {"rijndael-encrypt", "--password=", file, "-o", file});
+  EXPECT_EQ(result.status, 2);
+  EXPECT_EQ(ReadWholeFile(file), "A");
+}
+
+TEST(RunBatch, SaysInSentencesWhatIsWrongWithArguments) {
+  const std::pair<std::vector<std::string>, std::string> cases[] = {
+      {{"sort", "--order", "x"}, "--order: \"x\" is not one of down|up"},
+      {{"sort", "--order"}, "--order needs a value: down|up"},
+      {{"sort", "--from", "x"}, "this value cannot be used: --from = x"},
+      {{"trim-lines", "--encoding", "latin1"}, "--encoding: \"latin1\" is not one of gbk|utf-8"},
+      {{"rijndael-encrypt", "--bits", "5"}, "--bits: \"5\" is not one of 128|192|256"},
+      {{"rndxorhash-encrypt", "--key-size", "0"}, "--key-size: Value 0 is not in the range 1 to 32767"},
+  };
+  for (const auto& [arguments, sentence] : cases) {
+    EXPECT_EQ(RunBatchOn("", arguments).errors, "scrivanta-batch: " + sentence + "\n");
+  }
 }
 
 // All outputs are written out before the first is put in place.
@@ -127,23 +148,6 @@ TEST(RunBatch, EveryCommandExplainsItself) {
     EXPECT_NE(own.output.find(command.description), std::string::npos) << own.output;
     EXPECT_NE(own.output.find(command.example), std::string::npos) << own.output;
     EXPECT_EQ(command.example.rfind("scrivanta-batch " + command.name + " ", 0), 0U) << command.example;
-  }
-}
-
-TEST(Spool, GivesBackWhatItWasGivenFromMemoryAndFromItsFile) {
-  for (const std::size_t times : {0U, 3U, 12U}) {
-    const std::string block(1'000'000, static_cast<char>('a' + times));
-    Spool spool;
-    for (std::size_t i = 0; i < times; ++i) {
-      spool.Write(block);
-    }
-    for (int round = 0; round < 2; ++round) {
-      StringSink sink;
-      CopyBytes(spool, sink);
-      EXPECT_EQ(sink.bytes().size(), times * block.size());
-      EXPECT_EQ(sink.bytes().find_first_not_of(block[0]), std::string::npos);
-      spool.Rewind();
-    }
   }
 }
 

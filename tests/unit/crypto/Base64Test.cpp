@@ -5,7 +5,7 @@
 #include <openssl/evp.h>
 
 #include "crypto/Base64.h"
-#include "crypto/CBase64EnDeCode.h"
+#include "crypto/services/CBase64EnDeCode.h"
 #include "support/TemporaryFolder.h"
 
 namespace scrivanta {

@@ -6,7 +6,7 @@
 
 #include <gtest/gtest.h>
 
-#include "crypto/CRndXorHash.h"
+#include "crypto/services/CRndXorHash.h"
 #include "support/ScriptedWorkbench.h"
 
 namespace scrivanta {

@@ -8,7 +8,7 @@
 
 #include "crypto/RijndaelStream.h"
 #include "crypto/RijndaelText.h"
-#include "crypto/cRijndael.h"
+#include "crypto/services/cRijndael.h"
 #include "support/ScriptedWorkbench.h"
 #include "unit/crypto/Hex.h"
 

@@ -19,69 +19,6 @@ void OpenMarked(ScriptedEditor& editor, std::u16string text) {
   editor.Open(text, selection);
 }
 
-TEST(CleanupHandlers, ChangeTheDocumentOrTheSelection) {
-  struct Case {
-    void (*handler)(Workbench&);
-    std::u16string document;
-    std::u16string expected;
-  };
-  const Case cases[] = {
-      {mnuDelEmptyLine, u"", u""},
-      {mnuDelEmptyLine, u"\r\n\r\n", u""},
-      {mnuDelEmptyLine, u"一\r\n\r\n \r\n二\r\n", u"一\r\n \r\n二"},
-      {mnuDelEmptyLine, u"\r\n一[\r\n\r\n二]三\r\n\r\n", u"\r\n一二三\r\n\r\n"},
-      {mnuTrimLine, u"", u""},
-      {mnuTrimLine, u"  一 \t \r\n   \r\n\U00020000  ", u"一 \t\r\n\r\n\U00020000"},
-      {mnuTrimLine, u" a [ b \r\n c] d ", u" a b\r\nc d "},
-      {mnuAddTAB, u"", u""},
-      {mnuAddTAB, u"a\tb\tc\r\nd\r\n", u"a\tb\tc\r\nd\t\t\r\n\t\t"},
-      {mnuAddTAB, u"a\t\t[b\tc\r\nd]e", u"a\t\tb\tc\r\nd\te"},
-  };
-  for (const Case& c : cases) {
-    ScriptedWorkbench workbench;
-    OpenMarked(workbench.editor(), c.document);
-    c.handler(workbench);
-    EXPECT_EQ(workbench.editor().Text(), c.expected);
-    EXPECT_EQ(workbench.editor().changes, 1);
-    EXPECT_EQ(workbench.worksAlive, 0);
-  }
-}
-
-TEST(CleanupHandlers, LeaveTheirFilesBehind) {
-  ScriptedWorkbench workbench;
-  workbench.editor().Open(u"一 \r\n\r\nb");
-  mnuDelEmptyLine(workbench);
-  EXPECT_EQ(workbench.WorkFile("FileAutoSave.txt"), "\xD2\xBB \r\n\r\nb\r\n");
-  EXPECT_EQ(workbench.WorkFile("DelEmptyLineOk.txt"), "\xD2\xBB \r\nb\r\n");
-  mnuTrimLine(workbench);
-  EXPECT_EQ(workbench.WorkFile("TrimLines.TXT"), "\xD2\xBB\r\nb\r\n");
-  workbench.editor().SetSelection({{0}, 1});
-  mnuAddTAB(workbench);
-  EXPECT_EQ(workbench.WorkFile("FileAutoSave.txt"), "\xD2\xBB");
-  EXPECT_EQ(workbench.WorkFile("AddTabOK.txt"), "\xD2\xBB\r\n");
-}
-
-TEST(CleanupHandlers, PadTabsSaysHowMany) {
-  for (const auto& [document, message] :
-       {std::pair(u"\t\t\t\r\na", u"各行TAB符均已经加足至3个"), std::pair(u"a\r\nb", u"各行TAB符均已经加足至0个")}) {
-    ScriptedWorkbench workbench;
-    workbench.editor().Open(document);
-    mnuAddTAB(workbench);
-    ASSERT_EQ(workbench.prompts().messages.size(), 1U);
-    EXPECT_EQ(workbench.prompts().messages[0].text, message);
-    EXPECT_EQ(workbench.prompts().messages[0].title, u"提示");
-  }
-}
-
-TEST(CleanupHandlers, AnInterruptLeavesTheDocument) {
-  ScriptedWorkbench workbench;
-  workbench.editor().Open(u" a ");
-  workbench.interruptAfter = 1;
-  EXPECT_THROW(mnuTrimLine(workbench), Interrupted);
-  EXPECT_EQ(workbench.editor().Text(), u" a ");
-  EXPECT_EQ(workbench.editor().changes, 0);
-}
-
 // Types into the two boxes and presses the button.
 class ScriptedDelLines final : public LineDialogs, public DelLinesView {
  public:
@@ -113,6 +50,82 @@ class ScriptedDelLines final : public LineDialogs, public DelLinesView {
   std::u16string end_;
 };
 
+void RunCommand(std::string_view command, Workbench& workbench, LineDialogs& dialogs) {
+  CommandTable table;
+  AddCaretCommands(table);
+  AddCleanupCommands(table, dialogs);
+  EXPECT_TRUE(table.Run(command, workbench));
+}
+
+void RunCommand(std::string_view command, Workbench& workbench) {
+  ScriptedDelLines noWindow({}, {});
+  RunCommand(command, workbench, noWindow);
+}
+
+TEST(CleanupHandlers, ChangeTheDocumentOrTheSelection) {
+  struct Case {
+    const char* command;
+    std::u16string document;
+    std::u16string expected;
+  };
+  const Case cases[] = {
+      {"mnuDelEmptyLine", u"", u""},
+      {"mnuDelEmptyLine", u"\r\n\r\n", u""},
+      {"mnuDelEmptyLine", u"一\r\n\r\n \r\n二\r\n", u"一\r\n \r\n二"},
+      {"mnuDelEmptyLine", u"\r\n一[\r\n\r\n二]三\r\n\r\n", u"\r\n一二三\r\n\r\n"},
+      {"mnuDelEmptyLine", u"[一\r\n\r\n二\r\n]三", u"一\r\n二\r\n三"},
+      {"mnuTrimLine", u"", u""},
+      {"mnuTrimLine", u"  一 \t \r\n   \r\n\U00020000  ", u"一 \t\r\n\r\n\U00020000"},
+      {"mnuTrimLine", u" a [ b \r\n c] d ", u" a b\r\nc d "},
+      {"mnuAddTAB", u"", u""},
+      {"mnuAddTAB", u"a\tb\tc\r\nd\r\n", u"a\tb\tc\r\nd\t\t\r\n\t\t"},
+      {"mnuAddTAB", u"a\t\t[b\tc\r\nd]e", u"a\t\tb\tc\r\nd\te"},
+  };
+  for (const Case& c : cases) {
+    ScriptedWorkbench workbench;
+    OpenMarked(workbench.editor(), c.document);
+    RunCommand(c.command, workbench);
+    EXPECT_EQ(workbench.editor().Text(), c.expected);
+    EXPECT_EQ(workbench.editor().changes, 1);
+    EXPECT_EQ(workbench.worksAlive, 0);
+  }
+}
+
+TEST(CleanupHandlers, LeaveTheirFilesBehind) {
+  ScriptedWorkbench workbench;
+  workbench.editor().Open(u"一 \r\n\r\nb");
+  RunCommand("mnuDelEmptyLine", workbench);
+  EXPECT_EQ(workbench.WorkFile("FileAutoSave.txt"), "\xD2\xBB \r\n\r\nb\r\n");
+  EXPECT_EQ(workbench.WorkFile("DelEmptyLineOk.txt"), "\xD2\xBB \r\nb\r\n");
+  RunCommand("mnuTrimLine", workbench);
+  EXPECT_EQ(workbench.WorkFile("TrimLines.TXT"), "\xD2\xBB\r\nb\r\n");
+  workbench.editor().SetSelection({{0}, 1});
+  RunCommand("mnuAddTAB", workbench);
+  EXPECT_EQ(workbench.WorkFile("FileAutoSave.txt"), "\xD2\xBB");
+  EXPECT_EQ(workbench.WorkFile("AddTabOK.txt"), "\xD2\xBB\r\n");
+}
+
+TEST(CleanupHandlers, PadTabsSaysHowMany) {
+  for (const auto& [document, message] :
+       {std::pair(u"\t\t\t\r\na", u"各行TAB符均已经加足至3个"), std::pair(u"a\r\nb", u"各行TAB符均已经加足至0个")}) {
+    ScriptedWorkbench workbench;
+    workbench.editor().Open(document);
+    RunCommand("mnuAddTAB", workbench);
+    ASSERT_EQ(workbench.prompts().messages.size(), 1U);
+    EXPECT_EQ(workbench.prompts().messages[0].text, message);
+    EXPECT_EQ(workbench.prompts().messages[0].title, u"提示");
+  }
+}
+
+TEST(CleanupHandlers, AnInterruptLeavesTheDocument) {
+  ScriptedWorkbench workbench;
+  workbench.editor().Open(u" a ");
+  workbench.interruptAfter = 1;
+  RunCommand("mnuTrimLine", workbench);
+  EXPECT_EQ(workbench.editor().Text(), u" a ");
+  EXPECT_EQ(workbench.editor().changes, 0);
+}
+
 TEST(DelLinesDialog, DeletesTheRange) {
   struct Case {
     std::u16string start;
@@ -135,7 +148,7 @@ TEST(DelLinesDialog, DeletesTheRange) {
     ScriptedWorkbench workbench;
     OpenMarked(workbench.editor(), c.document);
     ScriptedDelLines window(c.start, c.end);
-    mnuDelLineFromXtoY(workbench, window);
+    RunCommand("mnuDelLineFromXtoY", workbench, window);
     EXPECT_EQ(workbench.editor().Text(), c.expected);
     EXPECT_TRUE(window.closed);
   }
@@ -148,7 +161,7 @@ TEST(DelLinesDialog, OffersToExchangeTheNumbers) {
     workbench.editor().Open(u"a\r\nb\r\nc\r\nd");
     workbench.prompts().Will(answer);
     ScriptedDelLines window(u"3.7", u"2");
-    mnuDelLineFromXtoY(workbench, window);
+    RunCommand("mnuDelLineFromXtoY", workbench, window);
     EXPECT_EQ(workbench.prompts().messages.at(0).text, u"后数<前数，是否交换！");
     EXPECT_EQ(workbench.prompts().messages.at(0).buttons, Buttons::kYesNo);
     EXPECT_EQ(workbench.editor().Text(), expected);
@@ -162,7 +175,7 @@ TEST(DelLinesDialog, ClosedWithoutItsButtonChangesNothing) {
   workbench.editor().Open(u"a\r\nb");
   ScriptedDelLines window(u"1", u"2");
   window.presses = false;
-  mnuDelLineFromXtoY(workbench, window);
+  RunCommand("mnuDelLineFromXtoY", workbench, window);
   EXPECT_EQ(workbench.editor().changes, 0);
   EXPECT_EQ(workbench.WorkFile("FileAutoSave.txt"), "a\r\nb\r\n");
 }
@@ -175,7 +188,7 @@ TEST(DelLinesDialog, NeverSeesTheTextOfAnotherInstance) {
     FileSink other(workbench.folders().temporary / "FileAutoSave.txt");
     other.Write("x\r\ny\r\n");
   };
-  mnuDelLineFromXtoY(workbench, window);
+  RunCommand("mnuDelLineFromXtoY", workbench, window);
   EXPECT_EQ(workbench.editor().Text(), u"b");
   EXPECT_EQ(workbench.WorkFile("FileAutoSave.txt"), "a\r\nb\r\n");
 }
@@ -197,7 +210,7 @@ TEST(CaretHandlers, GotoLineMovesTheCaret) {
     ScriptedWorkbench workbench;
     OpenMarked(workbench.editor(), u"[a]\r\n\r\nb");
     workbench.prompts().Will(c.answer);
-    mnuGotoLine(workbench);
+    RunCommand("mnuGotoLine", workbench);
     EXPECT_EQ(workbench.prompts().inputs.at(0).prompt, u"指定要定位的行：");
     if (c.caret) {
       EXPECT_EQ(workbench.editor().Selection(), (TextRange{{*c.caret}, 0}));
@@ -214,7 +227,7 @@ TEST(CaretHandlers, GotoLineCanBeCancelled) {
   ScriptedWorkbench workbench;
   workbench.editor().Open(u"a\r\nb", {{4}, 0});
   workbench.prompts().Will(std::u16string());
-  mnuGotoLine(workbench);
+  RunCommand("mnuGotoLine", workbench);
   EXPECT_EQ(workbench.editor().Selection(), (TextRange{{4}, 0}));
   EXPECT_TRUE(workbench.prompts().messages.empty());
 }
@@ -236,7 +249,7 @@ TEST(CaretHandlers, CopyAboveCharTypesWhatStandsAbove) {
   for (const Case& c : cases) {
     ScriptedWorkbench workbench;
     OpenMarked(workbench.editor(), c.document);
-    mnuCopyAboveChar(workbench);
+    RunCommand("mnuCopyAboveChar", workbench);
     EXPECT_EQ(workbench.editor().Text(), c.expected);
     EXPECT_EQ(workbench.editor().changes, c.document.size() - 2 == c.expected.size() ? 0 : 1);
   }

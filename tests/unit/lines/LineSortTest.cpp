@@ -89,6 +89,28 @@ TEST(LineSort, OrdersByCodeUnitsInEveryEncoding) {
   }
 }
 
+TEST(LineSort, OrdersChineseCharactersAsDictionariesDo) {
+  struct Case {
+    SortBy by;
+    std::u16string_view lines;
+    std::u16string_view sorted;
+  };
+  constexpr Case kCases[] = {
+      {SortBy::kPinyin, u"张\n王\n阿\n啊\nz\n，\n1\n\n", u"\r\n1\r\nz\r\n，\r\n阿\r\n啊\r\n王\r\n张\r\n"},
+      // Tones, then strokes; ü behind u; phrases are read as such.
+      {SortBy::kPinyin, u"乱\n吕\n路\n马\n妈\n骂\n八\n巴\n重庆\n重要\n虫",
+       u"八\r\n巴\r\n虫\r\n重庆\r\n路\r\n吕\r\n乱\r\n妈\r\n马\r\n骂\r\n重要\r\n"},
+      {SortBy::kPinyin, u"中国人\n中国\n中\n中国\n兙\n\U00020001\n",
+       u"中\r\n中国\r\n中国\r\n中国人\r\n兙\r\n\U00020001\r\n"},
+      {SortBy::kStrokes, u"龘\n三\n丁\n一\n人口\n人\na", u"a\r\n一\r\n丁\r\n人\r\n人口\r\n三\r\n龘\r\n"},
+  };
+  for (const Case& c : kCases) {
+    EXPECT_EQ(SortedText(c.lines, {.by = c.by}), Encode(Encoding::kUtf8, c.sorted));
+  }
+  EXPECT_EQ(SortedText(u"丙\n乙\n丁\n甲", {.by = SortBy::kPinyin, .first = 2, .last = 3}),
+            Encode(Encoding::kUtf8, u"丙\r\n丁\r\n乙\r\n甲\r\n"));
+}
+
 TEST(LineSort, TellsNulFromTheEndOfALine) {
   EXPECT_EQ(
       SortedText(std::u16string(u"ab\0\0\nab\nab\0c\nab\0\nab\0\0\0\0\n\0\n\nab", 29), {}),

@@ -37,6 +37,8 @@ TEST(RegExpLineFilters, DivideMatchesAndLines) {
       {u"A a\r\n", u"a", u"a\r\n|\r\n"},                               // minds letter case
       {u"ab\r\ncd\r\nef\r\n", u"b\\r\\nc", u"b\r\nc\r\n|\r\nef\r\n"},  // a match across lines
       {u"ab\r\ncd\r\n", u"x*", u"|\r\n\r\n\r\n"},                      // matches the empty text everywhere
+      {u"毛笔 120\r\n笔架 退货\r\n宣纸 40\r\n", u"^((?!退货).)*?$",
+       u"毛笔 120\r\n宣纸 40\r\n|\r\n笔架 退货\r\n\r\n\r\n"},
       {u"ab\r\ncd\r\n", u"^.*b.*?$", u"ab\r\n|\r\ncd\r\n"},
       {u"1dfvjew74ut*&^%$@!~695gjd*&^!~845ut\r\n2\r\n", u"q", u"|\r\n2\r\n"},  // the text holds the marker
       {u"", u"a", u"|"},

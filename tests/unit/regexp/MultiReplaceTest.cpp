@@ -1,8 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "regexp/Markers.h"
-#include "regexp/MultiReplace.h"
-#include "regexp/RegExpMarkerFilter.h"
+#include "regexp/services/RegExpServices.h"
 #include "text/ExplainedError.h"
 
 namespace scrivanta {

@@ -7,6 +7,7 @@
 #include "regexp/RegExpExecute.h"
 #include "regexp/RegExpExtract.h"
 #include "regexp/RegExpReplace.h"
+#include "text/ExplainedError.h"
 
 namespace scrivanta {
 namespace {
@@ -115,8 +116,8 @@ TEST(RegExpExtract, TakesMatchesOrGroups) {
   for (const Case& c : cases) {
     EXPECT_EQ(Extract(c.text, c.pattern, c.options), c.results);
   }
-  EXPECT_EQ(JoinResults({u"a", u"", u"b"}), u"a\r\n\r\nb");
-  EXPECT_EQ(JoinResults({}), u"");
+  EXPECT_THROW(Extract(u"123456789012", u"\\d+", {.repeat = true, .groupList = u"1\\2", .groupSeparator = u"\\1"}),
+               ExplainedError);
 }
 
 TEST(RegExpReplace, ExpandsReferences) {
@@ -143,6 +144,9 @@ TEST(RegExpReplace, ExpandsReferences) {
       {u"aXb", u"", u"y", u"aXb"},
       {u"a\nb", u"a", u"a", u"a\nb"},
       {u"ab", u"x*", u"-", u"-a-b-"},
+      {u"a\r\n\r\nb", u"^", u"> ", u"> a\r\n> \r\n> b"},  // a line break is one place
+      {u"a\r\nb", u"$", u";", u"a;\r\nb;"},
+      {u"a\r\nb", u".*$", u"x", u"x\r\nxx"},  // takes the carriage return
   };
   for (const Case& c : cases) {
     EXPECT_EQ(Replace(c.text, c.pattern, c.replacement), c.result);

@@ -1,10 +1,7 @@
 #include <gtest/gtest.h>
 
-#include "regexp/MultiReplace.h"
-#include "regexp/RegExpExtract.h"
-#include "regexp/RegExpMarkerFilter.h"
-#include "regexp/RegExpReplace.h"
-#include "regexp/SourceText.h"
+#include "regexp/services/RegExpServices.h"
+#include "regexp/services/SourceText.h"
 #include "support/TemporaryFolder.h"
 #include "text/ExplainedError.h"
 #include "text/PlatformFile.h"

@@ -14,6 +14,7 @@
 #include "search/TextRanges.h"
 #include "shell/services/FormState.h"
 #include "support/ScriptedWorkbench.h"
+#include "text/ExplainedError.h"
 
 namespace scrivanta {
 namespace {
@@ -42,6 +43,17 @@ TEST(FindNextInText, GoesOnFromTheLastPlaceAndAroundTheEnd) {
   EXPECT_FALSE(state.isNewSearch);
   EXPECT_FALSE(FindNextInText(text, selection, u"aB", state, progress).occurs);
   EXPECT_EQ(FindNextInText(text, selection, u"", state, progress).position, 0U);
+}
+
+TEST(FindNextInText, ReachesEveryLineBreak) {
+  NoProgress progress;
+  const std::u16string text = u"\r\n\r\na\r\n\r\n\r\nb\r\n";
+  FindState state;
+  TextRange selection;
+  for (const std::size_t position : {1U, 3U, 6U, 8U, 10U, 13U, 1U}) {
+    EXPECT_EQ(FindNextInText(text, selection, u"\r\n", state, progress).position, position);
+    selection = {{position - 1}, 2};
+  }
 }
 
 TEST(FindNextInEditor, SaysWhenThereIsNoneAndLeavesTheSelection) {
@@ -76,7 +88,7 @@ TEST(FindNext, ByPatternTakesTheNextMatchAfterTheCaret) {
     FindNext(workbench, state);
     starts.push_back(workbench.editor().Selection().start.value);
   }
-  EXPECT_EQ(starts, (std::vector<std::size_t>{3, 5, 8, 10, 0}));
+  EXPECT_EQ(starts, (std::vector<std::size_t>{5, 10, 0, 5, 10}));
 }
 
 class ScriptedFindView final : public FindView {
@@ -196,11 +208,11 @@ TEST_F(FindDialogTest, ShowsTheHistoriesWhereTheyAreKept) {
   const auto pointAt = [&shown](const std::u16string& key) { shown = key; };
   dialog.ShowStoredHistories(pointAt);
   EXPECT_EQ(shown, u"HKEY\\FormSaveSetting");
-  ASSERT_EQ(workbench.desktop().runs.size(), 1U);
-  EXPECT_EQ(workbench.desktop().runs[0].first, u"REGEDIT.EXE");
+  ASSERT_EQ(workbench.desktop().systemRuns.size(), 1U);
+  EXPECT_EQ(workbench.desktop().systemRuns[0].first, u"REGEDIT.EXE");
   workbench.settings().inRegistry = false;
   dialog.ShowStoredHistories(pointAt);
-  EXPECT_EQ(workbench.desktop().runs.size(), 1U);
+  EXPECT_EQ(workbench.desktop().systemRuns.size(), 1U);
   EXPECT_EQ(workbench.desktop().opened, std::vector{workbench.folders().iniFile});
 }
 
@@ -223,11 +235,39 @@ TEST_F(FindDialogTest, ReplacesOnlyASelectionThatIsAMatch) {
   workbench.editor().Open(u"a\r\nb", {});
   Fill(u"^", u"> ", true);
   dialog.Replace(view);
-  dialog.Replace(view);
   EXPECT_EQ(workbench.editor().Selection(), (TextRange{{3}, 0}));
   EXPECT_EQ(workbench.editor().Text(), u"a\r\nb");
   dialog.Replace(view);
   EXPECT_EQ(workbench.editor().Text(), u"a\r\n> b");
+}
+
+// What stands right behind the new text is next, in both kinds of search.
+TEST_F(FindDialogTest, ReplacesNeighboursStepByStep) {
+  struct Case {
+    std::u16string text;
+    std::u16string find;
+    std::u16string replace;
+    bool regExp;
+    std::u16string result;  // after three replacements
+  };
+  const Case cases[] = {
+      {u"x123 4", u"\\d", u"", true, u"x 4"}, {u"x123 4", u"\\d", u"ab", true, u"xababab 4"},
+      {u"aaab", u"a", u"", false, u"b"},      {u"y\r\n\r\n\r\n.\r\n", u"<回车换行符>", u"", false, u"y.\r\n"},
+      {u"ab", u"x*", u"-", true, u"-a-b-"},  // an empty match is not found again at its place
+  };
+  for (const Case& c : cases) {
+    workbench.editor().Open(c.text);
+    state = {};
+    Fill(c.find, c.replace, c.regExp);
+    const bool beginsAtStart = c.find == u"x*";
+    if (beginsAtStart) {
+      workbench.editor().SetSelection({{c.text.size()}, 0});
+    }
+    for (int i = 0; i < 4; ++i) {
+      dialog.Replace(view);  // the first one only finds
+    }
+    EXPECT_EQ(workbench.editor().Text(), c.result);
+  }
 }
 
 TEST_F(FindDialogTest, ReplacesAll) {
@@ -275,6 +315,18 @@ TEST_F(FindDialogTest, ReplacesAllWithinTheFormatting) {
   dialog.ReplaceAll(view);
   EXPECT_EQ(workbench.editor().changes, 1);
   EXPECT_EQ(workbench.status, u"已替换0处，另有1处被格式代码分开，未替换");
+}
+
+TEST_F(FindDialogTest, ARichTextThatIsNotTakenIsNoSuccess) {
+  workbench.editor().Open(u"a");
+  workbench.editor().rtf = "{\\rtf1 a}";
+  Fill(u"a", u"b");
+  view.keepsFormatting = true;
+  for (const TextRange selection : {TextRange{}, TextRange{{0}, 1}}) {
+    workbench.editor().SetSelection(selection);
+    EXPECT_THROW(dialog.ReplaceAll(view), ExplainedError);
+  }
+  EXPECT_EQ(workbench.status, u"");
 }
 
 TEST_F(FindDialogTest, FiltersMatchingLinesToTheTop) {
@@ -337,6 +389,83 @@ TEST_F(FindDialogTest, SearchesAndReplacesInFiles) {
   EXPECT_EQ(ReadWholeFile(has), "x\ngone gone `` me\n");
   EXPECT_EQ(ReadWholeFile(gbk), "\xD6\xD0\r\ngone");
   EXPECT_EQ(ReadWholeFile(folder.path() / "e.log"), "find");
+}
+
+TEST_F(FindDialogTest, AppendsTheReportWithoutRebuildingTheDocument) {
+  testing::TemporaryFolder folder;
+  folder.Put("a.txt", "find");
+  workbench.editor().Open(u"formatted", {{0}, 4});
+  workbench.editor().rtf = "{\\rtf1 formatted}";
+  Fill(u"find", u"");
+  workbench.prompts().Will(folder.path());
+  workbench.prompts().Will(std::u16string(u"*.*"));
+  dialog.SearchInFiles(view);
+  EXPECT_EQ(workbench.editor().rtf, "{\\rtf1 formatted}");
+  EXPECT_TRUE(workbench.editor().Text().starts_with(u"formatted\r\n以下文件 含有"));
+  EXPECT_EQ(workbench.editor().Selection().start.value, 11U);
+}
+
+// What is searched is what is replaced, and what is left is named.
+TEST_F(FindDialogTest, ReplacesListsInFilesAndTellsWhatIsLeft) {
+  testing::TemporaryFolder folder;
+  const auto plain = folder.Put("1.txt", "cat dog|");
+  const auto rich = folder.Put("2.rtf", "{\\rtf1\\ansi cat d\\b o\\b0 g\\par}");
+  const auto binary = folder.Put("3.bin", std::string("cat\0\0\0\0", 7));
+  folder.Put("4.txt", "bird");
+  dialog.Drop(view, {folder.path(), plain}, false);
+  Fill(u"cat|dog", u"CAT|DOG");
+  workbench.prompts().Will(std::u16string(u"*.*"));
+  dialog.SearchInFiles(view);
+  EXPECT_NE(workbench.editor().Text().find(u"    2处，第1行：cat dog|"), std::u16string::npos);
+  workbench.prompts().Will(std::u16string(u"*.*"));
+  workbench.prompts().Will(Answer::kYes);
+  dialog.ReplaceInFiles(view);
+  EXPECT_EQ(workbench.prompts().messages[workbench.prompts().messages.size() - 2].text,
+            u"将在4个文件中替换，不可逆转！！\n是否继续？");
+  EXPECT_EQ(workbench.prompts().messages.back().text, u"没有全部替换。\n以下文件没有替换，或没有全部替换：\n" +
+                                                          rich.u16string() + u"：有1处被格式代码分开\n" +
+                                                          binary.u16string() + u"：不是文本文件");
+  EXPECT_EQ(workbench.status, u"已在2个文件中替换3处，另有1处被格式代码分开，未替换");
+  EXPECT_EQ(ReadWholeFile(plain), "CAT DOG|");
+  EXPECT_EQ(ReadWholeFile(rich), "{\\rtf1\\ansi CAT d\\b o\\b0 g\\par}");
+  // Nothing is left, and there was nothing.
+  workbench.editor().Open(u"``" + (folder.path() / "4.txt").u16string());
+  view.drop.clear();
+  workbench.prompts().Will(Answer::kYes);
+  dialog.ReplaceInFiles(view);
+  EXPECT_EQ(workbench.prompts().messages.back().text, u"未找到结果");
+}
+
+TEST_F(FindDialogTest, ReplacesOnceInAPathThatIsListedTwice) {
+  testing::TemporaryFolder folder;
+  const auto file = folder.Put("1.txt", "a\nb\n");
+  const auto other = folder.Put("2.txt", "a");
+  const std::u16string list = u"``" + file.u16string() + u"\r\n``" + (folder.path() / "." / "1.txt").u16string() +
+                              u"\r\n``" + other.u16string();
+  // The selection begins and ends within the first two lines, which it means.
+  workbench.editor().Open(list, {{4}, file.u16string().size() + 3});
+  Fill(u"^(?=a)", u"a", true);
+  workbench.prompts().Will(Answer::kYes);
+  dialog.ReplaceInFiles(view);
+  EXPECT_EQ(ReadWholeFile(file), "aa\nb\n");
+  EXPECT_EQ(ReadWholeFile(other), "a");
+  // A line feed of the file is a line break, in the pattern and in what is put there.
+  Fill(u"a\\r\\n(b.*)$", u"[\\1]", true);
+  workbench.prompts().Will(Answer::kYes);
+  dialog.ReplaceInFiles(view);
+  EXPECT_EQ(ReadWholeFile(file), "a[b\n]\n");
+  EXPECT_EQ(workbench.prompts().messages.back().text, u"已全部替换！");
+}
+
+TEST(TextRanges, WholeLinesAreThoseThatTheRangeTouches) {
+  const std::u16string_view text = u"ab\r\n\r\ncd";
+  const std::pair<TextRange, TextRange> cases[] = {
+      {{{0}, 0}, {{0}, 2}}, {{{1}, 1}, {{0}, 2}}, {{{0}, 4}, {{0}, 2}}, {{{0}, 6}, {{0}, 4}},
+      {{{4}, 2}, {{4}, 0}}, {{{1}, 6}, {{0}, 8}}, {{{8}, 0}, {{6}, 2}}, {{{4}, 0}, {{4}, 0}},
+  };
+  for (const auto& [range, lines] : cases) {
+    EXPECT_EQ(WholeLines(text, range), lines) << range.start.value << " " << range.length;
+  }
 }
 
 TEST(FileSearch, ReportsWhatItCannotSearchAndPassesBinariesOver) {
@@ -422,6 +551,7 @@ TEST(FileReplace, TellsWhatIsDoneWhenItIsStopped) {
   const FileReplaceOutcome outcome = ReplaceInFiles(files, state, BuiltInRegExpEngine(), progress);
   EXPECT_EQ(outcome.changedFiles, 1U);
   EXPECT_EQ(outcome.untouchedFiles, 2U);
+  EXPECT_EQ(outcome.leftOver.size(), 2U);
   EXPECT_EQ(ReadWholeFile(files[0]), "b");
   EXPECT_EQ(ReadWholeFile(files[1]), "a");
 }
@@ -441,30 +571,55 @@ TEST(Highlight, FindsWordsWhateverTheirCaseAndMergesThem) {
   EXPECT_TRUE(FindWords(u"x", u"|", progress).empty());
 }
 
+class NoDialogs final : public SearchDialogs {
+  void ShowFind(Workbench&, FindState&, FindDialogFocus) override {}
+  void ShowRegularTest(Workbench&) override {}
+};
+
+void RunCommand(std::string_view command, Workbench& workbench) {
+  NoDialogs dialogs;
+  CommandTable table;
+  RegisterSearchCommands(table, dialogs);
+  EXPECT_TRUE(table.Run(command, workbench));
+}
+
 TEST(SearchCommands, ExtractsAndReplacesByPattern) {
   ScriptedWorkbench workbench;
   workbench.editor().Open(u"a1\r\nb22");
   workbench.prompts().Will(std::u16string(u"\\d+"));
-  mnuRegGet(workbench);
+  RunCommand("mnuRegGet", workbench);
   EXPECT_EQ(workbench.editor().Text(), u"1\r\n22");
   EXPECT_EQ(workbench.prompts().inputs[0].prompt, u"输入要寻找的字串（正则表达式）");
   EXPECT_EQ(workbench.WorkFile("FileAutoSave.txt"), "1\r\n22\r\n");
   workbench.prompts().Will(std::u16string(u"^(\\d)"));
   workbench.prompts().Will(std::u16string(u"<\\1>"));
-  mnuRegReplace(workbench);
+  RunCommand("mnuRegReplace", workbench);
   EXPECT_EQ(workbench.prompts().inputs[1].preset, u"\\d+");
   EXPECT_EQ(workbench.prompts().inputs[2].prompt, u"替换为（取正则表达式中相应括号中的部分用：\\1\\2\\3...）：");
   EXPECT_EQ(workbench.editor().Text(), u"<1>\r\n<2>2");
+}
+
+TEST(SearchCommands, ASelectionOfWholeLinesKeepsItsLastLineBreak) {
+  ScriptedWorkbench workbench;
+  workbench.editor().Open(u"a1\r\nb2\r\nc3", {{0}, 8});
+  workbench.prompts().Will(std::u16string(u"\\d"));
+  RunCommand("mnuRegGet", workbench);
+  EXPECT_EQ(workbench.editor().Text(), u"1\r\n2\r\nc3");
+  workbench.editor().SetSelection({{0}, 6});
+  workbench.prompts().Will(std::u16string(u"\\d"));
+  workbench.prompts().Will(std::u16string(u"x"));
+  RunCommand("mnuRegReplace", workbench);
+  EXPECT_EQ(workbench.editor().Text(), u"x\r\nx\r\nc3");
 }
 
 TEST(SearchCommands, OpensTheFileOfTheLine) {
   ScriptedWorkbench workbench;
   workbench.editor().Open(u"x\r\n``C:\\a b.txt\r\n", {{5}, 0});
   workbench.prompts().Will(Answer::kYes);
-  mnuGoToThis(workbench);
+  RunCommand("mnuGoToThis", workbench);
   EXPECT_EQ(workbench.editor().SelectedText(), u"``C:\\a b.txt");
-  ASSERT_EQ(workbench.desktop().runs.size(), 1U);
-  EXPECT_EQ(workbench.desktop().runs[0].second, u"C:\\a b.txt");
+  ASSERT_EQ(workbench.desktop().systemRuns.size(), 1U);
+  EXPECT_EQ(workbench.desktop().systemRuns[0].second, u"C:\\a b.txt");
 }
 
 }  // namespace

@@ -52,6 +52,13 @@ TEST_F(HighlightTest, AsksForWordsAndTakesNoneForNo) {
   EXPECT_EQ(workbench_.editor().changes, 0);
 }
 
+TEST_F(HighlightTest, SaysWhenNoWordOccurs) {
+  workbench_.editor().Open(u"one two");
+  HighlightInEditor(workbench_, u"three|four");
+  EXPECT_EQ(workbench_.prompts().messages.back().text, u"未找到结果");
+  EXPECT_EQ(workbench_.editor().changes, 0);
+}
+
 TEST(EditSelection, CountsCharactersWhateverTheirBytes) {
   ScriptedWorkbench workbench;
   testing::ScriptedEditor& editor = workbench.editor();

@@ -62,6 +62,22 @@ void TakeScreenshot(const RECT& part, const std::filesystem::path& file) {
   }
 }
 
+std::vector<std::uint32_t> ScreenPixels(const RECT& part) {
+  const OwnedBitmap copy = CopyScreen(part);
+  BITMAPINFO format{};
+  format.bmiHeader.biSize = sizeof(format.bmiHeader);
+  format.bmiHeader.biWidth = part.right - part.left;
+  format.bmiHeader.biHeight = part.bottom - part.top;
+  format.bmiHeader.biPlanes = 1;
+  format.bmiHeader.biBitCount = 32;
+  std::vector<std::uint32_t> pixels(static_cast<std::size_t>(format.bmiHeader.biWidth) *
+                                    static_cast<std::size_t>(format.bmiHeader.biHeight));
+  const WindowDeviceContext screen(nullptr);
+  GetDIBits(screen.get(), static_cast<HBITMAP>(copy.get()), 0, static_cast<UINT>(format.bmiHeader.biHeight),
+            pixels.data(), &format, DIB_RGB_COLORS);
+  return pixels;
+}
+
 RECT WholeScreen() {
   return {0, 0, GetSystemMetrics(SM_CXSCREEN), GetSystemMetrics(SM_CYSCREEN)};
 }

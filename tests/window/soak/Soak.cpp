@@ -107,8 +107,8 @@ class Soak::Dialogs final : public LineDialogs,
     dialog.Capture(*this);
     dialog.Sort(*this);
   }
-  void ShowFind(FindDialog&, FindDialogFocus) override {}
-  void ShowRegularTest(RegularTest&) override {}
+  void ShowFind(Workbench&, FindState&, FindDialogFocus) override {}
+  void ShowRegularTest(Workbench&) override {}
   void ShowSecret(SecretDialog& dialog) override { dialog.Accept(*this); }
 
   std::u16string first;
@@ -123,7 +123,7 @@ class Soak::Dialogs final : public LineDialogs,
   std::u16string End() const override { return last; }
   std::u16string From() const override { return first; }
   std::u16string To() const override { return last; }
-  bool IsByNumber() const override { return byNumber; }
+  SortBy By() const override { return byNumber ? SortBy::kNumber : SortBy::kString; }
   bool IsDescending() const override { return descending; }
   void SetRange(const std::u16string& from, const std::u16string& to) override {
     first = from;

@@ -24,7 +24,9 @@ class DocumentFileTest : public ::testing::Test {
   TemporaryFolder folder;
   ScriptedWorkbench workbench;
   StringView view{workbench.editor()};
-  DocumentFile document{workbench, view};
+  DocumentFile::Time time;
+  std::chrono::milliseconds step{0};  // that the clock goes on each time it is looked at
+  DocumentFile document{workbench, view, [this] { return time += step; }};
 
   std::filesystem::path File(const char* name) const { return folder.path() / name; }
   std::u16string Text() { return workbench.editor().Text(); }
@@ -47,8 +49,10 @@ TEST_F(DocumentFileTest, LoadsAndSavesTheSameBytes) {
   document.Save();
   EXPECT_EQ(ReadWholeFile(path), kGbkText);
   EXPECT_FALSE(document.IsChanged());
-  EXPECT_EQ(view.progress.front(), 0);
-  EXPECT_EQ(view.progress.back(), std::nullopt);
+  EXPECT_TRUE(view.progress.empty()) << "the bar would only flash";
+  step = std::chrono::milliseconds(300);
+  document.Save();
+  EXPECT_EQ(view.progress, (std::vector<std::optional<int>>{100, std::nullopt}));
 }
 
 TEST_F(DocumentFileTest, RichTextGoesByTheName) {
@@ -97,7 +101,77 @@ TEST_F(DocumentFileTest, AFailedSaveLeavesTheFileAndShowsTheNewPath) {
   EXPECT_TRUE(document.IsChanged());
   EXPECT_EQ(Text(), u"new");
   EXPECT_EQ(view.shownPaths.back(), target);
-  EXPECT_EQ(view.progress.back(), std::nullopt);
+  ExpectQuestions(0);
+}
+
+TEST_F(DocumentFileTest, AfterAFailedSaveOnlyThePathIsAnother) {
+  const auto own = folder.Put("a.txt", kGbkText);
+  document.Load(own);
+  Edit(u"😀");
+  workbench.prompts().Will(Answer::kYes);  // as UTF-8
+  EXPECT_THROW(document.SaveTo(File("no folder") / "b.txt"), FileError);
+  EXPECT_EQ(document.Path(), File("no folder") / "b.txt");
+  EXPECT_FALSE(document.Capture().stamp) << "it is another file's";
+  folder.Put("a.txt", "theirs");
+  document.LookAtFile();  // the failure is what has to be dealt with
+
+  // The own file is still known, and its encoding still GBK.
+  workbench.prompts().Will(Answer::kYes);
+  workbench.prompts().Will(Answer::kCancel);
+  EXPECT_FALSE(document.SaveTo(own));
+  EXPECT_EQ(ReadWholeFile(own), "theirs");
+  ExpectQuestions(3);
+}
+
+TEST_F(DocumentFileTest, AFileThatIsNotItsOwnIsReplacedOnlyAfterAQuestion) {
+  const auto other = folder.Put("other.Txt", "other");
+  Edit(u"new");
+  for (const char* name : {"other", "other.Txt"}) {
+    workbench.prompts().Will(File(name));
+    workbench.prompts().Will(Answer::kNo);
+    document.Save();
+    const Message question = workbench.prompts().messages.back();
+    EXPECT_EQ(question.text, u"文件已存在：\n" + other.u16string() + u"\n是否替换？");
+    EXPECT_EQ(question.buttons, Buttons::kYesNo);
+    EXPECT_EQ(question.defaultAnswer, Answer::kNo);
+  }
+  EXPECT_EQ(ReadWholeFile(other), "other");
+  EXPECT_EQ(document.Path(), "");
+  EXPECT_TRUE(document.IsChanged());
+
+  workbench.prompts().Will(other);
+  workbench.prompts().Will(Answer::kYes);
+  document.Save();
+  EXPECT_EQ(ReadWholeFile(other), "new");
+  document.Save();
+  document.SaveTo(folder.path() / "." / "other.Txt");
+  document.SaveTo(File("other"));
+  ExpectQuestions(3);
+}
+
+TEST_F(DocumentFileTest, AFileWithoutExtensionKeepsItsName) {
+  const auto path = folder.Put("notes", "x");
+  document.Load(path);
+  Edit(u"y");
+  document.Save();
+  EXPECT_EQ(ReadWholeFile(path), "y");
+  EXPECT_EQ(document.Path(), path);
+  EXPECT_FALSE(std::filesystem::exists(File("notes.Txt")));
+}
+
+TEST_F(DocumentFileTest, IsAbsoluteInsideAndShownAsGiven) {
+  const auto path = folder.Put("a.txt", "x");
+  const auto before = std::filesystem::current_path();
+  std::filesystem::current_path(folder.path());
+  document.Load("a.txt");
+  std::filesystem::current_path(before);
+  EXPECT_EQ(document.Path(), path);
+  EXPECT_EQ(document.Capture().path, path);
+  EXPECT_EQ(view.shownPaths.back(), "a.txt");
+  Edit(u"y");
+  document.Save();
+  EXPECT_EQ(ReadWholeFile(path), "y");
+  EXPECT_EQ(view.shownPaths.back(), "a.txt");
 }
 
 TEST_F(DocumentFileTest, AnInterruptedSaveLeavesTheFile) {
@@ -163,6 +237,15 @@ TEST_F(DocumentFileTest, WithoutANameOpeningGoesOnButClosingDoesNot) {
   workbench.prompts().Will(Answer::kYes);
   workbench.prompts().Will(std::filesystem::path());
   workbench.prompts().Will(other);
+  workbench.prompts().Will(Answer::kCancel);
+  document.OpenAsked();
+  EXPECT_EQ(Text(), u"untitled") << "nothing unsaved goes without a question";
+  EXPECT_TRUE(document.IsChanged());
+
+  workbench.prompts().Will(Answer::kYes);
+  workbench.prompts().Will(std::filesystem::path());
+  workbench.prompts().Will(other);
+  workbench.prompts().Will(Answer::kNo);
   document.OpenAsked();
   EXPECT_EQ(Text(), u"other");
 }
@@ -257,10 +340,16 @@ TEST_F(DocumentFileTest, WhatIsNoTextOpensReadOnlyAfterAQuestion) {
   workbench.prompts().Will(Answer::kYes);
   document.Load(path);
   EXPECT_TRUE(view.isReadOnly);
-  EXPECT_THROW(document.Save(), ExplainedError);
+  workbench.editor().Open(u"what a control makes of it");
+  std::filesystem::create_symlink("a.bin", File("link"));
+  for (const auto& spelling : {path, folder.path() / "." / "a.bin", File("link")}) {
+    EXPECT_THROW(document.SaveTo(spelling), ExplainedError);
+    EXPECT_THROW(document.ConfirmTarget(spelling), ExplainedError);
+  }
   EXPECT_EQ(ReadWholeFile(path), bytes);
   workbench.prompts().Will(File("copy.bin"));
   document.SaveAs();
+  EXPECT_EQ(ReadWholeFile(File("copy.bin")), bytes);
   EXPECT_FALSE(view.isReadOnly);
   document.Save();
 }
@@ -376,7 +465,11 @@ TEST_F(ExternalChangeTest, IsLoadedAsAChangeThatCanBeUndone) {
   EXPECT_FALSE(document.IsChanged());
   document.LookAtFile();
 
+  view.undoOfReplacing(true);
   Edit(u"theirs and mine\r\n");
+  document.Save();
+  EXPECT_EQ(ReadWholeFile(path), "theirs and mine\r\n") << "the format goes back and forth with the text";
+  view.undoOfReplacing(false);
   document.Save();
   EXPECT_EQ(ReadWholeFile(path), "\xEF\xBB\xBFtheirs and mine\n");
   document.LookAtFile();
@@ -420,6 +513,30 @@ TEST_F(ExternalChangeTest, ThatChangesNothingIsNoNews) {
   document.LookAtFile();
   EXPECT_FALSE(document.IsChanged());
   ExpectQuestions(0);
+}
+
+TEST_F(ExternalChangeTest, OfTheTimeAloneIsNoNews) {
+  const auto mixed = folder.Put("a.txt", "a\nb\r\n");
+  document.Load(mixed);
+  ChangeFile("a\nb\r\n");
+  document.LookAtFile();
+  EXPECT_FALSE(document.IsChanged());
+  Edit(u"c");
+  ChangeFile("a\nb\r\n");
+  document.Save();
+  EXPECT_EQ(ReadWholeFile(path), "c");
+  ExpectQuestions(0);
+}
+
+TEST_F(ExternalChangeTest, IsAskedAboutUnderAnySpelling) {
+  Edit(u"mine");
+  ChangeFile("theirs");
+  workbench.prompts().Will(Answer::kCancel);
+  EXPECT_FALSE(document.SaveTo(folder.path() / "." / "a.txt"));
+  workbench.prompts().Will(Answer::kNo);
+  workbench.prompts().Will(std::filesystem::path());
+  EXPECT_FALSE(document.ConfirmTarget(std::filesystem::relative(path)));
+  EXPECT_EQ(ReadWholeFile(path), "theirs");
 }
 
 TEST_F(ExternalChangeTest, ToWhatIsNoTextIsNotLoaded) {

@@ -203,6 +203,20 @@ TEST(DocumentHistory, BringsBackTheFormattingThatARebuildTakesAway) {
   }
 }
 
+TEST(DocumentHistory, TellsWhenTheStepOfARebuildIsUndoneAndRedone) {
+  Session session(u"a");
+  std::vector<bool> told;
+  session.control.Load(u"b");
+  session.history.NoteRebuild(session.control, nullptr, false, [&told](bool isUndone) { told.push_back(isUndone); });
+  session.Paste(u"c");
+  session.history.Undo(session.control);
+  EXPECT_TRUE(told.empty());
+  session.history.Undo(session.control);
+  session.history.Redo(session.control);
+  session.history.Redo(session.control);
+  EXPECT_EQ(told, (std::vector<bool>{true, false}));
+}
+
 TEST(DocumentHistory, ARebuildThatChangesNothingIsNoStep) {
   Session session(u"ab");
   session.Rebuild(u"ab");

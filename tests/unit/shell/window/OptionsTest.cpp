@@ -35,13 +35,15 @@ TEST(Options, AreKeptAndAppliedOnlyWhenTheUserSaysSo) {
   testing::ScriptedWorkbench workbench;
   WrappingWindow window;
   ScriptedDialog dialog;
-  mnuOptions(workbench, window, dialog);
+  CommandTable table;
+  RegisterOptionsCommand(table, window, dialog);
+  table.Run("mnuOptions", workbench);
   EXPECT_EQ(dialog.shown, Options());
   EXPECT_FALSE(window.wraps);
   EXPECT_TRUE(workbench.settings().values.empty());
 
   dialog.answer = Options{.wraps = true, .allEnglish = false, .usesRegExpObject = true, .defaultFile = "folder/a.txt"};
-  mnuOptions(workbench, window, dialog);
+  table.Run("mnuOptions", workbench);
   EXPECT_EQ(window.wraps, true);
   const Settings& settings = workbench.settings();
   EXPECT_EQ(settings.Get(u"LineReturn", Store::kRegistry, u"Settings"), u"0");
@@ -49,7 +51,7 @@ TEST(Options, AreKeptAndAppliedOnlyWhenTheUserSaysSo) {
 
   const Options before = *dialog.answer;
   dialog.answer = Options{.wraps = false, .allEnglish = false, .defaultFile = {}};
-  mnuOptions(workbench, window, dialog);
+  table.Run("mnuOptions", workbench);
   EXPECT_EQ(dialog.shown, before);
   EXPECT_EQ(window.wraps, false);
   EXPECT_EQ(settings.Get(u"LineReturn", Store::kRegistry, u"Settings"), u"1");

@@ -132,8 +132,8 @@ TEST_F(ShellCommandsTest, ANewInstanceIsThisProgramAgain) {
 
 TEST_F(ShellCommandsTest, CalculatorAndHelp) {
   Run("mnuCalculator");
-  ASSERT_EQ(workbench.desktop().runs.size(), 1U);
-  EXPECT_EQ(workbench.desktop().runs[0].first, u"CALC.EXE");
+  ASSERT_EQ(workbench.desktop().systemRuns.size(), 1U);
+  EXPECT_EQ(workbench.desktop().systemRuns[0].first, u"CALC.EXE");
   Run("mnuHowToUse");
   ASSERT_EQ(workbench.desktop().opened.size(), 1U);
   EXPECT_EQ(workbench.desktop().opened[0], workbench.folders().program / "Scrivanta.rtf");

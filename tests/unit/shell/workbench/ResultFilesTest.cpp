@@ -17,21 +17,46 @@ TEST(ResultFiles, CaptureTheSelectionOrTheWholeText) {
   EXPECT_EQ(CaptureInput(workbench).text, u"二");
 }
 
-TEST(ResultFiles, PutBackOneLineEndShorter) {
+TEST(ResultFiles, PutBackEndsWhereTheInputEnded) {
   struct Case {
+    std::u16string document;
+    TextRange selection;
     std::string result;
     std::u16string shown;
   };
-  const Case cases[] = {{"", u""}, {"\r\n", u""}, {"a\r\n", u"a"}, {"a\r\n\r\n", u"a\r\n"}, {"a", u"a"}};
+  const Case cases[] = {
+      {u"old", {}, "", u""},
+      {u"old", {}, "\r\n", u""},
+      {u"old", {}, "a\r\n", u"a"},
+      {u"old\r\n", {}, "a\r\n\r\n", u"a\r\n"},
+      {u"old", {}, "a", u"a"},
+      {u"old\r\nnext", {{0}, 3}, "a\r\n", u"a\r\nnext"},
+      {u"old\r\nnext", {{0}, 5}, "a\r\n", u"a\r\nnext"},
+      {u"old\r\nnext", {{0}, 5}, "", u"next"},
+  };
   for (const Case& c : cases) {
     ScriptedWorkbench workbench;
-    workbench.editor().Open(u"old");
+    workbench.editor().Open(c.document, c.selection);
     ResultFile result(workbench, u"Result.txt");
     result.Write(c.result);
     PutResultBack(workbench, CaptureInput(workbench), result);
     EXPECT_EQ(workbench.editor().Text(), c.shown);
     EXPECT_EQ(workbench.WorkFile("Result.txt"), c.result);
   }
+}
+
+TEST(ResultFiles, AnAddedLineBreakIsNoneOfTheDocuments) {
+  ScriptedWorkbench workbench;
+  workbench.editor().Open(u"a\r\nb\r\n");
+  EXPECT_EQ(CaptureInput(workbench).OwnText(), u"a\r\nb\r\n");
+  workbench.editor().SetSelection({{0}, 3});
+  CapturedInput input = CaptureInput(workbench);
+  AddLineBreak(input);
+  EXPECT_EQ(workbench.WorkFile("FileAutoSave.txt"), "a\r\n\r\n");
+  EXPECT_EQ(input.OwnText(), u"a\r\n");
+  EXPECT_TRUE(input.IsSelectionOfWholeLines());
+  PutTextBack(workbench, input, u"Result.txt", u"1\r\n");
+  EXPECT_EQ(workbench.editor().Text(), u"1\r\nb\r\n");
 }
 
 TEST(ResultFiles, PutBackWhereItWasCaptured) {

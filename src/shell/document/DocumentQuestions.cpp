@@ -1,0 +1,59 @@
+#include "shell/document/DocumentQuestions.h"
+
+#include "text/PlatformFile.h"
+
+namespace scrivanta {
+
+Answer AskToSave(Prompts& prompts) {
+  return prompts.Ask({.text = u"是否存盘?", .buttons = Buttons::kYesNoCancel, .icon = Icon::kQuestion});
+}
+
+bool AskToReplace(Prompts& prompts, const std::filesystem::path& path) {
+  return prompts.Ask({.text = u"文件已存在：\n" + TextOfPath(path) + u"\n是否替换？",
+                      .buttons = Buttons::kYesNo,
+                      .icon = Icon::kWarning,
+                      .defaultAnswer = Answer::kNo}) == Answer::kYes;
+}
+
+bool AskToOpenReadOnly(Prompts& prompts, const std::filesystem::path& path) {
+  return prompts.Ask({.text = u"不是文本文件：\n" + TextOfPath(path) + u"\n是否以只读方式打开？",
+                      .buttons = Buttons::kYesNo,
+                      .icon = Icon::kWarning,
+                      .defaultAnswer = Answer::kNo}) == Answer::kYes;
+}
+
+Answer AskForEncoding(Prompts& prompts) {
+  return prompts.Ask({.text = u"文档中有 GBK 编码没有的字符。\n"
+                              u"“是”：存为 UTF-8 编码\n"
+                              u"“否”：存为 GB18030 四字节编码\n"
+                              u"“取消”：不存盘",
+                      .buttons = Buttons::kYesNoCancel,
+                      .icon = Icon::kQuestion});
+}
+
+bool AskToReload(Prompts& prompts, const std::filesystem::path& path, bool isChangedHereToo) {
+  const std::u16string both = isChangedHereToo ? u"这里的文本也改动过，还没有存盘。\n" : u"";
+  return prompts.Ask({.text = u"文件已被其他程序改动：\n" + TextOfPath(path) + u"\n" + both +
+                              u"\n“是”：载入文件现在的内容，这里的文本可以撤消回来\n"
+                              u"“否”：保留这里的文本，文件先不动，存盘时再问",
+                      .buttons = Buttons::kYesNo,
+                      .icon = Icon::kQuestion,
+                      .defaultAnswer = isChangedHereToo ? Answer::kNo : Answer::kYes}) == Answer::kYes;
+}
+
+Answer AskToReplaceChanged(Prompts& prompts, const std::filesystem::path& path) {
+  return prompts.Ask({.text = u"文件在打开以后被其他程序改动过：\n" + TextOfPath(path) +
+                              u"\n\n“是”：用这里的文本代替文件现在的内容\n"
+                              u"“否”：另存为其他文件\n"
+                              u"“取消”：不存盘",
+                      .buttons = Buttons::kYesNoCancel,
+                      .icon = Icon::kWarning,
+                      .defaultAnswer = Answer::kNo});
+}
+
+void TellFileIsGone(Prompts& prompts, const std::filesystem::path& path) {
+  prompts.Ask({.text = u"文件已被删除、移走或改名：\n" + TextOfPath(path) + u"\n文本还在这里，存盘就重新写出这个文件。",
+               .icon = Icon::kWarning});
+}
+
+}  // namespace scrivanta

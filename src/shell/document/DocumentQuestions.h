@@ -1,0 +1,24 @@
+// What is asked about the document's file. Each is one message box; what the answer leads to is DocumentFile's.
+#pragma once
+
+#include <filesystem>
+
+#include "shell/workbench/Prompts.h"
+
+namespace scrivanta {
+
+// "是否存盘?" with Yes, No and Cancel.
+Answer AskToSave(Prompts& prompts);
+// A file that is not the document's own stands under the name that was chosen. True when it is to be replaced.
+bool AskToReplace(Prompts& prompts, const std::filesystem::path& path);
+// What is no text can be opened read-only.
+bool AskToOpenReadOnly(Prompts& prompts, const std::filesystem::path& path);
+// Characters that GBK lacks: Yes is UTF-8, No the four-byte forms of GB18030.
+Answer AskForEncoding(Prompts& prompts);
+// Another program has changed the file, which the user sees now. True when the document is to become what it holds.
+bool AskToReload(Prompts& prompts, const std::filesystem::path& path, bool isChangedHereToo);
+// The same before saving: Yes replaces the file, No is another name.
+Answer AskToReplaceChanged(Prompts& prompts, const std::filesystem::path& path);
+void TellFileIsGone(Prompts& prompts, const std::filesystem::path& path);
+
+}  // namespace scrivanta

@@ -1,0 +1,37 @@
+// Lines and pieces of text that many parts of the program take apart and put together.
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace scrivanta {
+
+constexpr bool IsDigit(char16_t c) {
+  return c >= u'0' && c <= u'9';
+}
+
+// Without the space characters at both ends; tabs stay.
+template <typename Character>
+std::basic_string_view<Character> TrimSpaces(std::basic_string_view<Character> text) {
+  constexpr auto kSpace = static_cast<Character>(' ');
+  const std::size_t first = text.find_first_not_of(kSpace);
+  return first == text.npos ? text.substr(0, 0) : text.substr(first, text.find_last_not_of(kSpace) + 1 - first);
+}
+
+// Every occurrence of one text replaced by another. The first is not empty.
+std::u16string WithReplaced(std::u16string_view text, std::u16string_view from, std::u16string_view to);
+
+// Puts a line behind others, a line break (CR LF) between them. No line is empty.
+void AppendLine(std::u16string& joined, std::u16string_view line);
+// The lines with line breaks between them.
+std::u16string JoinLines(const std::vector<std::u16string>& lines);
+// The lines between line breaks, without empty ones.
+std::vector<std::u16string> SplitLines(std::u16string_view text);
+
+// Every line feed, with the carriage return before it if there is one, becomes CR LF.
+std::u16string WithFullLineBreaks(std::u16string text);
+// Every lone carriage return too.
+std::u16string WithOnlyFullLineBreaks(std::u16string_view text);
+
+}  // namespace scrivanta

@@ -1,0 +1,22 @@
+#include "windows/FrmWindowsDialogs.h"
+
+#include "win/TopLevelWindows.h"
+#include "windows/FrmRelativeCoordinates.h"
+
+namespace scrivanta {
+
+void FrmWindowsDialogs::ShowCoordinates(CoordinatesDialog& dialog) {
+  FrmRelativeCoordinates window(host_, dialog);
+  window.ShowModal(owner_());
+}
+
+std::vector<std::u16string> FrmWindowsDialogs::Captions() const {
+  return VisibleWindowTitles();
+}
+
+std::optional<ScreenPoint> FrmWindowsDialogs::ClientCorner(std::u16string_view caption) const {
+  const auto corner = TopLevelClientCorner(caption);
+  return corner ? std::optional(ScreenPoint{corner->x, corner->y}) : std::nullopt;
+}
+
+}  // namespace scrivanta

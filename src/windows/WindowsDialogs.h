@@ -1,0 +1,17 @@
+// The windows of the commands about windows, as the handlers see them: Frm... classes on the real desktop, scripts in
+// tests.
+#pragma once
+
+#include "text/Interface.h"
+
+namespace scrivanta {
+
+class CoordinatesDialog;
+
+class WindowsDialogs : public Interface {
+ public:
+  // FrmRelativeCoordinates, modal: comes back when it is closed.
+  virtual void ShowCoordinates(CoordinatesDialog& dialog) = 0;
+};
+
+}  // namespace scrivanta
