@@ -65,8 +65,13 @@ std::optional<LRESULT> FrmNote::OnMessage(UINT message, WPARAM wParam, LPARAM) {
   switch (message) {
     case WM_TIMER:
       if (wParam == kKeepTimer && note_) {
-        note_->Tick(*this, Now());
+        if (note_->Tick(*this, Now())) {
+          FillList();  // the title may be another one
+        }
       }
+      return 0;
+    case WM_CLOSE:  // its caption closes the window, whatever Esc does just now
+      CloseByUser();
       return 0;
     case WM_SIZE:
       if (isReady_) {
@@ -99,7 +104,9 @@ bool FrmNote::OnCommand(int controlId, int notification) {
       }
       return true;
     case IDOK:
-      GoToPlace(true);
+      if (isSearching_) {
+        GoToPlace(true);
+      }
       return true;
     case RichNote:
       if (notification == EN_CHANGE && isReady_) {
@@ -262,6 +269,9 @@ void FrmNote::LayOut() {
 
 void FrmNote::FillList() {
   const HWND list = Control(CmbNotes);
+  if (SendMessageW(list, CB_GETDROPPEDSTATE, 0, 0) != FALSE) {
+    return;  // the user is choosing
+  }
   SendMessageW(list, CB_RESETCONTENT, 0, 0);
   listed_.clear();
   std::vector<NoteEntry> notes = desk_.Notes();
@@ -311,6 +321,9 @@ void FrmNote::FindPlaces() {
   } catch (const RegExpSyntaxError&) {
     search_.Clear();
     SetControlText(LabNoteFound, u"式有误");  // it is still being typed
+  } catch (const RegExpTooComplex&) {
+    search_.Clear();
+    SetControlText(LabNoteFound, u"太复杂");
   }
   text_.Mark(search_.places());
 }
@@ -340,7 +353,17 @@ void FrmNote::ApplyLook(const NoteLook& look) {
         {ToPixels(look.left), ToPixels(look.top), ToPixels(look.left + look.width), ToPixels(look.top + look.height)});
     SetWindowPos(handle(), nullptr, kept.left, kept.top, kept.right - kept.left, kept.bottom - kept.top,
                  SWP_NOZORDER | SWP_NOACTIVATE);
+  } else if (!isReady_) {
+    StepAside();
   }
+}
+
+// From the notes that stand in the middle of the screen already.
+void FrmNote::StepAside() {
+  constexpr LONG kStep = 360;  // twips
+  const auto others = static_cast<LONG>(desk_.OpenCount()) - 1;
+  const POINT corner = CornerInTwips();
+  MoveToTwips({corner.x + others * kStep, corner.y + others * kStep});
 }
 
 void FrmNote::ReadPlace(NoteLook& look) const {

@@ -39,6 +39,7 @@ class FrmNote final : public Dialog, private NoteView {
   void TakeSelection();
   void AskForPaper();
   void LayOut();
+  void StepAside();
   void FillList();
   void ChooseFromList();
 

@@ -125,6 +125,7 @@ void FrmNoteText::Append(const std::u16string& text) {
 void FrmNoteText::ApplyLook(const NoteLook& look) {
   {
     const QuietRichEdit quiet(box_);
+    const RichEditUndoPause pause(box_);
     box_.SetFormatOfAll(FormatOf(look.font));
     box_.Send(EM_SETBKGNDCOLOR, 0, static_cast<LPARAM>(look.paper));
   }
@@ -140,6 +141,7 @@ void FrmNoteText::Mark(std::span<const NotePlace> places) {
   places_ = places;
   {
     const QuietRichEdit quiet(box_);
+    const RichEditUndoPause pause(box_);
     box_.SetFormatOfAll(MarkFormat(false));
   }
   MarkVisible();
@@ -165,6 +167,7 @@ void FrmNoteText::MarkVisible() {
   const POINT scroll = box_.ScrollPosition();
   {
     const QuietRichEdit quiet(box_);
+    const RichEditUndoPause pause(box_);
     const auto start = static_cast<std::size_t>(visible.cpMin);
     auto place = std::ranges::lower_bound(places_, start, {}, [](const NotePlace& p) { return p.start + p.length; });
     for (; place != places_.end() && place->start <= static_cast<std::size_t>(visible.cpMax); ++place) {
@@ -173,8 +176,6 @@ void FrmNoteText::MarkVisible() {
     }
     box_.Select(selection);
     box_.SetScrollPosition(scroll);
-    // What is undone must be text, and no mark.
-    box_.Send(EM_EMPTYUNDOBUFFER);
   }
   InvalidateRect(box_.handle(), nullptr, FALSE);
 }

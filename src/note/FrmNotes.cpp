@@ -44,6 +44,11 @@ void FrmNotes::mnuSelectionToNote(Workbench& workbench) {
   Last()->TakeText(text);
 }
 
+std::size_t FrmNotes::OpenCount() const {
+  return static_cast<std::size_t>(
+      std::ranges::count_if(open_, [](const std::unique_ptr<FrmNote>& note) { return note->Name().has_value(); }));
+}
+
 void FrmNotes::ShowNew() {
   Open(store_->NewName());
 }

@@ -26,6 +26,7 @@ class FrmNotes final : public Subsystem, public NoteDesk {
 
  private:
   std::vector<NoteEntry> Notes() const override { return store_->List(); }
+  std::size_t OpenCount() const override;
   void ShowNew() override;
   void Show(const std::string& name) override;
   void Use(Workbench& workbench);

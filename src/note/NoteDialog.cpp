@@ -23,18 +23,20 @@ void NoteDialog::NoteChange(Time now) {
   last_ = now;
 }
 
-void NoteDialog::Tick(const NoteView& view, Time now) {
-  if (first_ && (now - last_ >= kPause || now - *first_ >= kMost)) {
+bool NoteDialog::Tick(const NoteView& view, Time now) {
+  const bool isDue = first_ && (now - last_ >= kPause || now - *first_ >= kMost);
+  if (isDue) {
     first_.reset();
     Keep(view);
   }
+  return isDue;
 }
 
 void NoteDialog::Close(const NoteView& view, bool byUser) {
   first_.reset();
   isKept_ = isKept_ && !byUser;
   look_.isOpen = !byUser;
-  if (!isKept_ && (store_.Has(name_) || !view.Text().empty())) {
+  if (!isKept_) {
     Keep(view);
   }
 }
@@ -94,8 +96,11 @@ void NoteDialog::SetPaper(NoteView& view, std::uint32_t colour, Time now) {
 }
 
 void NoteDialog::Keep(const NoteView& view) {
-  view.ReadPlace(look_);
-  store_.Write(name_, {.text = view.Text(), .look = look_});
+  const std::u16string text = view.Text();
+  if (!text.empty() || store_.Has(name_)) {  // nothing was ever written into a new one
+    view.ReadPlace(look_);
+    store_.Write(name_, {.text = text, .look = look_});
+  }
   isKept_ = true;
 }
 

@@ -42,8 +42,8 @@ class NoteDialog {
   void Open(NoteView& view);
   // Text or place have changed.
   void NoteChange(Time now);
-  // Keeps the note when it is due. Throws FileError, once for a failure; the next change tries again.
-  void Tick(const NoteView& view, Time now);
+  // Keeps the note when it is due: true when it was. Throws FileError, once for a failure; the next change tries again.
+  bool Tick(const NoteView& view, Time now);
   // The window closes, by the user or with the program. Throws FileError, and the window is to stay.
   void Close(const NoteView& view, bool byUser);
   // Asks; false when the note stays. Throws FileError.
