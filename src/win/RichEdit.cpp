@@ -1,5 +1,7 @@
 #include "win/RichEdit.h"
 
+#include <tom.h>
+
 #include <algorithm>
 #include <cstring>
 #include <limits>
@@ -324,6 +326,31 @@ QuietRichEdit::~QuietRichEdit() {
   box_.Send(WM_SETREDRAW, TRUE);
   box_.SetEventMask(eventMask_);
   RedrawWindow(box_.handle(), nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_FRAME);
+}
+
+RichEditUndoPause::RichEditUndoPause(const RichEdit& box) {
+  IUnknown* control = nullptr;
+  box.Send(EM_GETOLEINTERFACE, 0, reinterpret_cast<LPARAM>(&control));
+  if (control != nullptr) {
+    // The identifier that the libraries hold is another one.
+    constexpr IID kTextDocument = {0x8CC497C0, 0xA1DF, 0x11CE, {0x80, 0x98, 0x00, 0xAA, 0x00, 0x47, 0xBE, 0x5D}};
+    control->QueryInterface(kTextDocument, reinterpret_cast<void**>(&document_));
+    control->Release();
+  }
+  Tell(tomSuspend);
+}
+
+RichEditUndoPause::~RichEditUndoPause() {
+  Tell(tomResume);
+  if (document_ != nullptr) {
+    document_->Release();
+  }
+}
+
+void RichEditUndoPause::Tell(long what) const noexcept {
+  if (document_ != nullptr) {
+    document_->Undo(what, nullptr);
+  }
 }
 
 }  // namespace scrivanta

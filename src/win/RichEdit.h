@@ -13,6 +13,8 @@
 #include "text/Progress.h"
 #include "win/Handles.h"
 
+struct ITextDocument;
+
 namespace scrivanta {
 
 // The library that holds the control; to be kept as long as a control lives.
@@ -96,6 +98,20 @@ class QuietRichEdit {
  private:
   RichEdit& box_;
   DWORD eventMask_;
+};
+
+// While it lives, what changes becomes no step of the control's own undo.
+class RichEditUndoPause {
+ public:
+  explicit RichEditUndoPause(const RichEdit& box);
+  RichEditUndoPause(const RichEditUndoPause&) = delete;
+  RichEditUndoPause& operator=(const RichEditUndoPause&) = delete;
+  ~RichEditUndoPause();
+
+ private:
+  void Tell(long what) const noexcept;
+
+  ITextDocument* document_ = nullptr;
 };
 
 }  // namespace scrivanta

@@ -1,15 +1,21 @@
-// The program is killed at every moment of writing a snapshot and of saving: nothing is lost, whenever it was.
+// The program is killed at every moment of writing a snapshot, of saving, and of keeping a note: nothing is lost,
+// whenever it was.
 #include <windows.h>
+
+#include <richedit.h>
 
 #include <algorithm>
 #include <optional>
 #include <string>
 #include <vector>
 
+#include "note/FrmNoteControls.h"
 #include "shell/document/RecoveryPlace.h"
+#include "text/win/WideText.h"
 #include "window/driver/LeftBehind.h"
 #include "window/driver/ProgramProcess.h"
 #include "window/driver/Wait.h"
+#include "window/driver/WindowProbe.h"
 #include "window/driver/WindowTest.h"
 
 namespace scrivanta {
@@ -42,6 +48,31 @@ class CrashTest : public WindowTest {
     return Passed();
   }
 
+  // Two texts are written into a new note, the second when the first is kept.
+  std::vector<std::string> WriteIntoNote(int fatalMoment) {
+    WriteBytes(log, "");
+    ForgetNotes();
+    Arm(fatalMoment);
+    const ProgramProcess program({}, TestProgramFolder() / L"scrivanta_crashing.exe");
+    program.Menu("mnuNote");
+    const HWND note = WaitFor("the note", [&] { return FindTopWindow(program.processId(), kDialogClass, u"便笺"); });
+    const auto write = [&](std::u16string_view text, std::size_t moments) {
+      Send(GetDlgItem(note, RichNote), EM_SETSEL, 0, -1);
+      Send(GetDlgItem(note, RichNote), EM_REPLACESEL, TRUE, reinterpret_cast<LPARAM>(ToWide(text).c_str()));
+      WaitUntil("the note to be kept, or its program to end",
+                [&] { return Passed().size() == moments || program.HasEnded(); });
+    };
+    write(kOld, kOfKeeping);
+    if (!program.HasEnded()) {
+      write(kNew, 2 * kOfKeeping);
+    }
+    if (fatalMoment > 0) {
+      program.WaitForEnd();
+    }
+    return Passed();
+  }
+
+  static constexpr std::size_t kOfKeeping = 4;   // made, written, flushed, in place
   static constexpr std::size_t kOfSnapshot = 5;  // made, header and body written, flushed, in place
   static constexpr std::size_t kOfSaving = 5;    // made, written, flushed, in place, the snapshot is removed
   static constexpr char16_t kOld[] = u"旧的\r\n";
@@ -96,6 +127,24 @@ TEST_F(CrashTest, NothingIsLostAtAnyMomentOfWritingAndSaving) {
     }
     EXPECT_EQ(next.WaitForEnd(), 0);
     EXPECT_FALSE(NewestSnapshot());
+  }
+}
+
+TEST_F(CrashTest, ANoteIsWholeAtAnyMomentOfKeepingIt) {
+  const std::vector<std::string> moments = WriteIntoNote(0);
+  ASSERT_EQ(moments.size(), 2 * kOfKeeping);
+  ASSERT_EQ(moments.back(), "the file is in place");
+  for (std::size_t moment = 1; moment <= moments.size(); ++moment) {
+    SCOPED_TRACE("killed after: " + moments[moment - 1] + " (" + std::to_string(moment) + ")");
+    EXPECT_EQ(WriteIntoNote(static_cast<int>(moment)).size(), moment);
+
+    App next;
+    next.Start();
+    next.Menu("mnuNote");
+    const EditBoxDriver note(next.ExpectDialog(u"便笺").Control(RichNote));
+    EXPECT_EQ(note.Text(), moment < kOfKeeping ? u"" : moment < 2 * kOfKeeping ? kOld : kNew);
+    next.Close();
+    EXPECT_EQ(next.WaitForEnd(), 0);
   }
 }
 

@@ -100,6 +100,7 @@ constexpr auto kExpectedMenu = std::to_array<ExpectedEntry>({
     {"mnuOptions", u"&O 选项..."},
     {"mnuSep12", u"-"},
     {"mnuDatabase", u"&D 数据库交换..."},
+    {"mnuNote", u"&N 便笺"},
     {"mnuhelp", u"&H 帮助"},
     {"mnuHowToUse", u"How To Use"},
 });

@@ -126,6 +126,8 @@ LRESULT FrmMain::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     case kTrayMessage:
       if (LOWORD(lParam) == WM_LBUTTONUP) {
         OnTrayClick();
+      } else if (LOWORD(lParam) == WM_RBUTTONUP && IsIconic(handle()) != FALSE) {
+        OnTrayMenu();
       }
       return 0;
     case WM_DROPFILES:
@@ -417,6 +419,23 @@ void FrmMain::OnTrayClick() {
     ShowWindow(handle(), SW_SHOW);
     ShowWindow(handle(), SW_RESTORE);
     SetForegroundWindow(handle());
+  }
+}
+
+void FrmMain::OnTrayMenu() {
+  constexpr int kRestore = 1;
+  const int note = *MenuCommandId("mnuNote");
+  const OwnedMenu menu(CreatePopupMenu());
+  AppendMenuW(menu.get(), MF_STRING, kRestore, L"&R 还原");
+  AppendMenuW(menu.get(), MF_STRING, static_cast<UINT_PTR>(note), ToWide(MenuEntryOf(note)->caption).c_str());
+  POINT at{};
+  GetCursorPos(&at);
+  SetForegroundWindow(handle());  // else the menu would stay when the user clicks elsewhere
+  const BOOL chosen = TrackPopupMenu(menu.get(), TPM_RETURNCMD | TPM_NONOTIFY, at.x, at.y, 0, handle(), nullptr);
+  if (chosen == kRestore) {
+    OnTrayClick();
+  } else if (chosen != 0) {
+    OnCommand(chosen, 0);
   }
 }
 

@@ -68,6 +68,7 @@ class FrmMain final : public Window, public Workbench, public MainWindow, privat
   void OnCommand(int id, int notification);
   void OnSize(WPARAM kind);
   void OnTrayClick();
+  void OnTrayMenu();
   void HandFocusOn();
   void OnDrop(HDROP drop);
   void OnClose();

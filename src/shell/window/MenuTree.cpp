@@ -91,9 +91,11 @@ constexpr auto kMenu = std::to_array<MenuEntry>({
     {"mnuOptions", u"&O 选项..."},
     {"mnuSep12", u"-"},
     {"mnuDatabase", u"&D 数据库交换..."},
+    {"mnuNote", u"&N 便笺"},
     {"mnuhelp", u"&H 帮助", MenuLevel::kBar},
     {"mnuHowToUse", u"How To Use", MenuLevel::kEntry, u"F1"},
     {"mnuReplace", u"替换...", MenuLevel::kKeysOnly, u"Ctrl+H"},
+    {"mnuSelectionToNote", u"选中的文字送到便笺", MenuLevel::kKeysOnly, u"Ctrl+Shift+N"},
     {"mnuFindPrevious", u"查找上一个", MenuLevel::kKeysOnly, u"Shift+F3"},
 });
 

@@ -60,10 +60,9 @@ std::filesystem::path KnownFolder(const KNOWNFOLDERID& id) {
 }
 
 // A portable copy leaves nothing on the machine.
-std::filesystem::path RecoveryFolder(const IniFile& iniFile) {
-  constexpr wchar_t kName[] = L"Recovery";
-  return IsPortable(iniFile) ? iniFile.path().parent_path() / kName
-                             : KnownFolder(FOLDERID_LocalAppData) / L"Scrivanta" / kName;
+std::filesystem::path FolderOfUser(const IniFile& iniFile, const std::filesystem::path& name) {
+  return IsPortable(iniFile) ? iniFile.path().parent_path() / name
+                             : KnownFolder(FOLDERID_LocalAppData) / L"Scrivanta" / name;
 }
 
 }  // namespace
@@ -110,7 +109,8 @@ Folders FindFolders(const IniFile& iniFile) {
   // Ending in a separator, as commands join names to them.
   folders.program = ExecutablePath().replace_filename(L"");
   folders.temporary = std::filesystem::temp_directory_path() / L"";
-  folders.recovery = RecoveryFolder(iniFile);
+  folders.recovery = FolderOfUser(iniFile, L"Recovery");
+  folders.notes = FolderOfUser(iniFile, L"Notes");
   return folders;
 }
 

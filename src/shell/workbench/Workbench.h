@@ -23,6 +23,8 @@ struct Folders {
   std::filesystem::path iniFile;
   // For the snapshots of changed documents; made when it is needed. All instances of the user share it.
   std::filesystem::path recovery = {};
+  // Of the floating notes; the same holds for it.
+  std::filesystem::path notes = {};
 };
 
 class Clock : public Interface {

@@ -27,6 +27,7 @@ namespace {
 constexpr char16_t kInterruptCaption[] = u"中断继续运行【通用】";
 // The main window's icon in the tray, and how its events arrive.
 constexpr UINT kTrayIconId = 1;
+constexpr wchar_t kMenuClass[] = L"#32768";
 constexpr UINT kTrayMessage = WM_MOUSEMOVE;
 
 // Without the shortcut that follows a tab; "-" for a separator.
@@ -375,6 +376,17 @@ bool App::HasTrayIcon() const {
 
 void App::ClickTrayIcon() {
   PostMessageW(MainWindow(), kTrayMessage, kTrayIconId, WM_LBUTTONUP);
+  Settle();
+}
+
+void App::OpenTrayMenu() {
+  PostMessageW(MainWindow(), kTrayMessage, kTrayIconId, WM_RBUTTONUP);
+  WaitUntil("the menu of the tray icon", [] { return !TopWindows(GetCurrentProcessId(), kMenuClass).empty(); });
+}
+
+void App::ChooseInTrayMenu(char16_t accessKey) {
+  PostMessageW(MainWindow(), WM_CHAR, accessKey, 0);
+  WaitUntil("the menu of the tray icon to go", [] { return TopWindows(GetCurrentProcessId(), kMenuClass).empty(); });
   Settle();
 }
 

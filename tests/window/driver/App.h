@@ -101,6 +101,9 @@ class App {
   // The window itself is asked, not a picture of the tray.
   bool HasTrayIcon() const;
   void ClickTrayIcon();
+  // With the right button; an entry of the menu is chosen by its access key.
+  void OpenTrayMenu();
+  void ChooseInTrayMenu(char16_t accessKey);
 
  private:
   bool HasQuestion() const;

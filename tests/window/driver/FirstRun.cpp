@@ -8,6 +8,7 @@ namespace scrivanta {
 void ForgetEarlierRuns() {
   ForgetSettings();
   ForgetSnapshots();
+  ForgetNotes();
 }
 
 }  // namespace scrivanta

@@ -53,4 +53,13 @@ void ForgetSnapshots() {
   }
 }
 
+std::filesystem::path NotesFolder() {
+  return FindFolders(FindIniFile()).notes;
+}
+
+void ForgetNotes() {
+  std::error_code inUse;
+  std::filesystem::remove_all(NotesFolder(), inUse);
+}
+
 }  // namespace scrivanta

@@ -1,6 +1,7 @@
-// The snapshots that instances of the program keep of their documents, alive or dead.
+// What instances of the program keep beside their settings, alive or dead: snapshots of their documents, and notes.
 #pragma once
 
+#include <filesystem>
 #include <optional>
 
 #include "shell/document/Snapshot.h"
@@ -15,5 +16,9 @@ Snapshot WaitForSnapshot();
 Message QuestionAboutLeftBehind(const Snapshot& snapshot);
 // As on a machine where every document has been saved. Those of processes that live stay.
 void ForgetSnapshots();
+
+// Of the floating notes, which all instances share.
+std::filesystem::path NotesFolder();
+void ForgetNotes();
 
 }  // namespace scrivanta
