@@ -99,7 +99,11 @@ constexpr auto kExpectedMenu = std::to_array<ExpectedEntry>({
     {"mnuStatistics", u"&S 统计"},
     {"mnuOptions", u"&O 选项..."},
     {"mnuSep12", u"-"},
+    {"mnuRegistry", u"&G 注册表..."},
+    {"mnuTypeLibraries", u"&T 类型库..."},
+    {"mnuFolders", u"&F 特殊文件夹与快捷方式..."},
     {"mnuDatabase", u"&D 数据库交换..."},
+    {"mnuNote", u"&N 便笺"},
     {"mnuhelp", u"&H 帮助"},
     {"mnuHowToUse", u"How To Use"},
 });
