@@ -3,7 +3,7 @@
 #include "RunFuzz.h"
 #include "contacts/CardContacts.h"
 #include "contacts/ContactTable.h"
-#include "contacts/SheetFile.h"
+#include "sheets/SheetFile.h"
 
 namespace scrivanta {
 

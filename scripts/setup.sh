@@ -11,7 +11,8 @@ packages=(
   libxlsxwriter-dev libpugixml-dev libminizip-dev zlib1g-dev libz-mingw-w64-dev  # libraries for sheets
   libsqlite3-dev tcl unixodbc-dev                  # libraries for databases; tcl makes the one source file of SQLite
   libgtest-dev libgmock-dev googletest libssl-dev  # tests
-  python3-openpyxl python3-vobject sqlite3         # other readers and writers, for tests
+  python3-openpyxl python3-vobject gnumeric sqlite3  # other readers and writers, for tests
+  libez-vcard-java libvinnie-java                  # one more, used where a JDK is installed
   libodbc2 odbcinst libsqliteodbc odbc-postgresql odbc-mdbtools postgresql  # databases behind ODBC, for tests
   clang-format clang-tidy-16 python3 git           # checks
   g++-mingw-w64-x86-64-posix dpkg-dev              # Windows build
@@ -87,7 +88,8 @@ if [ ! -e "$prefix/lib/libpugixml.a" ]; then
   build_for_windows pugixml "$(fetch_source pugixml)"
 fi
 
-if [ ! -e "$prefix/lib/libxlsxwriter.a" ]; then
+# One that was built without the wide functions is built again.
+if ! grep -qs fill_win32_filefunc64W "$prefix/lib/libxlsxwriter.a"; then
   echo 'building libxlsxwriter for Windows'
   source_folder=$(fetch_source libxlsxwriter)
   # It takes the wide functions of Windows for its files with the other compiler only: with this one it would know no

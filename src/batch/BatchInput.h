@@ -4,9 +4,9 @@
 #include <filesystem>
 #include <memory>
 
-#include "batch/Spool.h"
 #include "text/Bytes.h"
 #include "text/Progress.h"
+#include "text/Spool.h"
 
 namespace scrivanta {
 

@@ -1,4 +1,3 @@
-#include <functional>
 #include <memory>
 #include <utility>
 
@@ -35,50 +34,33 @@ RecordForm RecordFormOf(TableForm form) {
   return form == TableForm::kCsv ? RecordForm::kCommas : RecordForm::kTabs;
 }
 
-// The book, with its duplicates joined if that is wanted.
-OpenPhoneBook Prepared(const ContactOptions& options, const OpenPhoneBook& open) {
-  return options.joinsDuplicates ? JoiningDuplicates(open, SurveyPhoneBook(open).duplicates) : open;
-}
-
-// The input from its beginning, each time it is called.
-std::function<BatchInput&()> Rereading(BatchContext& context) {
-  context.input.MakeRewindable(context.progress);
-  return [&context, isFirst = std::make_shared<bool>(true)]() -> BatchInput& {
-    if (!std::exchange(*isFirst, false)) {
-      context.input.Rewind();
-    }
-    return context.input;
-  };
-}
-
 BatchWork ConfigureVcardToTable(CLI::App& parser) {
   const auto options = std::make_shared<ContactOptions>();
   AddContactOptions(parser, *options, "--to", "text (default): fields with tabs between them; csv; xlsx: a sheet");
   return [options](BatchContext& context) {
-    const OpenPhoneBook open = Prepared(*options, [&context, input = Rereading(context)] {
-      return std::make_unique<CardContactSource>(input(), context.progress);
-    });
+    const std::filesystem::path folder = std::filesystem::temp_directory_path();
+    CardContactSource cards(context.input, context.progress);
+    KeptPhoneBook book(cards, folder);
+    const OpenPhoneBook all = book.Open(context.progress);
+    const OpenPhoneBook open = options->joinsDuplicates ? JoiningDuplicates(all, FindDuplicates(all)) : all;
     if (options->form == TableForm::kXlsx) {
-      WriteSheetFile(open, context.output, std::filesystem::temp_directory_path());
+      WriteSheetFile(open, context.output, folder);
     } else {
       RecordContactSink sink(context.output, RecordFormOf(options->form), context.encoding,
-                             SurveyPhoneBook(open).shape);
+                             options->joinsDuplicates ? SurveyPhoneBook(open).shape : book.survey().shape);
       CopyPhoneBook(open, sink);
     }
     return ExitStatus::kDone;
   };
 }
 
-// The book in the input, as often as it is wanted.
-OpenPhoneBook OpenTable(TableForm form, BatchContext& context) {
+std::unique_ptr<ContactSource> OpenTable(TableForm form, BatchContext& context) {
   if (form == TableForm::kXlsx) {
-    const auto sheet =
-        std::make_shared<const Sheet>(ReadFirstSheet(ReadAll(context.input, context.progress), context.progress));
-    return [sheet, &context] { return std::make_unique<SheetContactSource>(sheet, context.progress); };
+    return std::make_unique<SheetContactSource>(
+        std::make_shared<const Sheet>(ReadFirstSheet(ReadAll(context.input, context.progress), context.progress)),
+        context.progress);
   }
-  return [form, &context, input = Rereading(context)] {
-    return std::make_unique<RecordContactSource>(input(), RecordFormOf(form), context.encoding, context.progress);
-  };
+  return std::make_unique<RecordContactSource>(context.input, RecordFormOf(form), context.encoding, context.progress);
 }
 
 BatchWork ConfigureTableToVcard(CLI::App& parser) {
@@ -86,7 +68,14 @@ BatchWork ConfigureTableToVcard(CLI::App& parser) {
   AddContactOptions(parser, *options, "--from", "text (default): fields with tabs between them; csv; xlsx: a sheet");
   return [options](BatchContext& context) {
     CardContactSink sink(context.output);
-    CopyPhoneBook(Prepared(*options, OpenTable(options->form, context)), sink);
+    const std::unique_ptr<ContactSource> table = OpenTable(options->form, context);
+    if (options->joinsDuplicates) {
+      KeptPhoneBook book(*table, std::filesystem::temp_directory_path());
+      const OpenPhoneBook all = book.Open(context.progress);
+      CopyPhoneBook(JoiningDuplicates(all, FindDuplicates(all)), sink);
+    } else {
+      CopyContacts(*table, sink);
+    }
     return ExitStatus::kDone;
   };
 }

@@ -5,6 +5,7 @@
 #include <CLI/CLI.hpp>
 
 #include "batch/BatchCommand.h"
+#include "batch/Choice.h"
 #include "database/DatabaseError.h"
 #include "database/DatabaseSource.h"
 #include "database/RecordSource.h"
@@ -14,6 +15,8 @@
 namespace scrivanta {
 
 namespace {
+
+constexpr std::u16string_view kSheetName = u"导出";
 
 std::u16string FromArgument(const std::string& argument) {
   return Decode(Encoding::kUtf8, argument);
@@ -73,6 +76,7 @@ struct TableArguments {
   std::string delimiter = "tab";
   std::optional<std::string> nullText;
   bool header = false;
+  bool toSheet = false;
   bool replace = false;
   std::vector<std::string> types;
 };
@@ -92,6 +96,11 @@ void AddFormat(CLI::App& parser, TableArguments& arguments) {
       ->type_name("TEXT");
 }
 
+void AddForm(CLI::App& parser, TableArguments& arguments) {
+  AddChoice(parser, "--to", arguments.toSheet, {{"text", false}, {"xlsx", true}},
+            "text (default): records; xlsx: a sheet, numbers as numbers");
+}
+
 ExitStatus RunExport(const TableArguments& arguments, BatchContext& context) {
   if (arguments.table.empty() == arguments.query.empty()) {
     throw UnusableArguments("either --table T or --query Q is required");
@@ -103,9 +112,14 @@ ExitStatus RunExport(const TableArguments& arguments, BatchContext& context) {
   const std::unique_ptr<RowReader> rows = arguments.query.empty()
                                               ? database->ReadTable(FromArgument(arguments.table), context.progress)
                                               : database->Query(FromArgument(arguments.query), context.progress);
-  LineWriter out(context.output);
-  ExportRows(*rows, out, options, context.progress);
-  out.Flush();
+  if (arguments.toSheet) {
+    WriteSheetTo(context.output, std::filesystem::temp_directory_path(), {.name = kSheetName, .header = options.header},
+                 [&](SheetWriter& sheet) { ExportSheet(*rows, sheet, options, context.progress); });
+  } else {
+    LineWriter out(context.output);
+    ExportRows(*rows, out, options, context.progress);
+    out.Flush();
+  }
   return ExitStatus::kDone;
 }
 
@@ -115,6 +129,7 @@ BatchWork ConfigureExport(CLI::App& parser) {
   parser.add_option("--table", arguments->table, "Table or view to write")->type_name("T");
   parser.add_option("--query", arguments->query, "Statement whose rows are written instead")->type_name("Q");
   AddFormat(parser, *arguments);
+  AddForm(parser, *arguments);
   return [arguments](BatchContext& context) { return RunExport(*arguments, context); };
 }
 
@@ -125,6 +140,7 @@ BatchWork ConfigureQuery(CLI::App& parser) {
       ->required()
       ->type_name("Q");
   AddFormat(parser, *arguments);
+  AddForm(parser, *arguments);
   return [arguments](BatchContext& context) { return RunExport(*arguments, context); };
 }
 

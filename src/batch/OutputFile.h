@@ -5,9 +5,9 @@
 #include <memory>
 #include <vector>
 
-#include "batch/Spool.h"
 #include "text/AtomicFile.h"
 #include "text/Bytes.h"
+#include "text/Spool.h"
 
 namespace scrivanta {
 

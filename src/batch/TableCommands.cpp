@@ -261,22 +261,17 @@ struct JoinArguments {
   }
 };
 
-// The columns of the second table come from a pass of their own, as those of the first do.
 void RunJoin(BatchContext& context, const JoinArguments& arguments) {
   const JoinOptions options = arguments.OptionsFor(context.encoding);
   BatchInput secondInput(PathFromUtf8(arguments.second));
   secondInput.MakeRewindable(context.progress);
   context.input.MakeRewindable(context.progress);
-  const auto countColumns = [&context](BatchInput& input, const RecordFormat& format) {
-    RecordReader records(input, format, context.progress);
-    const std::size_t columns = CountColumns(records);
-    input.Rewind();
-    return columns;
+  const auto tableOf = [&context](BatchInput& input, const RecordFormat& format) -> OpenTable {
+    return [&context, &input, &format] {
+      input.Rewind();
+      return RecordReader(input, format, context.progress);
+    };
   };
-  const std::size_t firstColumns = countColumns(context.input, options.format);
-  const std::size_t secondColumns = countColumns(secondInput, options.secondFormat);
-  RecordReader first(context.input, options.format, context.progress);
-  RecordReader second(secondInput, options.secondFormat, context.progress);
   LineWriter joined(context.output);
   std::optional<LineWriter> lists[2];
   const std::string* files[] = {&arguments.unmatchedFirst, &arguments.unmatchedSecond};
@@ -287,8 +282,8 @@ void RunJoin(BatchContext& context, const JoinArguments& arguments) {
   }
   const auto listOf = [&lists](std::size_t i) { return lists[i] ? &*lists[i] : nullptr; };
   UsableOrThrow([&] {
-    return JoinTables({first, firstColumns}, {second, secondColumns}, options, {joined, listOf(0), listOf(1)},
-                      context.progress);
+    return JoinTables(tableOf(context.input, options.format), tableOf(secondInput, options.secondFormat), options,
+                      {joined, listOf(0), listOf(1)}, context.progress);
   });
   joined.Flush();
   for (auto& list : lists) {

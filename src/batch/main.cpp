@@ -77,8 +77,10 @@ int wmain(int argc, wchar_t** argv) {
 
 namespace {
 
+// A signal that comes just before a read begins does not end it: the next one does, which comes by itself.
 extern "C" void OnSignal(int) {
   interrupted = true;
+  alarm(1);
 }
 
 // Without restarting: a read that waits for standard input ends when the signal comes. What the program was started to
@@ -99,6 +101,7 @@ int main(int argc, char** argv) {
   EndOn(SIGINT);
   EndOn(SIGTERM);
   EndOn(SIGHUP);
+  EndOn(SIGALRM);
   // Writing then fails, as on a full disk.
   std::signal(SIGPIPE, SIG_IGN);
   std::signal(SIGXFSZ, SIG_IGN);

@@ -62,14 +62,14 @@ std::optional<CardEncoding> EncodingOf(const CardParameter& parameter) {
   if (!parameter.name.empty() && parameter.name != "ENCODING") {
     return std::nullopt;
   }
-  const std::string value = InCapitals(parameter.value);
-  if (value == "QUOTED-PRINTABLE") {
+  const auto is = [&](std::string_view name) { return EqualIgnoringCase(parameter.value, name); };
+  if (is("QUOTED-PRINTABLE")) {
     return CardEncoding::kQuotedPrintable;
   }
-  if (value == "BASE64" || (value == "B" && !parameter.name.empty())) {
+  if (is("BASE64") || (is("B") && !parameter.name.empty())) {
     return CardEncoding::kBase64;
   }
-  const bool isPlain = !parameter.name.empty() || value == "7BIT" || value == "8BIT";
+  const bool isPlain = !parameter.name.empty() || is("7BIT") || is("8BIT");
   return isPlain ? std::optional(CardEncoding::kPlain) : std::nullopt;
 }
 
@@ -260,7 +260,7 @@ std::string InCapitals(std::string_view text) {
 }
 
 bool EqualIgnoringCase(std::string_view a, std::string_view b) {
-  return std::ranges::equal(a, b, {}, Capital, Capital);
+  return a.size() == b.size() && std::ranges::equal(a, b, {}, Capital, Capital);
 }
 
 std::string_view WithoutBlanksAround(std::string_view text) {

@@ -1,6 +1,7 @@
 #include "contacts/ContactHandlers.h"
 
 #include <functional>
+#include <memory>
 #include <utility>
 
 #include "contacts/ContactRecords.h"
@@ -13,36 +14,69 @@ namespace scrivanta {
 
 namespace {
 
-// The book as it was chosen; it is opened anew for each work on it.
-using ChosenBook = std::function<OpenPhoneBook(Progress&)>;
+using OpenAtWork = std::function<std::unique_ptr<ContactSource>(Progress&)>;
 
-PhoneBookSurvey SurveyAtWork(Workbench& workbench, const ChosenBook& book) {
-  const std::unique_ptr<BusyWork> work = workbench.StartWork();
-  return SurveyPhoneBook(book(work->progress()));
-}
-
-// The book with its duplicates joined if the user wants that; an empty one when he calls it off.
-ChosenBook AskAboutDuplicates(Workbench& workbench, const ChosenBook& book, const std::vector<DuplicateGroup>& groups) {
-  const std::optional<bool> joins = AskWhetherToJoin(workbench.prompts(), groups);
-  if (!joins) {
-    return {};
+// A book that was chosen, read once.
+class ChosenBook {
+ public:
+  ChosenBook(Workbench& workbench, const OpenAtWork& open)
+      : work_(workbench.StartWork()),
+        contacts_(*open(work_->progress()), workbench.folders().temporary),
+        duplicates_(FindDuplicates(contacts_.Open(work_->progress()))) {
+    work_.reset();
   }
-  return *joins ? [book, groups](Progress& progress) { return JoiningDuplicates(book(progress), groups); } : book;
+
+  bool empty() const noexcept { return contacts_.survey().contacts == 0; }
+  const std::vector<DuplicateGroup>& duplicates() const noexcept { return duplicates_; }
+  // From now on its duplicates are joined.
+  void Join() { joins_ = true; }
+
+  OpenPhoneBook Open(Progress& progress) {
+    const OpenPhoneBook open = contacts_.Open(progress);
+    return joins_ ? JoiningDuplicates(open, duplicates_) : open;
+  }
+  PhoneBookSurvey Survey(Progress& progress) { return joins_ ? SurveyPhoneBook(Open(progress)) : contacts_.survey(); }
+
+ private:
+  std::unique_ptr<BusyWork> work_;  // while it is read
+  KeptPhoneBook contacts_;
+  std::vector<DuplicateGroup> duplicates_;
+  bool joins_ = false;
+};
+
+// False when the user calls the command off.
+bool AskAboutDuplicates(Workbench& workbench, ChosenBook& book) {
+  const std::optional<bool> joins = AskWhetherToJoin(workbench.prompts(), book.duplicates());
+  if (joins.value_or(false)) {
+    book.Join();
+  }
+  return joins.has_value();
 }
 
-void WriteSheet(Workbench& workbench, const ChosenBook& book, const std::filesystem::path& path) {
+// What was written.
+PhoneBookSurvey WriteSheet(Workbench& workbench, ChosenBook& book, const std::filesystem::path& path) {
   const std::unique_ptr<BusyWork> work = workbench.StartWork();
   AtomicFile file(path);
-  WriteSheetFile(book(work->progress()), file, workbench.folders().temporary);
+  WriteSheetFile(book.Open(work->progress()), file, workbench.folders().temporary);
   file.Commit();
+  return book.Survey(work->progress());
 }
 
-std::u16string TextTable(Workbench& workbench, const ChosenBook& book) {
+PhoneBookSurvey WriteCardFile(Workbench& workbench, ChosenBook& book, const std::filesystem::path& path) {
   const std::unique_ptr<BusyWork> work = workbench.StartWork();
-  const OpenPhoneBook open = book(work->progress());
+  AtomicFile file(path);
+  CardContactSink sink(file);
+  CopyPhoneBook(book.Open(work->progress()), sink);
+  PhoneBookSurvey written = book.Survey(work->progress());
+  file.Commit();
+  return written;
+}
+
+std::u16string TextTable(Workbench& workbench, ChosenBook& book) {
+  const std::unique_ptr<BusyWork> work = workbench.StartWork();
   StringSink bytes;
-  RecordContactSink sink(bytes, RecordForm::kTabs, Encoding::kUtf8, SurveyPhoneBook(open).shape);
-  CopyPhoneBook(open, sink);
+  RecordContactSink sink(bytes, RecordForm::kTabs, Encoding::kUtf8, book.Survey(work->progress()).shape);
+  CopyPhoneBook(book.Open(work->progress()), sink);
   return Decode(Encoding::kUtf8, bytes.bytes());
 }
 
@@ -56,7 +90,7 @@ bool OpenWithItsProgram(Desktop& desktop, const std::filesystem::path& path) {
   }
 }
 
-void ShowTable(Workbench& workbench, const ChosenBook& book) {
+void ShowTable(Workbench& workbench, ChosenBook& book) {
   const std::u16string table = TextTable(workbench, book);
   if (workbench.document().OfferToSave()) {
     workbench.document().ShowNew(table, [](Workbench&) { return SaveOutcome::kSaveAsFile; });
@@ -64,31 +98,17 @@ void ShowTable(Workbench& workbench, const ChosenBook& book) {
 }
 
 // A card file of the book, under a name that is asked for.
-void WriteCards(Workbench& workbench, const ChosenBook& chosen, const std::filesystem::path& proposal) {
-  const PhoneBookSurvey survey = SurveyAtWork(workbench, chosen);
-  if (survey.contacts == 0) {
+void WriteCards(Workbench& workbench, const OpenAtWork& open, const std::filesystem::path& proposal) {
+  ChosenBook book(workbench, open);
+  if (book.empty()) {
     workbench.ShowStatus(u"没有联系人");
     return;
   }
-  const ChosenBook book = AskAboutDuplicates(workbench, chosen, survey.duplicates);
-  const std::filesystem::path path = book ? AskForTarget(workbench.prompts(), u".vcf", proposal) : "";
-  if (path.empty()) {
-    return;
+  const std::filesystem::path path =
+      AskAboutDuplicates(workbench, book) ? AskForTarget(workbench.prompts(), u".vcf", proposal) : "";
+  if (!path.empty()) {
+    ReportPhoneBook(workbench, WriteCardFile(workbench, book, path), {});
   }
-  std::size_t contacts = 0;
-  std::size_t numbers = 0;
-  {
-    const std::unique_ptr<BusyWork> work = workbench.StartWork();
-    const OpenPhoneBook open = book(work->progress());
-    const PhoneBookSurvey written = SurveyPhoneBook(open);
-    AtomicFile file(path);
-    CardContactSink sink(file);
-    CopyPhoneBook(open, sink);
-    file.Commit();
-    contacts = written.contacts;
-    numbers = written.numbers;
-  }
-  ReportPhoneBook(workbench, contacts, numbers, {});
 }
 
 // A table that somebody has brought from elsewhere may be separated by commas.
@@ -121,34 +141,26 @@ void mnuAndroidPhoneBookEncode(Workbench& workbench) {
     return;
   }
   std::vector<NotUnderstoodInFile> notUnderstood;
-  const auto bookOf = [&files](std::vector<NotUnderstoodInFile>& found) -> ChosenBook {
-    return [&files, &found](Progress& progress) -> OpenPhoneBook {
-      return [&files, &found, &progress] { return std::make_unique<CardFilesSource>(files, progress, found); };
-    };
-  };
-  const PhoneBookSurvey survey = SurveyAtWork(workbench, bookOf(notUnderstood));
-  std::vector<NotUnderstoodInFile> again;  // the same, each time the book is read
-  const ChosenBook book = AskAboutDuplicates(workbench, bookOf(again), survey.duplicates);
+  ChosenBook book(
+      workbench, [&](Progress& progress) { return std::make_unique<CardFilesSource>(files, progress, notUnderstood); });
   std::filesystem::path proposal = files.front();
+  proposal.replace_extension(u".xlsx");
   const std::filesystem::path path =
-      book ? AskForTarget(workbench.prompts(), u".xlsx", proposal.replace_extension(u".xlsx")) : "";
+      AskAboutDuplicates(workbench, book) ? AskForTarget(workbench.prompts(), u".xlsx", proposal) : "";
   if (path.empty()) {
     return;
   }
-  WriteSheet(workbench, book, path);
+  const PhoneBookSurvey written = WriteSheet(workbench, book, path);
   if (!OpenWithItsProgram(workbench.desktop(), path)) {
     ShowTable(workbench, book);
   }
-  ReportPhoneBook(workbench, survey.contacts, survey.numbers, notUnderstood);
+  ReportPhoneBook(workbench, written, notUnderstood);
 }
 
 void mnuAndroidPhoneBookDecode(Workbench& workbench) {
   const std::string table = Encode(Encoding::kUtf8, CaptureInput(workbench).text);
   WriteCards(
-      workbench,
-      [&table](Progress& progress) -> OpenPhoneBook {
-        return [&table, &progress] { return std::make_unique<TextTableSource>(table, progress); };
-      },
+      workbench, [&](Progress& progress) { return std::make_unique<TextTableSource>(table, progress); },
       BesideDocument(workbench, u"contacts.vcf"));
 }
 
@@ -167,11 +179,7 @@ void mnuExcelPhoneBookToAndroid(Workbench& workbench, Spreadsheet& spreadsheet) 
   }
   const auto shared = std::make_shared<const Sheet>(std::move(*sheet));
   WriteCards(
-      workbench,
-      [shared](Progress& progress) -> OpenPhoneBook {
-        return [shared, &progress] { return std::make_unique<SheetContactSource>(shared, progress); };
-      },
-      proposal);
+      workbench, [&](Progress& progress) { return std::make_unique<SheetContactSource>(shared, progress); }, proposal);
 }
 
 }  // namespace scrivanta

@@ -13,7 +13,8 @@ struct NameProperties {
   const CardProperty* formatted = nullptr;   // FN
   const CardProperty* structured = nullptr;  // N
   std::string name;
-  std::string composed;  // of the parts of N
+  std::vector<std::string> parts;  // of N
+  std::string composed;            // of them
   bool isOnlyFormatted = true;
   bool isOnlyStructured = true;
 };
@@ -29,15 +30,16 @@ NameProperties FindName(const Card& card) {
     } else if (property.name == "N" && found.structured != nullptr) {
       found.isOnlyStructured = false;
     } else if (property.name == "FN") {
-      const std::optional<std::string> text = TextOf(property);
+      std::optional<std::string> text = TextOf(property);
       if (text && !text->empty()) {
         found.formatted = &property;
-        found.name = *text;
+        found.name = std::move(*text);
       }
     } else if (property.name == "N") {
-      if (const std::optional<std::vector<std::string>> parts = PartsOf(property)) {
+      if (std::optional<std::vector<std::string>> parts = PartsOf(property)) {
         found.structured = &property;
         found.composed = ComposedName(*parts);
+        found.parts = std::move(*parts);
       }
     }
   }
@@ -81,7 +83,7 @@ class RestOfCard {
 
 void KeepFormattedName(const NameProperties& name, const CardProperty& property, RestOfCard& rest) {
   const bool tellsMoreThanN =
-      name.structured != nullptr && name.composed != name.name && !IsPlainName(*name.structured, name.name);
+      name.structured != nullptr && name.composed != name.name && !IsPlainName(*name.structured, name.parts, name.name);
   if (tellsMoreThanN || !name.isOnlyFormatted || property.HeadWithoutEncoding() != "FN") {
     rest.KeepText(property, {name.name});
   }
@@ -114,8 +116,8 @@ Contact ContactOfCard(const Card& card, std::vector<std::uint64_t>& notUnderstoo
     if (&property == name.formatted) {
       KeepFormattedName(name, property, rest);
     } else if (&property == name.structured) {
-      if (!name.isOnlyStructured || !IsPlainName(property, name.name)) {
-        rest.KeepText(property, *PartsOf(property));
+      if (!name.isOnlyStructured || !IsPlainName(property, name.parts, name.name)) {
+        rest.KeepText(property, name.parts);
       }
     } else if (std::optional<FieldText> text = FieldTextOf(property)) {
       TakeText(property, std::move(*text), contact, rest);

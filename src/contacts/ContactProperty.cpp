@@ -172,10 +172,10 @@ std::string ComposedName(const std::vector<std::string>& parts) {
                    : Joined({five[3], five[1], five[2], five[0], five[4]}, " ");
 }
 
-bool IsPlainName(const CardProperty& property, std::string_view name) {
-  const std::optional<std::vector<std::string>> parts = PartsOf(property);
-  return parts && property.HeadWithoutEncoding() == "N" && parts->front() == name &&
-         std::all_of(parts->begin() + 1, parts->end(), [](const std::string& part) { return part.empty(); });
+bool IsPlainName(const CardProperty& property, const std::vector<std::string>& parts, std::string_view name) {
+  return parts.front() == name &&
+         std::all_of(parts.begin() + 1, parts.end(), [](const std::string& part) { return part.empty(); }) &&
+         property.HeadWithoutEncoding() == "N";
 }
 
 }  // namespace scrivanta

@@ -34,7 +34,7 @@ std::vector<std::string> PartsOfField(ContactField field, const std::string& tex
 
 // The name that the parts of N make: Chinese without blanks, family name first; others given name first.
 std::string ComposedName(const std::vector<std::string>& parts);
-// Whether N holds this name alone, in its first part.
-bool IsPlainName(const CardProperty& property, std::string_view name);
+// Whether N, of these parts, holds this name alone, in its first part.
+bool IsPlainName(const CardProperty& property, const std::vector<std::string>& parts, std::string_view name);
 
 }  // namespace scrivanta

@@ -1,33 +1,14 @@
 #include "contacts/ContactSheets.h"
 
-#include <array>
-
-#include "text/PlatformFile.h"
-#include "text/TemporaryName.h"
-
 namespace scrivanta {
 
 namespace {
 
 constexpr std::size_t kRowsAReport = 256;
 
-class TemporarySheet {
- public:
-  explicit TemporarySheet(const std::filesystem::path& folder) : path_(folder / TemporaryName()) {}
-  TemporarySheet(const TemporarySheet&) = delete;
-  TemporarySheet& operator=(const TemporarySheet&) = delete;
-  ~TemporarySheet() { RemoveFile(path_); }
-
-  const std::filesystem::path& path() const noexcept { return path_; }
-
- private:
-  std::filesystem::path path_;
-};
-
 }  // namespace
 
-SheetContactSink::SheetContactSink(const std::filesystem::path& path, const TableShape& shape)
-    : shape_(shape), writer_(path, u"电话簿") {
+SheetContactSink::SheetContactSink(SheetWriter& writer, const TableShape& shape) : writer_(writer), shape_(shape) {
   writer_.WriteRow(shape_.Header());
 }
 
@@ -46,14 +27,10 @@ std::optional<Contact> SheetContactSource::Next() {
 }
 
 void WriteSheetFile(const OpenPhoneBook& open, ByteSink& sink, const std::filesystem::path& folder) {
-  const TemporarySheet sheet(folder);
-  SheetContactSink contacts(sheet.path(), SurveyPhoneBook(open, TableShape(kLongestSheetCell)).shape);
-  CopyPhoneBook(open, contacts);
-  FileSource written(sheet.path());
-  std::array<char, 65536> block;
-  while (const std::size_t count = written.Read(block)) {
-    sink.Write({block.data(), count});
-  }
+  WriteSheetTo(sink, folder, {.name = u"电话簿"}, [&open](SheetWriter& writer) {
+    SheetContactSink contacts(writer, SurveyPhoneBook(open, TableShape(kLongestSheetCell)).shape);
+    CopyPhoneBook(open, contacts);
+  });
 }
 
 }  // namespace scrivanta

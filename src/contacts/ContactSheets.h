@@ -8,21 +8,21 @@
 #include "contacts/ContactSink.h"
 #include "contacts/ContactTable.h"
 #include "contacts/PhoneBook.h"
-#include "contacts/SheetFile.h"
+#include "sheets/SheetFile.h"
 #include "text/Bytes.h"
 
 namespace scrivanta {
 
 class SheetContactSink final : public ContactSink {
  public:
-  // The shape is one of cells of kLongestSheetCell. The file is there, whole, after Finish.
-  SheetContactSink(const std::filesystem::path& path, const TableShape& shape);
+  // The shape is one of cells of kLongestSheetCell. Writes the header.
+  SheetContactSink(SheetWriter& writer, const TableShape& shape);
   void Write(const Contact& contact) override { writer_.WriteRow(shape_.RecordOf(contact)); }
-  void Finish() override { writer_.Close(); }
+  void Finish() override {}
 
  private:
+  SheetWriter& writer_;
   TableShape shape_;
-  SheetWriter writer_;
 };
 
 class SheetContactSource final : public ContactSource {
@@ -38,7 +38,7 @@ class SheetContactSource final : public ContactSource {
   std::optional<TableColumns> columns_;
 };
 
-// The whole book as a sheet file. A sheet can only be written to a path: it is one in the folder, and gone at the end.
+// The whole book as a sheet file, by way of the folder.
 void WriteSheetFile(const OpenPhoneBook& open, ByteSink& sink, const std::filesystem::path& folder);
 
 }  // namespace scrivanta

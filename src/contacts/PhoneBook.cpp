@@ -2,6 +2,8 @@
 
 #include <utility>
 
+#include "contacts/StoredContacts.h"
+
 namespace scrivanta {
 
 namespace {
@@ -38,18 +40,45 @@ class JoiningSource final : public ContactSource {
 
 }  // namespace
 
+void PhoneBookSurvey::Add(const Contact& contact) {
+  shape.Widen(contact);
+  ++contacts;
+  numbers += contact.CountNumbers();
+}
+
 PhoneBookSurvey SurveyPhoneBook(const OpenPhoneBook& open, const TableShape& shape) {
-  PhoneBookSurvey survey{.shape = shape, .duplicates = {}};
+  PhoneBookSurvey survey{.shape = shape};
+  const std::unique_ptr<ContactSource> source = open();
+  while (const std::optional<Contact> contact = source->Next()) {
+    survey.Add(*contact);
+  }
+  return survey;
+}
+
+std::vector<DuplicateGroup> FindDuplicates(const OpenPhoneBook& open) {
   DuplicateFinder finder;
   const std::unique_ptr<ContactSource> source = open();
   while (const std::optional<Contact> contact = source->Next()) {
-    survey.shape.Widen(*contact);
-    ++survey.contacts;
-    survey.numbers += contact->CountNumbers();
     finder.Add(*contact);
   }
-  survey.duplicates = finder.Groups();
-  return survey;
+  return finder.Groups();
+}
+
+KeptPhoneBook::KeptPhoneBook(ContactSource& source, const std::filesystem::path& temporaryFolder,
+                             const TableShape& shape)
+    : contacts_(temporaryFolder), survey_{.shape = shape} {
+  StoredContactSink sink(contacts_);
+  while (const std::optional<Contact> contact = source.Next()) {
+    survey_.Add(*contact);
+    sink.Write(*contact);
+  }
+}
+
+OpenPhoneBook KeptPhoneBook::Open(Progress& progress) {
+  return [this, &progress] {
+    contacts_.Rewind();
+    return std::make_unique<StoredContactSource>(contacts_, progress);
+  };
 }
 
 OpenPhoneBook JoiningDuplicates(const OpenPhoneBook& open, const std::vector<DuplicateGroup>& groups) {
@@ -71,12 +100,15 @@ OpenPhoneBook JoiningDuplicates(const OpenPhoneBook& open, const std::vector<Dup
   return [open, joined] { return std::make_unique<JoiningSource>(open(), joined); };
 }
 
-void CopyPhoneBook(const OpenPhoneBook& open, ContactSink& sink) {
-  const std::unique_ptr<ContactSource> source = open();
-  while (const std::optional<Contact> contact = source->Next()) {
+void CopyContacts(ContactSource& source, ContactSink& sink) {
+  while (const std::optional<Contact> contact = source.Next()) {
     sink.Write(*contact);
   }
   sink.Finish();
+}
+
+void CopyPhoneBook(const OpenPhoneBook& open, ContactSink& sink) {
+  CopyContacts(*open(), sink);
 }
 
 }  // namespace scrivanta

@@ -71,9 +71,10 @@ std::filesystem::path AskForTarget(Prompts& prompts, std::u16string_view extensi
   return path;
 }
 
-void ReportPhoneBook(Workbench& workbench, std::size_t contacts, std::size_t numbers,
+void ReportPhoneBook(Workbench& workbench, const PhoneBookSurvey& written,
                      const std::vector<NotUnderstoodInFile>& notUnderstood) {
-  const std::u16string counts = DecimalText(contacts) + u"个联系人，" + DecimalText(numbers) + u"个号码";
+  const std::u16string counts =
+      DecimalText(written.contacts) + u"个联系人，" + DecimalText(written.numbers) + u"个号码";
   workbench.ShowStatus(counts);
   if (!notUnderstood.empty()) {
     workbench.prompts().Ask({.text = counts + u"。\n有" + DecimalText(notUnderstood.size()) +

@@ -22,7 +22,7 @@ std::filesystem::path AskForTarget(Prompts& prompts, std::u16string_view extensi
                                    const std::filesystem::path& proposal);
 
 // The counts into the status bar; a message where something was not understood.
-void ReportPhoneBook(Workbench& workbench, std::size_t contacts, std::size_t numbers,
+void ReportPhoneBook(Workbench& workbench, const PhoneBookSurvey& written,
                      const std::vector<NotUnderstoodInFile>& notUnderstood);
 
 }  // namespace scrivanta

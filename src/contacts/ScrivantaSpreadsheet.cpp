@@ -6,7 +6,7 @@
 
 #include <oleauto.h>
 
-#include "contacts/SheetFormats.h"
+#include "sheets/SheetFormats.h"
 #include "text/Encoding.h"
 #include "text/win/WideText.h"
 #include "win/Automation.h"

@@ -3,7 +3,7 @@
 
 #include <optional>
 
-#include "contacts/SheetFile.h"
+#include "sheets/SheetFile.h"
 #include "text/Interface.h"
 
 namespace scrivanta {

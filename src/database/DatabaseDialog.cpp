@@ -7,6 +7,7 @@
 #include "database/JetDriver.h"
 #include "database/RecordSource.h"
 #include "database/RewindableMemory.h"
+#include "database/SheetSource.h"
 #include "database/SourceText.h"
 #include "database/StatementText.h"
 #include "database/TableExport.h"
@@ -23,6 +24,7 @@ namespace {
 constexpr std::size_t kMostSources = 20;
 constexpr std::size_t kMostRows = 100;        // that are shown
 constexpr std::size_t kMostShownUnits = 200;  // of a value
+constexpr std::u16string_view kSheetName = u"导出";
 constexpr std::u16string_view kByteOrderMark = u"\uFEFF";
 
 std::u16string SourcesKey() {
@@ -69,8 +71,12 @@ bool SpeaksOfPassword(const DatabaseError& failure) {
   return words.find(u"password") != std::u16string::npos || words.find(u"密码") != std::u16string::npos;
 }
 
+bool HasExtension(const std::filesystem::path& file, std::u16string_view extension) {
+  return UpperCase(TextOfPath(file.extension())) == extension;
+}
+
 Separation SeparationOfFile(const std::filesystem::path& file, Separation chosen) {
-  return UpperCase(TextOfPath(file.extension())) == u".CSV" ? Separation::kComma : chosen;
+  return HasExtension(file, u".CSV") ? Separation::kComma : chosen;
 }
 
 }  // namespace
@@ -192,7 +198,8 @@ void DatabaseDialog::Query(DatabaseView& view) {
   const bool onlyReads = OnlyReads(statement);
   if (!onlyReads && workbench_.prompts().Ask({.text = u"这条语句会改动数据库，是否执行？",
                                               .buttons = Buttons::kYesNo,
-                                              .icon = Icon::kQuestion}) != Answer::kYes) {
+                                              .icon = Icon::kQuestion,
+                                              .defaultAnswer = Answer::kNo}) != Answer::kYes) {
     return;
   }
   const std::unique_ptr<BusyWork> work = workbench_.StartWork();
@@ -256,70 +263,98 @@ void DatabaseDialog::ExportToDocument(DatabaseView& view) {
 
 void DatabaseDialog::ExportToFile(DatabaseView& view) {
   RequireShown();
-  const std::filesystem::path file = workbench_.prompts().AskForFile({.filter = u"*.csv;*.txt"});
+  const std::filesystem::path file = workbench_.prompts().AskForFile({.filter = u"*.csv;*.txt;*.xlsx"});
   if (file.empty()) {
     return;
   }
   if (std::filesystem::exists(file) &&
       workbench_.prompts().Ask({.text = TextOfPath(file) + u"\n文件已经存在，是否替换？",
                                 .buttons = Buttons::kYesNo,
-                                .icon = Icon::kQuestion}) != Answer::kYes) {
+                                .icon = Icon::kQuestion,
+                                .defaultAnswer = Answer::kNo}) != Answer::kYes) {
     return;
   }
   std::uint64_t count = 0;
   {
     const std::unique_ptr<BusyWork> work = workbench_.StartWork();
-    const auto rows = ReadShown(work->progress());
     AtomicFile target(file);
-    LineWriter out(target);
-    // With its mark, UTF-8 is known to every program that reads tables, and loses nothing.
-    out.WriteRaw(Encode(Encoding::kUtf8, kByteOrderMark));
-    count = ExportRows(*rows, out,
-                       {.format = {.separation = SeparationOfFile(file, view.Separator()), .encoding = Encoding::kUtf8},
-                        .header = view.HasHeader()},
-                       work->progress());
-    out.Flush();
+    count = HasExtension(file, u".XLSX")
+                ? ExportToSheet(view, target, work->progress())
+                : ExportToText(view, target, SeparationOfFile(file, view.Separator()), work->progress());
     target.Commit();
   }
   view.SetState(u"已导出" + DecimalText(count) + u"行到" + TextOfPath(file.filename()));
 }
 
+std::uint64_t DatabaseDialog::ExportToText(DatabaseView& view, ByteSink& sink, Separation separation,
+                                           Progress& progress) const {
+  const auto rows = ReadShown(progress);
+  LineWriter out(sink);
+  // With its mark, UTF-8 is known to every program that reads tables, and loses nothing.
+  out.WriteRaw(Encode(Encoding::kUtf8, kByteOrderMark));
+  const std::uint64_t count = ExportRows(
+      *rows, out, {.format = {.separation = separation, .encoding = Encoding::kUtf8}, .header = view.HasHeader()},
+      progress);
+  out.Flush();
+  return count;
+}
+
+std::uint64_t DatabaseDialog::ExportToSheet(DatabaseView& view, ByteSink& sink, Progress& progress) const {
+  const auto rows = ReadShown(progress);
+  std::uint64_t count = 0;
+  WriteSheetTo(sink, workbench_.folders().temporary, {.name = kSheetName, .header = view.HasHeader()},
+               [&](SheetWriter& sheet) { count = ExportSheet(*rows, sheet, {.header = view.HasHeader()}, progress); });
+  return count;
+}
+
 void DatabaseDialog::ImportFromDocument(DatabaseView& view) {
   Editor& editor = workbench_.editor();
-  Import(view, editor.Selection().empty() ? editor.Text() : editor.SelectedText(), view.Separator());
+  ImportText(view, editor.Selection().empty() ? editor.Text() : editor.SelectedText(), view.Separator());
 }
 
 void DatabaseDialog::ImportFromFile(DatabaseView& view) {
   Opened();
-  const std::filesystem::path file = workbench_.prompts().AskForFile({.filter = u"*.csv;*.txt"});
-  if (!file.empty()) {
-    Import(view, workbench_.document().TextOfFile(file), SeparationOfFile(file, view.Separator()));
+  const std::filesystem::path file = workbench_.prompts().AskForFile({.filter = u"*.csv;*.txt;*.xlsx"});
+  if (file.empty()) {
+    return;
+  }
+  if (HasExtension(file, u".XLSX")) {
+    const Sheet sheet = [&] {
+      const std::unique_ptr<BusyWork> work = workbench_.StartWork();
+      return ReadFirstSheet(ReadWholeFile(file), work->progress());
+    }();
+    Import(view, [&sheet](Progress&) { return std::make_unique<SheetSource>(sheet); });
+  } else {
+    ImportText(view, workbench_.document().TextOfFile(file), SeparationOfFile(file, view.Separator()));
   }
 }
 
-void DatabaseDialog::Import(DatabaseView& view, std::u16string_view text, Separation separation) {
+void DatabaseDialog::ImportText(DatabaseView& view, std::u16string_view text, Separation separation) {
+  const std::string bytes = Encode(Encoding::kUtf8, text);
+  RewindableMemory source(bytes);
+  Import(view, [&source, separation](Progress& progress) {
+    source.Rewind();
+    return std::make_unique<RecordSource>(
+        source, [&source] { source.Rewind(); }, RecordFormat{.separation = separation, .encoding = Encoding::kUtf8},
+        progress);
+  });
+}
+
+void DatabaseDialog::Import(DatabaseView& view, const OpenRows& open) {
   Database& database = Opened();
-  ImportOptions options{.table = view.TargetTable(), .header = view.HasHeader()};
+  const ImportOptions options{.table = view.TargetTable(), .header = view.HasHeader()};
   if (options.table.empty()) {
     throw DatabaseError("no table is named", u"请写出要导入到哪个表。");
   }
-  const std::string bytes = Encode(Encoding::kUtf8, text);
-  RewindableMemory source(bytes);
-  const RecordFormat format{.separation = separation, .encoding = Encoding::kUtf8};
   NoProgress progress;
-  RecordSource planned(
-      source, [&source] { source.Rewind(); }, format, progress);
-  const auto confirmed = Confirm(PlanImport(database, planned, options), options);
+  const auto confirmed = Confirm(PlanImport(database, *open(progress), options), options);
   if (!confirmed) {
     return;
   }
   std::uint64_t count = 0;
   {
     const std::unique_ptr<BusyWork> work = workbench_.StartWork();
-    source.Rewind();
-    RecordSource rows(
-        source, [&source] { source.Rewind(); }, format, work->progress());
-    count = ImportRows(database, rows, *confirmed, work->progress());
+    count = ImportRows(database, *open(work->progress()), *confirmed, work->progress());
     ListTables(view, work->progress());
   }
   view.SetState(u"已导入" + DecimalText(count) + u"行到表“" + options.table + u"”");

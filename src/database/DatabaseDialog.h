@@ -1,6 +1,7 @@
 // What FrmDatabase does, without its window.
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -10,6 +11,7 @@
 #include "database/TableImport.h"
 #include "shell/workbench/Workbench.h"
 #include "tables/RecordFormat.h"
+#include "text/Bytes.h"
 #include "text/Interface.h"
 
 namespace scrivanta {
@@ -69,7 +71,13 @@ class DatabaseDialog {
   std::unique_ptr<RowReader> ReadShown(Progress& progress) const;
   void Preview(DatabaseView& view, RowReader& rows, std::u16string_view what) const;
   std::string Exported(DatabaseView& view, Separation separation, std::uint64_t& count) const;
-  void Import(DatabaseView& view, std::u16string_view text, Separation separation);
+  // Both return how many rows there were.
+  std::uint64_t ExportToText(DatabaseView& view, ByteSink& sink, Separation separation, Progress& progress) const;
+  std::uint64_t ExportToSheet(DatabaseView& view, ByteSink& sink, Progress& progress) const;
+  // The rows from their beginning, each time.
+  using OpenRows = std::function<std::unique_ptr<RowSource>(Progress&)>;
+  void ImportText(DatabaseView& view, std::u16string_view text, Separation separation);
+  void Import(DatabaseView& view, const OpenRows& open);
   // Nothing when the user does not want it.
   std::optional<ImportOptions> Confirm(const ColumnMatch& match, ImportOptions options) const;
 

@@ -17,15 +17,18 @@ class DatabaseRow {
 
   // A field is appended to text() and then ended.
   std::u16string& text() noexcept { return text_; }
-  void EndField() { fields_.push_back({text_.size(), false}); }
+  void EndField() { fields_.push_back({.end = text_.size()}); }
+  // The database holds it as a number.
+  void EndNumber() { fields_.push_back({.end = text_.size(), .isNumber = true}); }
   void Add(std::u16string_view field) {
     text_ += field;
     EndField();
   }
-  void AddNull() { fields_.push_back({text_.size(), true}); }
+  void AddNull() { fields_.push_back({.end = text_.size(), .isNull = true}); }
 
   std::size_t size() const noexcept { return fields_.size(); }
   bool IsNull(std::size_t index) const { return fields_[index].isNull; }
+  bool IsNumber(std::size_t index) const { return fields_[index].isNumber; }
   // Empty for NULL.
   std::u16string_view operator[](std::size_t index) const {
     const std::size_t begin = index == 0 ? 0 : fields_[index - 1].end;
@@ -34,8 +37,9 @@ class DatabaseRow {
 
  private:
   struct Field {
-    std::size_t end;  // in text_
-    bool isNull;
+    std::size_t end = 0;  // in text_
+    bool isNull = false;
+    bool isNumber = false;
   };
 
   std::u16string text_;

@@ -157,7 +157,7 @@ void FrmDatabase::SetRows(const ShownRows& rows) {
     }
   }
   SendMessageW(list, WM_SETREDRAW, TRUE, 0);
-  InvalidateRect(list, nullptr, TRUE);
+  RedrawWindow(list, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);  // the header too
 }
 
 void FrmDatabase::SetState(const std::u16string& text) {

@@ -120,7 +120,7 @@ bool OdbcStatement::AppendText(SQLUSMALLINT column, std::u16string& text) {
     const bool isLast = code == SQL_SUCCESS;
     // A piece that is not the last is full but for its closing zero.
     const std::size_t units = isLast ? static_cast<std::size_t>(bytes) / sizeof(SQLWCHAR)
-                                     : std::find(piece, piece + kPieceUnits - 1, 0) - piece;
+                                     : static_cast<std::size_t>(std::find(piece, piece + kPieceUnits - 1, 0) - piece);
     text.append(reinterpret_cast<const char16_t*>(piece), units);
     if (isLast) {
       return true;

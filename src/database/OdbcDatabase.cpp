@@ -11,6 +11,11 @@ namespace {
 
 constexpr std::uint64_t kRowsPerReport = 256;
 
+bool IsNumber(SQLSMALLINT type) {
+  const ColumnKind kind = KindOfSqlType(type);
+  return kind == ColumnKind::kInteger || kind == ColumnKind::kReal || kind == ColumnKind::kDecimal;
+}
+
 class OdbcReader final : public RowReader {
  public:
   OdbcReader(const OdbcConnection& connection, std::u16string_view statement, Progress& progress)
@@ -29,10 +34,12 @@ class OdbcReader final : public RowReader {
     }
     row.Clear();
     for (std::size_t i = 0; i < types_.size(); ++i) {
-      if (AppendValue(static_cast<SQLUSMALLINT>(i + 1), types_[i], row.text())) {
-        row.EndField();
-      } else {
+      if (!AppendValue(static_cast<SQLUSMALLINT>(i + 1), types_[i], row.text())) {
         row.AddNull();
+      } else if (IsNumber(types_[i])) {
+        row.EndNumber();
+      } else {
+        row.EndField();
       }
     }
     if (++rows_ % kRowsPerReport == 0) {

@@ -1,6 +1,7 @@
 #include "database/OdbcFiller.h"
 
 #include <algorithm>
+#include <optional>
 
 #include "database/OdbcTypes.h"
 #include "database/ValueText.h"
@@ -9,12 +10,24 @@ namespace scrivanta {
 
 namespace {
 
-constexpr std::size_t kMostParameters = 1800;    // of a statement; the strictest of the large databases takes 2100
+constexpr std::size_t kMostParameters = 1800;  // of a statement; the strictest of the large databases takes 2100
+constexpr std::size_t kRowsOfArrays = 2000;
 constexpr std::size_t kMostUnits = 1024 * 1024;  // of the texts of a block
 constexpr std::size_t kShortText = 4000;         // characters, beyond which a parameter is a long one
 
 bool IsText(SQLSMALLINT sqlType) {
   return KindOfSqlType(sqlType) == ColumnKind::kText;
+}
+
+// An element of an array as SQL writes it within braces.
+void AppendElement(std::u16string_view text, std::u16string& array) {
+  array += u'"';
+  for (std::size_t i = text.find_first_of(u"\"\\"); i != std::u16string_view::npos; i = text.find_first_of(u"\"\\")) {
+    array.append(text.substr(0, i)) += u'\\';
+    array += text[i];
+    text.remove_prefix(i + 1);
+  }
+  array.append(text) += u'"';
 }
 
 }  // namespace
@@ -43,12 +56,29 @@ void OdbcFiller::Begin(const FillOrder& order) {
   } else if (order.emptyFirst) {
     OdbcStatement(connection_).Execute(u"DELETE FROM " + connection_.Quoted(table_));
   }
+  hasChanged_ = order.makeTable || order.emptyFirst;
   const std::vector<OdbcColumn> all = OdbcColumns(connection_, table_);
   for (const DatabaseColumn& column : order.columns) {
     const auto found = std::ranges::find_if(all, [&](const OdbcColumn& c) { return c.column.name == column.name; });
     columns_.push_back(found != all.end() ? *found : OdbcColumn{column, SQL_WVARCHAR});
   }
-  rowsPerBlock_ = std::max<std::size_t>(1, kMostParameters / columns_.size());
+  Use(BestForm());
+}
+
+// Arrays need a database that knows them, and the names of the columns' types.
+OdbcFiller::Form OdbcFiller::BestForm() const {
+  const bool haveArrays = std::ranges::none_of(columns_, [](const OdbcColumn& column) {
+    return column.column.typeName.empty() || column.column.type.kind == ColumnKind::kBinary;
+  });
+  return haveArrays && connection_.Info(SQL_DBMS_NAME) == u"PostgreSQL" ? Form::kArrays : Form::kRows;
+}
+
+void OdbcFiller::Use(Form form) {
+  form_ = form;
+  block_.reset();
+  rowsPerBlock_ = form == Form::kArrays ? kRowsOfArrays
+                  : form == Form::kRows ? std::max<std::size_t>(1, kMostParameters / columns_.size())
+                                        : 1;
 }
 
 void OdbcFiller::MakeTable(const FillOrder& order) {
@@ -112,30 +142,34 @@ bool OdbcFiller::TryStatement(std::u16string_view statement) {
   return SQL_SUCCEEDED(SQLExecDirectW(tried.get(), OdbcText(statement), static_cast<SQLINTEGER>(statement.size())));
 }
 
-std::u16string OdbcFiller::InsertStatement(std::size_t rows) const {
+std::u16string OdbcFiller::InsertStatement(Form form) const {
   std::u16string names;
   std::u16string marks;
+  std::u16string arrays;
   for (const OdbcColumn& column : columns_) {
-    names += (names.empty() ? u"" : u",") + connection_.Quoted(column.column.name);
-    marks += marks.empty() ? u"?" : u",?";
+    const std::u16string_view comma = names.empty() ? u"" : u",";
+    names.append(comma) += connection_.Quoted(column.column.name);
+    marks.append(comma) += u"?";
+    arrays.append(comma) += u"CAST(? AS " + connection_.Quoted(column.column.typeName) + u"[])";
   }
-  std::u16string statement = u"INSERT INTO " + connection_.Quoted(table_) + u" (" + names + u") VALUES ";
-  for (std::size_t i = 0; i < rows; ++i) {
-    statement += (i == 0 ? u"(" : u",(") + marks + u")";
+  std::u16string statement = u"INSERT INTO " + connection_.Quoted(table_) + u" (" + names + u") ";
+  if (form == Form::kArrays) {
+    return statement + u"SELECT * FROM unnest(" + arrays + u")";
+  }
+  statement += u"VALUES (" + marks + u")";
+  for (std::size_t i = 1; form == Form::kRows && i < rowsPerBlock_; ++i) {
+    statement += u",(" + marks + u")";
   }
   return statement;
 }
 
-OdbcStatement& OdbcFiller::StatementFor(std::size_t rows) {
-  const auto prepared = [this](std::size_t count) {
-    auto statement = std::make_unique<OdbcStatement>(connection_);
-    const std::u16string insert = InsertStatement(count);
-    statement->handle().Check(SQLPrepareW(statement->get(), OdbcText(insert), static_cast<SQLINTEGER>(insert.size())));
-    return statement;
-  };
-  auto& kept = rows == 1 ? single_ : block_;
+OdbcStatement& OdbcFiller::StatementFor(Form form) {
+  auto& kept = form == Form::kOneRow ? single_ : block_;
   if (kept == nullptr) {
-    kept = prepared(rows);
+    auto statement = std::make_unique<OdbcStatement>(connection_);
+    const std::u16string insert = InsertStatement(form);
+    statement->handle().Check(SQLPrepareW(statement->get(), OdbcText(insert), static_cast<SQLINTEGER>(insert.size())));
+    kept = std::move(statement);
   }
   return *kept;
 }
@@ -145,26 +179,8 @@ void OdbcFiller::Flush() {
     return;
   }
   progress_.Report(lines_.back(), 0);
-  const bool isWhole = lines_.size() == rowsPerBlock_ && rowsPerBlock_ > 1;
-  if (!isWhole) {
+  if (!InsertBlock()) {
     InsertOneByOne();
-  } else {
-    hasSavepoints_ = hasSavepoints_ && TryStatement(u"SAVEPOINT scrivanta");
-    bool isDone = false;
-    try {
-      isDone = Insert(StatementFor(rowsPerBlock_), 0, lines_.size());
-    } catch (const DatabaseError&) {
-      // The statement with many rows could not even be prepared.
-    }
-    if (!isDone) {
-      // One of the rows is bad, or the database takes only one row a statement.
-      block_.reset();
-      if (hasSavepoints_) {
-        TryStatement(u"ROLLBACK TO SAVEPOINT scrivanta");
-      }
-      InsertOneByOne();
-      rowsPerBlock_ = 1;
-    }
   }
   cells_.clear();
   lines_.clear();
@@ -172,19 +188,72 @@ void OdbcFiller::Flush() {
   bytes_.clear();
 }
 
+bool OdbcFiller::InsertBlock() {
+  if (form_ == Form::kOneRow || (form_ == Form::kRows && lines_.size() != rowsPerBlock_)) {
+    return false;
+  }
+  hasSavepoints_ = hasSavepoints_ && TryStatement(u"SAVEPOINT scrivanta");
+  std::optional<DatabaseError> failure;
+  try {
+    OdbcStatement& statement = StatementFor(form_);
+    if (form_ == Form::kArrays ? InsertArrays(statement) : InsertRows(statement, 0, lines_.size())) {
+      hasChanged_ = true;
+      return true;
+    }
+    failure = statement.handle().Failure();
+  } catch (const DatabaseError& error) {
+    failure = error;  // the statement could not even be prepared
+  }
+  // One of the rows is bad, which shows when they go one by one, or the database does not take this form.
+  block_.reset();
+  if (hasSavepoints_ && !TryStatement(u"ROLLBACK TO SAVEPOINT scrivanta")) {
+    // A driver takes all of a transaction back where nothing but the savepoint would be lost.
+    if (hasChanged_) {
+      throw *failure;
+    }
+    connection_.End(false);
+  }
+  Use(form_ == Form::kArrays ? Form::kRows : Form::kOneRow);
+  return false;
+}
+
 void OdbcFiller::InsertOneByOne() {
   for (std::size_t row = 0; row < lines_.size(); ++row) {
-    OdbcStatement& statement = StatementFor(1);
-    if (!Insert(statement, row, 1)) {
+    OdbcStatement& statement = StatementFor(Form::kOneRow);
+    if (!InsertRows(statement, row, 1)) {
       Refuse(statement, row);
     }
+    hasChanged_ = true;
   }
 }
 
-bool OdbcFiller::Insert(OdbcStatement& statement, std::size_t firstRow, std::size_t rows) {
+bool OdbcFiller::InsertRows(OdbcStatement& statement, std::size_t firstRow, std::size_t rows) {
   const std::size_t count = columns_.size();
   for (std::size_t i = 0; i < rows * count; ++i) {
     Bind(statement, static_cast<SQLUSMALLINT>(i + 1), cells_[firstRow * count + i], columns_[i % count]);
+  }
+  return SQL_SUCCEEDED(SQLExecute(statement.get()));
+}
+
+bool OdbcFiller::InsertArrays(OdbcStatement& statement) {
+  arrays_.resize(columns_.size());
+  std::vector<SQLLEN> sizes(columns_.size());
+  for (std::size_t column = 0; column < columns_.size(); ++column) {
+    std::u16string& array = arrays_[column];
+    array = u"{";
+    for (std::size_t i = column; i < cells_.size(); i += columns_.size()) {
+      array += i == column ? u"" : u",";
+      if (cells_[i].isNull) {
+        array += u"NULL";
+      } else {
+        AppendElement(std::u16string_view(text_).substr(cells_[i].begin, cells_[i].length), array);
+      }
+    }
+    array += u'}';
+    sizes[column] = static_cast<SQLLEN>(array.size() * sizeof(char16_t));
+    statement.handle().Check(SQLBindParameter(statement.get(), static_cast<SQLUSMALLINT>(column + 1), SQL_PARAM_INPUT,
+                                              SQL_C_WCHAR, SQL_WLONGVARCHAR, array.size(), 0, OdbcText(array),
+                                              sizes[column], &sizes[column]));
   }
   return SQL_SUCCEEDED(SQLExecute(statement.get()));
 }

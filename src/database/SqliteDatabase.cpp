@@ -32,14 +32,17 @@ void AppendField(sqlite3_stmt* statement, int index, DatabaseRow& row) {
       return;
     case SQLITE_FLOAT:
       AppendReal(sqlite3_column_double(statement, index), row.text());
-      break;
+      row.EndNumber();
+      return;
     case SQLITE_BLOB:
       AppendHex(ColumnBytes(statement, index), row.text());
       break;
     case SQLITE_INTEGER:
       // Makes a text of it, whose bytes are then had.
       sqlite3_column_text(statement, index);
-      [[fallthrough]];
+      DecodeAppend(Encoding::kUtf8, ColumnBytes(statement, index), row.text());
+      row.EndNumber();
+      return;
     default:
       DecodeAppend(Encoding::kUtf8, ColumnBytes(statement, index), row.text());
   }

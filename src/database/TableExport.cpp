@@ -68,4 +68,36 @@ std::uint64_t ExportRows(RowReader& rows, LineWriter& out, const ExportOptions& 
   return number;
 }
 
+std::uint64_t ExportSheet(RowReader& rows, SheetWriter& sheet, const ExportOptions& options, Progress& progress) {
+  std::string bytes;
+  const auto inUtf8 = [&bytes](std::u16string_view text) -> const std::string& {
+    bytes.clear();
+    EncodeAppend(Encoding::kUtf8, text, bytes);
+    std::erase(bytes, '\r');  // a cell's lines end with LF
+    return bytes;
+  };
+  if (options.header) {
+    for (const std::u16string& name : rows.columns()) {
+      sheet.AddCell(inUtf8(name));
+    }
+    sheet.EndRow();
+  }
+  DatabaseRow row;
+  std::uint64_t number = 0;
+  while (rows.Next(row)) {
+    for (std::size_t i = 0; i < row.size(); ++i) {
+      if (row.IsNumber(i)) {
+        sheet.AddNumber(inUtf8(row[i]));
+      } else {
+        sheet.AddCell(inUtf8(row.IsNull(i) ? std::u16string_view(options.nullText) : row[i]));
+      }
+    }
+    sheet.EndRow();
+    if (++number % kRowsPerReport == 0) {
+      progress.Report(number, 0);
+    }
+  }
+  return number;
+}
+
 }  // namespace scrivanta

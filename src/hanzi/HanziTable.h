@@ -28,7 +28,7 @@ struct StrokeRow {
 };
 std::span<const StrokeRow> Strokes() noexcept;
 
-// In the order of their characters; one syllable a character, separated by spaces.
+// Of two characters or more, in their order; one syllable a character, separated by spaces.
 struct PhraseRow {
   std::u16string_view phrase;
   std::u16string_view syllables;

@@ -9,6 +9,8 @@ namespace scrivanta {
 
 namespace {
 
+constexpr std::size_t kFirstCharacters = 0x10000;  // phrases lie in the basic plane
+
 using SyllableNumbers = std::map<std::u16string_view, Syllable>;
 
 SyllableNumbers NumberSyllables() {
@@ -36,6 +38,9 @@ PhraseReadings::PhraseReadings(std::span<const PhraseRow> rows) {
   const SyllableNumbers numbers = NumberSyllables();
   for (const PhraseRow& row : rows) {
     phrases_.push_back({row.phrase, syllables_.size()});
+    if (row.phrase.size() > 1) {
+      beginnings_[PlaceOf(row.phrase[0], row.phrase[1])] = true;
+    }
     std::u16string_view rest = row.syllables;
     while (!rest.empty()) {
       const std::size_t end = std::min(rest.find(u' '), rest.size());
@@ -44,20 +49,31 @@ PhraseReadings::PhraseReadings(std::span<const PhraseRow> rows) {
     }
   }
   std::ranges::sort(phrases_, {}, &Phrase::characters);
+  auto phrase = phrases_.begin();
+  for (std::size_t first = 0; first < kFirstCharacters + 1; ++first) {
+    phrase = std::find_if(phrase, phrases_.end(), [first](const Phrase& p) { return p.characters.front() >= first; });
+    begins_.push_back(static_cast<std::uint16_t>(phrase - phrases_.begin()));
+  }
 }
 
 // Narrows the phrases down character by character; of those that begin alike the shortest stands first.
 PhraseReadings::Syllables PhraseReadings::FindAtBeginning(std::u16string_view text) const noexcept {
+  if (text.empty()) {
+    return {};
+  }
   const Phrase* longest = nullptr;
-  std::span<const Phrase> candidates = phrases_;
-  for (std::size_t at = 0; at < text.size() && !candidates.empty(); ++at) {
-    const auto unit = [at](const Phrase& phrase) { return phrase.characters[at]; };
-    const auto alike = std::ranges::equal_range(candidates, text[at], {}, unit);
-    candidates = {alike.begin(), alike.end()};
-    if (!candidates.empty() && candidates.front().characters.size() == at + 1) {
+  std::span<const Phrase> candidates(phrases_.begin() + begins_[text[0]], phrases_.begin() + begins_[text[0] + 1U]);
+  for (std::size_t length = 1; !candidates.empty(); ++length) {
+    if (candidates.front().characters.size() == length) {
       longest = &candidates.front();
       candidates = candidates.subspan(1);
     }
+    if (length == text.size()) {
+      break;
+    }
+    const auto unit = [length](const Phrase& phrase) { return phrase.characters[length]; };
+    const auto alike = std::ranges::equal_range(candidates, text[length], {}, unit);
+    candidates = {alike.begin(), alike.end()};
   }
   if (longest == nullptr) {
     return {};

@@ -1,7 +1,9 @@
 // The phrases in which a character is not read in its usual way, and the surnames.
 #pragma once
 
+#include <bitset>
 #include <cstddef>
+#include <cstdint>
 #include <span>
 #include <string_view>
 #include <vector>
@@ -20,6 +22,8 @@ class PhraseReadings {
   static const PhraseReadings& OfTexts() noexcept;
   static const PhraseReadings& OfSurnames() noexcept;
 
+  // Whether a phrase may begin with the two. That none does is told at once for nearly all that begin none.
+  bool MayBegin(char16_t first, char16_t second) const noexcept { return beginnings_[PlaceOf(first, second)]; }
   // The longest phrase with which the text begins; empty when there is none.
   Syllables FindAtBeginning(std::u16string_view text) const noexcept;
 
@@ -29,10 +33,19 @@ class PhraseReadings {
     std::size_t firstSyllable = 0;
   };
 
+  // So many that one in forty is set, and few enough for the processor to keep at hand.
+  static constexpr std::size_t kPlaces = 0x40000;
+
   explicit PhraseReadings(std::span<const PhraseRow> rows);
 
-  std::vector<Phrase> phrases_;  // sorted
+  static constexpr std::size_t PlaceOf(char16_t first, char16_t second) noexcept {
+    return (first * std::size_t{40503} + second) % kPlaces;
+  }
+
+  std::vector<Phrase> phrases_;        // sorted
+  std::vector<std::uint16_t> begins_;  // by their first character, in phrases_; one more behind the last
   std::vector<Syllable> syllables_;
+  std::bitset<kPlaces> beginnings_;  // of phrases of two characters or more
 };
 
 }  // namespace scrivanta

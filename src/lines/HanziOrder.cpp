@@ -2,6 +2,7 @@
 
 #include "hanzi/ReadHanzi.h"
 #include "lines/PacedProgress.h"
+#include "text/CodePoints.h"
 
 namespace scrivanta {
 
@@ -17,16 +18,16 @@ std::uint32_t RankOfOther(char32_t character) {
   return character < kFurtherHanzi ? character + 1 : kUnknown + character;
 }
 
-std::uint32_t RankByReading(const ReadCharacter& read) {
-  const std::uint32_t place = HanziOf(read.character).strokePlace;
-  if (read.syllable != kNoSyllable) {
-    return kHanzi + ((std::uint32_t{read.syllable} << kStrokePlaceBits) | place);
+std::uint32_t RankByReading(char32_t character, Syllable syllable) {
+  const std::uint32_t place = HanziData::Get().StrokePlaceOf(character);
+  if (syllable != kNoSyllable) {
+    return kHanzi + ((std::uint32_t{syllable} << kStrokePlaceBits) | place);
   }
-  return place > 0 ? kUnread + place : RankOfOther(read.character);
+  return place > 0 ? kUnread + place : RankOfOther(character);
 }
 
 std::uint32_t RankByStrokes(char32_t character) {
-  const std::uint32_t place = HanziOf(character).strokePlace;
+  const std::uint32_t place = HanziData::Get().StrokePlaceOf(character);
   return place > 0 ? kHanzi + place : RankOfOther(character);
 }
 
@@ -73,10 +74,15 @@ void HanziOrder::RankLines(std::span<const KeyedLine> lines) {
 void HanziOrder::RankLine(std::string_view line) {
   text_.clear();
   DecodeAppend(encoding_, line, text_);
-  if (by_ == HanziOrderBy::kPinyin) {
-    ForEachReading(text_, ReadAs::kText, [&](const ReadCharacter& read) { ranks_.push_back(RankByReading(read)); });
-  } else {
+  if (by_ == HanziOrderBy::kStrokes) {
     ForEachCodePoint(text_, [&](char32_t character) { ranks_.push_back(RankByStrokes(character)); });
+    return;
+  }
+  ReadHanzi(text_, ReadAs::kText, readings_);
+  for (std::size_t at = 0; at < text_.size();) {
+    const char32_t character = CodePointAt(text_, at);
+    ranks_.push_back(RankByReading(character, readings_[at].syllable()));
+    at += UnitsOf(character);
   }
 }
 

@@ -6,6 +6,7 @@
 #include <string_view>
 #include <vector>
 
+#include "hanzi/Hanzi.h"
 #include "lines/LineStore.h"
 #include "lines/duplicates/KeyedLine.h"
 #include "text/Encoding.h"
@@ -46,6 +47,7 @@ class HanziOrder {
   Progress& progress_;
   std::u16string text_;
   std::size_t firstIndex_ = 0;
+  std::vector<Reading> readings_;
   std::vector<Rank> ranks_;          // of all lines, each ended by a 0
   std::vector<std::size_t> begins_;  // in ranks_, by index from firstIndex_
 };

@@ -12,7 +12,7 @@ namespace scrivanta {
 namespace {
 
 std::u16string_view WithoutWrapping(std::u16string_view line) {
-  constexpr std::u16string_view kAround = u" \t\"\r\n\u3000";
+  static constexpr std::u16string_view kAround = u" \t\"\r\n\u3000";
   const auto strip = [](std::u16string_view text) {
     const std::size_t first = std::min(text.find_first_not_of(kAround), text.size());
     text.remove_prefix(first);

@@ -1,5 +1,8 @@
 #include "tables/JoinHandler.h"
 
+#include <memory>
+#include <optional>
+
 #include "tables/TableDialogs.h"
 #include "tables/TextChoices.h"
 #include "text/DecimalText.h"
@@ -22,10 +25,9 @@ JoinOptions OptionsOf(const JoinChoices& choices) {
           .secondFormat = FormatOfWord(choices.secondDelimiter)};
 }
 
-std::size_t CountColumnsOf(std::string_view table, const RecordFormat& format, Progress& progress) {
-  MemorySource source(table);
-  RecordReader records(source, format, progress);
-  return CountColumns(records);
+OpenTable TableOf(std::string_view text, const RecordFormat& format, Progress& progress) {
+  const auto source = std::make_shared<std::optional<MemorySource>>();
+  return [text, &format, &progress, source] { return RecordReader(source->emplace(text), format, progress); };
 }
 
 std::u16string StatusOf(const JoinCounts& counts) {
@@ -37,16 +39,11 @@ std::u16string StatusOf(const JoinCounts& counts) {
 Conversion JoinConversion(const JoinOptions& options, std::string_view second, ByteSink& firstList,
                           ByteSink& secondList) {
   return [&options, second, &firstList, &secondList](std::string_view input, LineWriter& out, Progress& progress) {
-    const std::size_t firstColumns = CountColumnsOf(input, options.format, progress);
-    const std::size_t secondColumns = CountColumnsOf(second, options.secondFormat, progress);
-    MemorySource firstSource(input);
-    MemorySource secondSource(second);
-    RecordReader firstRecords(firstSource, options.format, progress);
-    RecordReader secondRecords(secondSource, options.secondFormat, progress);
     LineWriter firstWriter(firstList);
     LineWriter secondWriter(secondList);
-    const JoinCounts counts = JoinTables({firstRecords, firstColumns}, {secondRecords, secondColumns}, options,
-                                         {out, &firstWriter, &secondWriter}, progress);
+    const JoinCounts counts =
+        JoinTables(TableOf(input, options.format, progress), TableOf(second, options.secondFormat, progress), options,
+                   {out, &firstWriter, &secondWriter}, progress);
     firstWriter.Flush();
     secondWriter.Flush();
     return StatusOf(counts);

@@ -1,5 +1,8 @@
 #include "tables/PinyinInitials.h"
 
+#include <algorithm>
+
+#include "text/CodePoints.h"
 #include "text/DecimalText.h"
 
 namespace scrivanta {
@@ -41,47 +44,49 @@ void AppendCodePoint(std::u16string& text, char32_t c) {
 class InitialsOfLine {
  public:
   InitialsOfLine(const InitialsOptions& options, std::vector<DoubtfulCharacter>* doubtful)
-      : options_(options), doubtful_(doubtful) {}
+      : options_(options), doubtful_(doubtful) {
+    constexpr char16_t kToSmall = u'a' - u'A';
+    for (std::size_t syllable = 0; syllable <= SyllableCount(); ++syllable) {
+      const char16_t capital = InitialOf(static_cast<Syllable>(syllable));
+      letters_ += options.small ? static_cast<char16_t>(capital + kToSmall) : capital;
+    }
+  }
 
   // In the encoding of the lines; valid until the next call.
   std::string_view Of(std::string_view line, std::uint64_t number) {
     text_.clear();
-    letters_.clear();
     bytes_.clear();
     DecodeAppend(options_.encoding, line, text_);
+    ReadHanzi(text_, options_.readAs, readings_);
+    initials_.resize(text_.size());  // no character gives more units than it has
+    char16_t* end = initials_.data();
     std::uint64_t position = 0;
-    ForEachReading(text_, options_.readAs, [&](const ReadCharacter& read) {
+    for (std::size_t at = 0; at < text_.size() && !(options_.firstOnly && end != initials_.data());) {
       ++position;
-      if (options_.firstOnly && !letters_.empty()) {
-        return;
-      }
-      if (read.syllable == kNoSyllable) {
-        if (Passes(read.character)) {
-          AppendCodePoint(letters_, read.character);
+      const Reading reading = readings_[at];
+      const char32_t character = CodePointAt(text_, at);
+      if (reading.syllable() != kNoSyllable) {
+        const char16_t letter = letters_[reading.syllable()];
+        *end++ = letter;
+        if (doubtful_ != nullptr && reading.isDoubtful()) {
+          doubtful_->push_back({number, position, character, letter, OtherInitialsOf(character)});
         }
-        return;
+      } else if (Passes(character)) {
+        end = std::copy_n(text_.data() + at, UnitsOf(character), end);
       }
-      const char16_t letter = Letter(read.syllable);
-      letters_ += letter;
-      if (read.isDoubtful && doubtful_ != nullptr) {
-        doubtful_->push_back({number, position, read.character, letter, OtherInitialsOf(read.character)});
-      }
-    });
-    EncodeAppend(options_.encoding, letters_, bytes_);
+      at += UnitsOf(character);
+    }
+    EncodeAppend(options_.encoding, {initials_.data(), end}, bytes_);
     return bytes_;
   }
 
  private:
-  char16_t Letter(Syllable syllable) const {
-    constexpr char16_t kToSmall = u'a' - u'A';
-    const char16_t capital = InitialOf(syllable);
-    return options_.small ? static_cast<char16_t>(capital + kToSmall) : capital;
-  }
-
   const InitialsOptions& options_;
   std::vector<DoubtfulCharacter>* doubtful_;
+  std::u16string letters_;  // by syllable
   std::u16string text_;
-  std::u16string letters_;
+  std::vector<Reading> readings_;
+  std::u16string initials_;
   std::string bytes_;
 };
 
@@ -95,12 +100,16 @@ void AddInitials(LineReader& in, LineWriter& out, const InitialsOptions& options
     switch (options.place) {
       case InitialsPlace::kBefore:
         out.WriteRaw(letters);
-        out.WriteRaw(letters.empty() ? "" : " ");
+        if (!letters.empty()) {
+          out.WriteRaw(" ");
+        }
         out.WriteLine(in.line());
         break;
       case InitialsPlace::kBehind:
         out.WriteRaw(in.line());
-        out.WriteRaw(letters.empty() ? "" : " ");
+        if (!letters.empty()) {
+          out.WriteRaw(" ");
+        }
         out.WriteLine(letters);
         break;
       case InitialsPlace::kColumn:

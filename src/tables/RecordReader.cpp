@@ -1,7 +1,5 @@
 #include "tables/RecordReader.h"
 
-#include <algorithm>
-
 namespace scrivanta {
 
 namespace {
@@ -49,14 +47,6 @@ bool RecordReader::Next() {
       return true;
     }
   }
-}
-
-std::size_t CountColumns(RecordReader& records) {
-  std::size_t columns = 0;
-  while (records.Next()) {
-    columns = std::max(columns, records.fields().size());
-  }
-  return columns;
 }
 
 }  // namespace scrivanta

@@ -55,7 +55,4 @@ class RecordReader {
   std::uint64_t line_ = 0;
 };
 
-// The number of fields of the widest record. Reads to the end.
-std::size_t CountColumns(RecordReader& records);
-
 }  // namespace scrivanta

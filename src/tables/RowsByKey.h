@@ -23,9 +23,13 @@ class RowsByKey {
   std::uint32_t NextRow(std::uint32_t row) const { return rows_[row].next; }
   std::uint32_t KeyOfRow(std::uint32_t row) const { return rows_[row].key; }
   std::size_t rowCount() const noexcept { return rows_.size(); }
+  std::size_t keyCount() const noexcept { return keys_.size(); }
 
-  void Mark(std::uint32_t key) { keys_[key].isMarked = true; }
+  void Mark(std::uint32_t key);
+  void UnmarkAll();
   bool IsMarked(std::uint32_t key) const { return keys_[key].isMarked; }
+  // The key's number; kNone also when it is not marked. Quick for nearly all that are not, while few are.
+  std::uint32_t FindMarked(std::string_view key) const;
 
  private:
   struct Key {
@@ -41,12 +45,15 @@ class RowsByKey {
     std::uint32_t next = kNone;
   };
 
+  static constexpr std::size_t kMarks = 0x400000;
+
   std::size_t SlotOf(std::string_view key, std::uint32_t hash) const;
   void Grow();
 
   std::string text_;  // of all keys
   std::vector<Key> keys_;
   std::vector<Row> rows_;
+  std::vector<bool> marks_ = std::vector<bool>(kMarks);  // by hash, whether a marked key may have it
   std::vector<std::uint32_t> slots_;  // numbers of keys; a power of two of them, at most half of them taken
 };
 

@@ -1,4 +1,4 @@
-// The table that is held in memory while another is joined with it.
+// The second table of a join, held in memory while the first is joined with it.
 #pragma once
 
 #include <cstddef>
@@ -7,9 +7,8 @@
 #include <string_view>
 #include <vector>
 
-#include "tables/KeyText.h"
+#include "tables/JoinedRows.h"
 #include "tables/RecordReader.h"
-#include "tables/RecordWriter.h"
 #include "tables/RowsByKey.h"
 
 namespace scrivanta {
@@ -17,14 +16,13 @@ namespace scrivanta {
 class SecondTable {
  public:
   // Keeps the rows as they stand only when they are asked for.
-  SecondTable(const RecordFormat& format, bool keepsRows, const FieldEncoder& encoder)
-      : splitter_(MakeFieldSplitter(format, progress_)), keepsRows_(keepsRows), encoder_(encoder) {}
+  SecondTable(const RecordFormat& format, bool keepsRows)
+      : splitter_(MakeFieldSplitter(format, progress_)), keepsRows_(keepsRows) {}
 
-  // Takes the reader's record. The chosen columns, from 0, are what comes out of it. Throws RecordError.
-  void Add(const RecordReader& record, KeyText& key, const std::vector<std::size_t>& columns);
+  // Takes the reader's record. Throws RecordError.
+  void Add(const RecordReader& record, JoinedRows& joined);
 
   RowsByKey& rows() noexcept { return rows_; }
-  // The chosen fields of the row, each behind a delimiter.
   std::string_view Tail(std::uint32_t row) const { return Part(tails_, tailEnds_, row); }
   // The row as it stands, and its fields, which are valid until the next call.
   std::string_view Raw(std::uint32_t row) const { return Part(raws_, rawEnds_, row); }
@@ -39,7 +37,6 @@ class SecondTable {
   NoProgress progress_;
   std::unique_ptr<FieldSplitter> splitter_;
   bool keepsRows_;
-  const FieldEncoder& encoder_;
   RowsByKey rows_;
   std::string tails_;
   std::vector<std::size_t> tailEnds_;
@@ -47,10 +44,5 @@ class SecondTable {
   std::vector<std::size_t> rawEnds_;
   Fields fields_;
 };
-
-// Appends the fields in the columns, from 0, each behind a delimiter. Throws RecordError, which says that it is of the
-// second table.
-void AppendTail(const RecordReader& record, const std::vector<std::size_t>& columns, const FieldEncoder& encoder,
-                std::string& tail);
 
 }  // namespace scrivanta

@@ -3,207 +3,215 @@
 #include <algorithm>
 #include <optional>
 
-#include "tables/ColumnNames.h"
+#include "tables/JoinedRows.h"
+#include "tables/PartnersByKey.h"
 #include "tables/SecondTable.h"
 
 namespace scrivanta {
 
 namespace {
 
-constexpr std::uint64_t kRowsBetweenReports = 4096;
+struct TableSize {
+  std::size_t columns = 0;
+  std::uint64_t bytes = 0;
+};
 
-std::vector<std::size_t> AllColumnsBut(std::size_t count, const std::vector<std::size_t>& left) {
-  std::vector<std::size_t> columns;
-  for (std::size_t i = 0; i < count; ++i) {
-    if (std::find(left.begin(), left.end(), i) == left.end()) {
-      columns.push_back(i);
-    }
+TableSize SizeOf(const OpenTable& open) {
+  RecordReader records = open();
+  TableSize size;
+  while (records.Next()) {
+    size.columns = std::max(size.columns, records.fields().size());
+    size.bytes += records.raw().size();
   }
-  return columns;
+  return size;
 }
 
-class Join {
- public:
-  Join(JoinedTable first, JoinedTable second, const JoinOptions& options, const JoinOutputs& outputs,
-       Progress& progress)
-      : first_(first.records),
-        firstColumns_(first.columns),
-        second_(second.records),
-        secondColumns_(second.columns),
-        options_(options),
-        outputs_(outputs),
-        progress_(progress),
-        encoder_(options.format),
-        table_(options.secondFormat, KeepsSecondRows() || outputs.unmatchedSecond != nullptr, encoder_) {}
+// Opens a table in front of its first row.
+RecordReader OpenRows(const OpenTable& open, const JoinOptions& options) {
+  RecordReader records = open();
+  if (options.hasHeader) {
+    records.Next();
+  }
+  return records;
+}
 
-  JoinCounts Run() {
-    const bool hasFirst = first_.Next();
-    const bool hasSecond = second_.Next();
-    ChooseColumns();
-    if (options_.hasHeader) {
-      WriteHeader(hasFirst, hasSecond);
+void JoinWithHeldSecond(const OpenTable& openFirst, const OpenTable& openSecond, const JoinOptions& options,
+                        JoinedRows& joined) {
+  SecondTable table(options.secondFormat, joined.KeepsUnmatchedSecond() || joined.ListsUnmatchedSecond());
+  for (RecordReader second = OpenRows(openSecond, options); second.Next();) {
+    table.Add(second, joined);
+  }
+  RowsByKey& rows = table.rows();
+  for (RecordReader first = OpenRows(openFirst, options); first.Next();) {
+    const std::uint32_t key = rows.Find(joined.KeyOfFirst(first));
+    if (key == RowsByKey::kNone) {
+      joined.WriteUnmatchedFirst(first);
+      continue;
     }
-    for (bool more = hasSecond && (!options_.hasHeader || second_.Next()); more; more = second_.Next()) {
-      table_.Add(second_, *secondKey_, secondChosen_);
+    rows.Mark(key);
+    joined.TakeFirst(first);
+    for (std::uint32_t row = rows.FirstRow(key); row != RowsByKey::kNone; row = rows.NextRow(row)) {
+      joined.WriteWith(table.Tail(row));
     }
-    for (bool more = hasFirst && (!options_.hasHeader || first_.Next()); more; more = first_.Next()) {
-      JoinRow();
+  }
+  for (std::uint32_t row = 0; row < rows.rowCount(); ++row) {
+    if (rows.IsMarked(rows.KeyOfRow(row))) {
+      continue;
     }
-    WriteRestOfSecond();
-    return counts_;
+    joined.ListUnmatchedSecond(joined.ListsUnmatchedSecond() ? table.Raw(row) : std::string_view());
+    if (joined.KeepsUnmatchedSecond()) {
+      joined.WriteUnmatchedSecond(table.FieldsOf(row), table.Tail(row));
+    }
+  }
+}
+
+// Holds the keys of the first table and as many partners as it may: those of some rows of the first table after the
+// other, with a reading of the second for each lot of them.
+class JoinWithStreamedSecond {
+ public:
+  JoinWithStreamedSecond(const OpenTable& openFirst, const OpenTable& openSecond, const JoinOptions& options,
+                         JoinedRows& joined)
+      : openFirst_(openFirst), openSecond_(openSecond), options_(options), joined_(joined) {}
+
+  void Run() {
+    for (RecordReader first = OpenRows(openFirst_, options_); first.Next();) {
+      rows_.Add(joined_.KeyOfFirst(first));
+    }
+    partners_.emplace(rows_.keyCount());
+    bytes_.resize(rows_.keyCount());
+    const bool holdsAll = LookThroughSecond();
+    RecordReader first = OpenRows(openFirst_, options_);
+    for (std::uint32_t begin = 0; begin < rows_.rowCount();) {
+      const std::uint32_t end = holdsAll ? static_cast<std::uint32_t>(rows_.rowCount()) : EndOfLot(begin);
+      if (!holdsAll) {
+        HoldPartners(begin, end);
+      }
+      for (std::uint32_t row = begin; row < end; ++row) {
+        first.Next();
+        JoinRow(first, rows_.KeyOfRow(row));
+      }
+      begin = end;
+    }
+    if (joined_.KeepsUnmatchedSecond()) {
+      WriteUnmatchedSecond();
+    }
   }
 
  private:
-  bool KeepsFirstRows() const { return options_.kind == JoinKind::kLeft || options_.kind == JoinKind::kFull; }
-  bool KeepsSecondRows() const { return options_.kind == JoinKind::kRight || options_.kind == JoinKind::kFull; }
-
-  // With the readers at the first records.
-  void ChooseColumns() {
-    std::vector<std::u16string> firstHeaders;
-    std::vector<std::u16string> secondHeaders;
-    if (options_.hasHeader) {
-      firstHeaders = HeadersOf(first_, options_.format.encoding);
-      secondHeaders = HeadersOf(second_, options_.secondFormat.encoding);
-    }
-    const auto key = FindColumns(options_.key, firstHeaders, firstColumns_);
-    const auto secondKey =
-        FindColumns(options_.secondKey.empty() ? options_.key : options_.secondKey, secondHeaders, secondColumns_);
-    if (key.size() != secondKey.size()) {
-      throw ColumnError("the keys of the two tables have different numbers of columns", u"两个表的关联列数目不同");
-    }
-    // The key has a column even where the table has no record.
-    firstColumns_ = std::max(firstColumns_, *std::max_element(key.begin(), key.end()) + 1);
-    firstChosen_ = options_.columns.empty() ? AllColumnsBut(firstColumns_, {})
-                                            : FindColumns(options_.columns, firstHeaders, firstColumns_);
-    secondChosen_ = options_.secondColumns.empty() ? AllColumnsBut(secondColumns_, secondKey)
-                                                   : FindColumns(options_.secondColumns, secondHeaders, secondColumns_);
-    firstKey_.emplace(key, options_.comparison, options_.format.encoding);
-    secondKey_.emplace(secondKey, options_.comparison, options_.secondFormat.encoding);
-    for (std::size_t i = 0; i < secondChosen_.size(); ++i) {
-      emptyTail_ += encoder_.delimiter();
-    }
-  }
-
-  void WriteHeader(bool hasFirst, bool hasSecond) {
-    std::string tail;
-    AppendTail(second_, secondChosen_, encoder_, tail);
-    FillFront([this](std::size_t column) { return first_.Field(column); }, first_.line());
-    outputs_.joined.WriteLine(front_ + tail);
-    if (hasFirst && outputs_.unmatchedFirst != nullptr) {
-      outputs_.unmatchedFirst->WriteLine(first_.raw());
-    }
-    if (hasSecond && outputs_.unmatchedSecond != nullptr) {
-      outputs_.unmatchedSecond->WriteLine(second_.raw());
-    }
-  }
-
-  void JoinRow() {
-    RowsByKey& rows = table_.rows();
-    const std::uint32_t key = rows.Find(firstKey_->Of(first_));
-    if (key == RowsByKey::kNone) {
-      ++counts_.unmatchedFirst;
-      if (outputs_.unmatchedFirst != nullptr) {
-        outputs_.unmatchedFirst->WriteLine(first_.raw());
-      }
-      if (KeepsFirstRows()) {
-        FillFrontFromFirst();
-        WriteJoined(emptyTail_);
-      }
-      return;
-    }
-    rows.Mark(key);
-    FillFrontFromFirst();
-    for (std::uint32_t row = rows.FirstRow(key); row != RowsByKey::kNone; row = rows.NextRow(row)) {
-      WriteJoined(table_.Tail(row));
-    }
-  }
-
-  void WriteRestOfSecond() {
-    RowsByKey& rows = table_.rows();
-    for (std::uint32_t row = 0; row < rows.rowCount(); ++row) {
-      if (rows.IsMarked(rows.KeyOfRow(row))) {
+  // Counts what the partners of each key take, and lists the rows that have none. Whether all partners could be held.
+  bool LookThroughSecond() {
+    bool holdsAll = true;
+    for (RecordReader second = OpenRows(openSecond_, options_); second.Next();) {
+      const std::uint32_t key = rows_.Find(joined_.KeyOfSecond(second));
+      if (key == RowsByKey::kNone) {
+        joined_.ListUnmatchedSecond(second.raw());
         continue;
       }
-      ++counts_.unmatchedSecond;
-      if (outputs_.unmatchedSecond != nullptr) {
-        outputs_.unmatchedSecond->WriteLine(table_.Raw(row));
+      tail_.clear();
+      joined_.AppendTail(second, tail_);
+      bytes_[key] += tail_.size() + PartnersByKey::kBytesOfRow;
+      if (holdsAll) {
+        partners_->Add(key, tail_);
+        holdsAll = partners_->bytes() <= options_.heldBytes;
       }
-      if (KeepsSecondRows()) {
-        FillFrontFromKey(table_.FieldsOf(row));
-        WriteJoined(table_.Tail(row));
+    }
+    return holdsAll;
+  }
+
+  // The lot takes rows, but one at least, until their partners would be too many. The keys are marked.
+  std::uint32_t EndOfLot(std::uint32_t begin) {
+    rows_.UnmarkAll();
+    std::size_t bytes = 0;
+    std::uint32_t row = begin;
+    for (; row < rows_.rowCount(); ++row) {
+      const std::uint32_t key = rows_.KeyOfRow(row);
+      if (rows_.IsMarked(key)) {
+        continue;
+      }
+      bytes += bytes_[key];
+      if (bytes > options_.heldBytes && row > begin) {
+        break;
+      }
+      rows_.Mark(key);
+    }
+    return row;
+  }
+
+  void HoldPartners(std::uint32_t begin, std::uint32_t end) {
+    partners_->Clear();
+    const auto hasPartners = [this](std::uint32_t row) { return bytes_[rows_.KeyOfRow(row)] > 0; };
+    bool any = false;
+    for (std::uint32_t row = begin; row < end && !any; ++row) {
+      any = hasPartners(row);
+    }
+    if (!any) {
+      return;
+    }
+    for (RecordReader second = OpenRows(openSecond_, options_); second.Next();) {
+      const std::uint32_t key = rows_.FindMarked(joined_.KeyOfSecond(second));
+      if (key != RowsByKey::kNone) {
+        tail_.clear();
+        joined_.AppendTail(second, tail_);
+        partners_->Add(key, tail_);
       }
     }
   }
 
-  void FillFrontFromFirst() {
-    const bool standsAsItIs = options_.columns.empty() && first_.fields().size() == firstColumns_ &&
-                              options_.format.separation == Separation::kTab;
-    if (standsAsItIs) {
-      front_ = first_.raw();
-    } else {
-      FillFront([this](std::size_t column) { return first_.Field(column); }, first_.line());
+  void JoinRow(const RecordReader& first, std::uint32_t key) {
+    if (bytes_[key] == 0) {
+      joined_.WriteUnmatchedFirst(first);
+      return;
+    }
+    joined_.TakeFirst(first);
+    for (std::uint32_t row = partners_->FirstRow(key); row != PartnersByKey::kNone; row = partners_->NextRow(row)) {
+      joined_.WriteWith(partners_->Tail(row));
     }
   }
 
-  // The fields of a row of the second table: only the key stands in the columns of the first.
-  void FillFrontFromKey(const Fields& fields) {
-    const auto& columns = firstKey_->columns();
-    FillFront(
-        [&](std::size_t column) {
-          const auto at = std::find(columns.begin(), columns.end(), column);
-          const std::size_t its = at == columns.end()
-                                      ? fields.size()
-                                      : secondKey_->columns()[static_cast<std::size_t>(at - columns.begin())];
-          return its < fields.size() ? fields[its] : std::string_view();
-        },
-        0);
-  }
-
-  template <typename FieldOf>
-  void FillFront(const FieldOf& fieldOf, std::uint64_t line) {
-    front_.clear();
-    for (std::size_t i = 0; i < firstChosen_.size(); ++i) {
-      if (i > 0) {
-        front_ += encoder_.delimiter();
-      }
-      if (!encoder_.Append(fieldOf(firstChosen_[i]), front_)) {
-        throw RecordError(line, firstChosen_[i] + 1, "the field holds a delimiter or a line break",
-                          u"字段中有分隔符或换行");
+  void WriteUnmatchedSecond() {
+    for (RecordReader second = OpenRows(openSecond_, options_); second.Next();) {
+      if (rows_.Find(joined_.KeyOfSecond(second)) == RowsByKey::kNone) {
+        tail_.clear();
+        joined_.AppendTail(second, tail_);
+        joined_.WriteUnmatchedSecond(second.fields(), tail_);
       }
     }
   }
 
-  void WriteJoined(std::string_view tail) {
-    outputs_.joined.WriteRaw(front_);
-    outputs_.joined.WriteLine(tail);
-    if (++counts_.joined % kRowsBetweenReports == 0) {
-      progress_.Report(first_.number(), 0);
-    }
-  }
-
-  RecordReader& first_;
-  std::size_t firstColumns_;
-  RecordReader& second_;
-  std::size_t secondColumns_;
+  const OpenTable& openFirst_;
+  const OpenTable& openSecond_;
   const JoinOptions& options_;
-  JoinOutputs outputs_;
-  Progress& progress_;
-  FieldEncoder encoder_;
-  SecondTable table_;
-  std::optional<KeyText> firstKey_;
-  std::optional<KeyText> secondKey_;
-  std::vector<std::size_t> firstChosen_;
-  std::vector<std::size_t> secondChosen_;
-  std::string front_;  // what of the joined row is the first table's
-  std::string emptyTail_;
-  JoinCounts counts_;
+  JoinedRows& joined_;
+  RowsByKey rows_;                         // of the first table
+  std::vector<std::uint64_t> bytes_;       // of the partners, by key; 0 where there are none
+  std::optional<PartnersByKey> partners_;  // by the same keys
+  std::string tail_;
 };
 
 }  // namespace
 
-JoinCounts JoinTables(JoinedTable first, JoinedTable second, const JoinOptions& options, const JoinOutputs& outputs,
-                      Progress& progress) {
-  return Join(first, second, options, outputs, progress).Run();
+JoinCounts JoinTables(const OpenTable& openFirst, const OpenTable& openSecond, const JoinOptions& options,
+                      const JoinOutputs& outputs, Progress& progress) {
+  const TableSize firstSize = SizeOf(openFirst);
+  const TableSize secondSize = SizeOf(openSecond);
+  JoinedRows joined(options, outputs, progress);
+  {
+    RecordReader first = openFirst();
+    RecordReader second = openSecond();
+    first.Next();
+    second.Next();
+    joined.ChooseColumns(first, firstSize.columns, second, secondSize.columns);
+    if (options.hasHeader) {
+      joined.WriteHeader(first, second);
+    }
+  }
+  // Holding the second needs fewer readings, so it is held while the tables are of about the same size.
+  if (secondSize.bytes / 2 > firstSize.bytes) {
+    JoinWithStreamedSecond(openFirst, openSecond, options, joined).Run();
+  } else {
+    JoinWithHeldSecond(openFirst, openSecond, options, joined);
+  }
+  return joined.counts();
 }
 
 }  // namespace scrivanta

@@ -1,8 +1,9 @@
-// Two tables joined on their keys. The first is streamed, the second is held in memory.
+// Two tables joined on their keys. Memory grows with the smaller of them.
 #pragma once
 
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <string>
 
 #include "tables/KeyText.h"
@@ -29,6 +30,9 @@ struct JoinOptions {
   bool hasHeader = false;          // the first record of each table names the columns
   RecordFormat format = {};        // of the first table and of the result
   RecordFormat secondFormat = {};  // in the same encoding
+  // Of rows of the second table beside the keys of the first, when the first is the smaller one. Rows of one key are
+  // held together whatever they take.
+  std::size_t heldBytes = 128 * 1024 * 1024;
 };
 
 // Where the rows go; the lists without a partner are left out where there is no writer. A list begins with the header
@@ -39,12 +43,8 @@ struct JoinOutputs {
   LineWriter* unmatchedSecond = nullptr;
 };
 
-// A table to be joined, at its beginning, and the number of its columns (CountColumns): shorter records are filled up
-// to it.
-struct JoinedTable {
-  RecordReader& records;
-  std::size_t columns = 0;
-};
+// Opens a table at its beginning, again and again; what was opened before is not read any more.
+using OpenTable = std::function<RecordReader()>;
 
 // Rows without headers.
 struct JoinCounts {
@@ -55,8 +55,9 @@ struct JoinCounts {
 
 // The columns of the first table, then those of the second, in the order of the first; a row with several partners
 // comes once with each, in the order of the second. Last what only the second has, in its order, its key in the first's
-// key columns. A field that a side lacks is empty. Throws ColumnError, RecordError, Interrupted.
-JoinCounts JoinTables(JoinedTable first, JoinedTable second, const JoinOptions& options, const JoinOutputs& outputs,
-                      Progress& progress);
+// key columns. A field that a side lacks is empty, and shorter records are filled up. Throws ColumnError, RecordError,
+// Interrupted.
+JoinCounts JoinTables(const OpenTable& openFirst, const OpenTable& openSecond, const JoinOptions& options,
+                      const JoinOutputs& outputs, Progress& progress);
 
 }  // namespace scrivanta

@@ -1,5 +1,5 @@
 // A phone book on its way through the window: from the table in the document to cards, and from the cards to a sheet.
-#include "contacts/SheetFile.h"
+#include "sheets/SheetFile.h"
 #include "window/driver/WindowTest.h"
 
 namespace scrivanta {
@@ -23,7 +23,7 @@ TEST_F(ContactsTest, ATableBecomesCardsAndTheCardsASheet) {
       .defaultAnswer = Answer::kNo};
   app.ExpectBox(duplicates).Answer(Answer::kYes);
   app.ChooseFile(cards);
-  app.ExpectStatus(u"1个联系人，1个号码");
+  app.ExpectRemark(u"1个联系人，1个号码");
 
   // No program opens a sheet here: the table becomes a new document.
   app.Menu("mnuAndroidPhoneBookEncode");
@@ -32,7 +32,7 @@ TEST_F(ContactsTest, ATableBecomesCardsAndTheCardsASheet) {
   app.ExpectText(
       u"姓名\t手机\t住宅电话\t单位电话\t传真\t邮箱\t地址\t单位\t职务\t生日\t网址\t备注\t其他\r\n"
       u"张三\t0013800138000\t\t\t\t\t\t\t\t\t\t\t\r\n");
-  app.ExpectStatus(u"1个联系人，1个号码");
+  app.ExpectRemark(u"1个联系人，1个号码");
   NoProgress progress;
   EXPECT_EQ(ReadFirstSheet(ReadBytes(sheet), progress).rows.at(1).cells,
             (std::vector<std::string>{"\xE5\xBC\xA0\xE4\xB8\x89", "0013800138000"}));

@@ -28,12 +28,6 @@ class FindTest : public WindowTest {
 
   void ExpectSelected(TextRange range) { EXPECT_EQ(app.Editor().Selection(), range); }
 
-  // Behind the path of the document.
-  void ExpectRemark(const std::u16string& remark) {
-    const std::u16string path = app.Caption().substr(std::u16string_view(u"Scrivanta ").size());
-    app.ExpectStatus((app.Caption() == u"Scrivanta.1" ? u"状态" : path) + u"    " + remark);
-  }
-
   static Message NotFound() { return {.text = u"未找到结果", .icon = Icon::kInformation, .systemModal = true}; }
 };
 
@@ -134,7 +128,7 @@ TEST_F(FindTest, FindsPlainAndByPatternUpAndDown) {
   ExpectSelected({{7}, 3});
   dialog.Press(CmdReplaceAll);  // within the selection only
   app.ExpectText(u"中 <1>\r\n<22> A1\r\n");
-  ExpectRemark(u"已替换1处");
+  app.ExpectRemark(u"已替换1处");
   dialog.Type(Combo1, u"[ab](").Press(CmdFindNext);
   app.ExpectBox({.text = u"正则表达式有误：第5个字符：这个左括号“(”没有与之配对的“)”。",
                  .icon = Icon::kCritical,
@@ -152,7 +146,7 @@ TEST_F(FindTest, TakesTokensAndReplacesAll) {
   app.Editor().Select({});
   dialog.Press(CmdReplaceAll);
   app.ExpectText(u"一，\t二\t三.三，\t");
-  ExpectRemark(u"已替换2处");
+  app.ExpectRemark(u"已替换2处");
   dialog.Type(Combo1, u".").Type(Combo2, u"\\1|$&").Press(CmdReplaceAll);
   app.ExpectText(u"一，\t二\t三\\1|$&三，\t");
   app.Menu("mnuUndo");
@@ -201,7 +195,7 @@ TEST_F(FindTest, ReplacesWithinTheFormattingAlone) {
   for (const Step& step : steps) {
     dialog.Type(Combo1, step.find).Type(Combo2, step.replacement).Press(CmdReplaceAll);
     app.ExpectText(step.text);
-    ExpectRemark(step.status);
+    app.ExpectRemark(step.status);
   }
   EXPECT_EQ(formatOf(u"中文"), red);
   EXPECT_EQ(formatOf(u"零"), red);
@@ -336,14 +330,14 @@ TEST_F(FindTest, SearchesAndReplacesInTheFilesOfAFolder) {
   EXPECT_EQ(ReadBytes(gbk), Gbk(u"旧账\r\n另一笔旧账\r\n"));
   dialog.Press(CmdReplaceInFile);
   app.ExpectBox(question).Answer(Answer::kYes);
-  app.ExpectBox(
-         {.text = u"已全部替换！\n以下文件未能替换：\n" + locked.u16string() + u"：没有权限，或文件正被其他程序使用",
-          .systemModal = true})
+  app.ExpectBox({.text = u"没有全部替换。\n以下文件没有替换，或没有全部替换：\n" + locked.u16string() +
+                         u"：没有权限，或文件正被其他程序使用",
+                 .systemModal = true})
       .Answer(Answer::kOk);
   EXPECT_EQ(ReadBytes(gbk), Gbk(u"新账\r\n另一笔新账\r\n"));
   EXPECT_EQ(ReadBytes(utf8), Utf8(u"致：\n新友“一二三”\n"));
   EXPECT_EQ(ReadBytes(locked), Gbk(u"旧"));
-  ExpectRemark(u"已在2个文件中替换3处");
+  app.ExpectRemark(u"已在2个文件中替换3处");
 
   // A file dropped on the box is searched and replaced in its turn, whatever the document lists.
   app.DropOn(dialog.Control(RichTextBox1), {none});

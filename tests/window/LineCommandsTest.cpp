@@ -45,7 +45,7 @@ TEST_F(LineCommandsTest, TheWordFilterAsksAndShowsBothGroups) {
   app.AnswerInput({.prompt = question.prompt, .title = question.title, .preset = u"乙"}, u"\\d");
   app.ExpectBox(kind).Answer(Answer::kYes);
   app.ExpectText(
-      u"乙以下行 含有 关键字：\\d\r\n2\r\n1\r\n\r\n=========================\r\n以下行 不含有 关键字：\\d\r\n\r\n0\r\n"
+      u"乙以下行 含有 关键字：\\d\r\n2\r\n1\r\n\r\n========================\r\n以下行 不含有 关键字：\\d\r\n\r\n0\r\n"
       u"乙2");
   app.Menu("mnuUndo");
   EXPECT_EQ(Shown(app.Editor().SelectedText()), Shown(u"2\r\n甲1"));
@@ -139,7 +139,7 @@ TEST_F(SortWindowTest, SortsBesideTheDocument) {
   app.Settle();
   window.Press(CmdSort);
   ExpectRange(window, u"1", u"5", u"5");
-  app.ExpectStatus((folder / u"排序.txt").u16string() + u"    文本或选择已改变，行数已更新，请再按“排序”");
+  app.ExpectRemark(u"文本或选择已改变，行数已更新，请再按“排序”");
 }
 
 TEST_F(SortWindowTest, IsUsedWithTheKeyboard) {

@@ -1,5 +1,6 @@
 // The pattern tester as a person uses it.
 #include "search/ScrivantaRegularTestControls.h"
+#include "text/DecimalText.h"
 #include "win/Handles.h"
 #include "window/driver/Keyboard.h"
 #include "window/driver/WindowTest.h"
@@ -63,23 +64,27 @@ TEST_F(RegularTestTest, ColoursTheMatchesAndCountsThem) {
   dialog.WaitUntilGone();
 }
 
-TEST_F(RegularTestTest, LeavesTheViewWhereItIs) {
+TEST_F(RegularTestTest, ColoursWithoutMovingTheView) {
   app.Start();
+  const auto lineWithNumber = [](LRESULT number) { return u"行" + DecimalText(100 + number); };
   std::u16string text;
-  for (int line = 0; line < 300; ++line) {
-    text += u"行\r\n";
+  for (int number = 0; number < 300; ++number) {
+    text += lineWithNumber(number) + u"\r\n";
   }
-  app.Editor().Insert(text + u"末尾");
-  POINT middle{0, 1000};
+  app.Editor().Insert(text);
+  POINT before{0, 1000};
   const HWND box = app.Editor().window();
-  SendMessageW(box, EM_SETSCROLLPOS, 0, reinterpret_cast<LPARAM>(&middle));
-  SendMessageW(box, EM_GETSCROLLPOS, 0, reinterpret_cast<LPARAM>(&middle));
-  ASSERT_GT(middle.y, 0);
+  SendMessageW(box, EM_SETSCROLLPOS, 0, reinterpret_cast<LPARAM>(&before));
+  SendMessageW(box, EM_GETSCROLLPOS, 0, reinterpret_cast<LPARAM>(&before));
+  ASSERT_GT(before.y, 0);
+  POINTL inView{4, 60};
+  const LRESULT character = SendMessageW(box, EM_CHARFROMPOS, 0, reinterpret_cast<LPARAM>(&inView));
+  const LRESULT line = SendMessageW(box, EM_EXLINEFROMCHAR, 0, character);
   DialogDriver dialog = Open();
-  Test(dialog, u"末尾|\\A行", u"1");
+  Test(dialog, u"行100|" + lineWithNumber(line), u"2");
   POINT after{};
   SendMessageW(box, EM_GETSCROLLPOS, 0, reinterpret_cast<LPARAM>(&after));
-  EXPECT_EQ(after.y, middle.y);
+  EXPECT_EQ(after.y, before.y);
 }
 
 TEST_F(RegularTestTest, KeepsItsHistoryInTheIniFileAndExplainsTheDialect) {

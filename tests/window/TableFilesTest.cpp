@@ -23,7 +23,7 @@ TEST_F(TableFilesTest, AddsInitialsAndSortsByThem) {
   window.Press(OptZiMuLie).Press(ChkXiaoXie).Press(ChkXingMing).Press(CmdJiaZiMu);
   window.WaitUntilGone();
   app.ExpectText(u"张三\tzs\r\n重庆\tcq\r\n曾一\tzy");
-  app.ExpectStatus(u"3行已加字母");
+  app.ExpectRemark(u"3行已加字母");
   app.Menu("mnuUndo");
   app.ExpectText(u"张三\r\n重庆\r\n曾一");
 }
@@ -40,7 +40,7 @@ TEST_F(TableFilesTest, MergesDroppedFilesIntoTheDocument) {
   window.Press(ChkMergeTitle).Press(CmdStartMerge);
   window.WaitUntilGone();
   app.ExpectText(u"第2章.txt\r\n二字文\r\n第10章.txt\r\n十\r\n");
-  app.ExpectStatus(u"已合并2个文件");
+  app.ExpectRemark(u"已合并2个文件");
 }
 
 }  // namespace

@@ -28,7 +28,7 @@ TEST_F(TablesTest, SetsColumnsAndSplitsThemAgain) {
   dialog.Press(CmdStartFenLan);
   dialog.WaitUntilGone();
   app.ExpectText(u"张三  李四  王五");
-  app.ExpectStatus(u"状态    已把3行分成3栏");
+  app.ExpectRemark(u"已把3行分成3栏");
 
   app.Menu("mnuFenLan");
   dialog = app.ExpectDialog(u"硬分栏");

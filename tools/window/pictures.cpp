@@ -73,6 +73,9 @@ void TakePictures(const std::filesystem::path& samples, const std::filesystem::p
                                    DialogPicture{"mnuRegTest", L"RegularTest正则表达式测试", L"regexp-test.png"},
                                    DialogPicture{"mnuEncryptSelectedText", L"密钥", L"key.png"},
                                    DialogPicture{"mnuMergeFile", L"合并文件内容", L"merge.png"},
+                                   DialogPicture{"mnuFenLan", L"硬分栏", L"columns.png"},
+                                   DialogPicture{"mnuChangeToSDFFile", L"转为SDF文件", L"fixed-width.png"},
+                                   DialogPicture{"mnuDataGuanLianHeBin", L"数据关联合并", L"join.png"},
                                    DialogPicture{"mnuJiaZiMu", L"加字母", L"initials.png"}};
   for (const DialogPicture& picture : kDialogs) {
     TakeDialogPicture(program, picture, images);

@@ -4,7 +4,6 @@
 #include <sys/stat.h>
 
 #include "batch/BatchCommand.h"
-#include "batch/Spool.h"
 #include "support/BatchRun.h"
 #include "support/FileSizeLimit.h"
 #include "support/TemporaryFolder.h"
@@ -149,23 +148,6 @@ TEST(RunBatch, EveryCommandExplainsItself) {
     EXPECT_NE(own.output.find(command.description), std::string::npos) << own.output;
     EXPECT_NE(own.output.find(command.example), std::string::npos) << own.output;
     EXPECT_EQ(command.example.rfind("scrivanta-batch " + command.name + " ", 0), 0U) << command.example;
-  }
-}
-
-TEST(Spool, GivesBackWhatItWasGivenFromMemoryAndFromItsFile) {
-  for (const std::size_t times : {0U, 3U, 12U}) {
-    const std::string block(1'000'000, static_cast<char>('a' + times));
-    Spool spool;
-    for (std::size_t i = 0; i < times; ++i) {
-      spool.Write(block);
-    }
-    for (int round = 0; round < 2; ++round) {
-      StringSink sink;
-      CopyBytes(spool, sink);
-      EXPECT_EQ(sink.bytes().size(), times * block.size());
-      EXPECT_EQ(sink.bytes().find_first_not_of(block[0]), std::string::npos);
-      spool.Rewind();
-    }
   }
 }
 

@@ -104,6 +104,7 @@ const std::vector<Shape>& Shapes() {
       {"unknown properties",
        "X-QQ:12345\r\nX-ANDROID-CUSTOM;ENCODING=QUOTED-PRINTABLE:vnd/n;=41=\r\n=42=\r\n;1\r\nX-RAW:\xC4\xE3\r\n",
        "+X-QQ:12345\nX-ANDROID-CUSTOM;ENCODING=QUOTED-PRINTABLE:vnd/n;=41=42;1\n~X-RAW:=C4=E3"},
+      {"a property that looks like a marked one", "~X-A:=41\r\n", "+~~X-A:=3D41"},
       {"a card in a card", "AGENT:\r\nBEGIN:VCARD\r\nFN:Inner\r\nEND:VCARD\r\nFN:Outer\r\n",
        "name=Outer+AGENT:\nBEGIN:VCARD\nFN:Inner\nEND:VCARD"},
       {"remarks and stray lines", "# remark\r\nFN:x\r\nno property\r\n", "name=x+# remark\n#no property"},

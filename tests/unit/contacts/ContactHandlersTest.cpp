@@ -97,7 +97,7 @@ TEST_F(ContactHandlers, TheOpenSheetComesBeforeAFile) {
   workbench_.prompts().Will(PathOf("one.vcf"));
   mnuExcelPhoneBookToAndroid(workbench_, spreadsheet_);
   EXPECT_NE(ReadWholeFile(PathOf("one.vcf")).find("FN:Ann"), std::string::npos);
-  SheetWriter writer(PathOf("in.xlsx"), u"s");
+  SheetWriter writer(PathOf("in.xlsx"), {.name = u"s"});
   writer.WriteRow(std::vector<std::string>{"姓名"});
   writer.WriteRow(std::vector<std::string>{"Bob"});
   writer.Close();

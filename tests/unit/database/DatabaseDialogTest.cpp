@@ -85,6 +85,35 @@ TEST(DatabaseDialog, AnErrandFromImportToExport) {
   EXPECT_EQ(ReadWholeFile(folder.path() / "out.csv"), "\xEF\xBB\xBF书名\r\n史记\r\n\r\n");
 }
 
+TEST(DatabaseDialog, ASheetIsWrittenAndReadAgain) {
+  const TemporaryFolder folder;
+  ScriptedWorkbench workbench;
+  ScriptedView view;
+  DatabaseDialog dialog(workbench);
+  view.source = (folder.path() / "a.db").u16string();
+  workbench.prompts().Will(Answer::kYes);
+  dialog.Open(view);
+  const std::u16string table = u"号\t数\t空\r\n0012\t2.5\t\r\n\"行\t3\tx\r\n";
+  workbench.editor().Open(table);
+  view.target = u"甲";
+  workbench.prompts().Will(Answer::kOk);
+  dialog.ImportFromDocument(view);
+  view.chosen = 0;
+  dialog.ChooseTable(view);
+  const std::filesystem::path sheet = folder.path() / "out.XLSX";
+  workbench.prompts().Will(sheet);
+  dialog.ExportToFile(view);
+  view.target = u"乙";
+  workbench.prompts().Will(sheet);
+  workbench.prompts().Will(Answer::kOk);
+  dialog.ImportFromFile(view);
+  view.chosen = 1;
+  dialog.ChooseTable(view);
+  workbench.editor().Open(u"");
+  dialog.ExportToDocument(view);
+  EXPECT_EQ(workbench.editor().Text(), table);
+}
+
 TEST(DatabaseDialog, WhatFailsOrIsRefusedChangesNothing) {
   const TemporaryFolder folder;
   ScriptedWorkbench workbench;

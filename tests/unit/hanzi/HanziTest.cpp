@@ -7,12 +7,14 @@ namespace scrivanta {
 namespace {
 
 std::u16string Read(std::u16string_view text, ReadAs readAs = ReadAs::kText) {
+  std::vector<Reading> readings;
+  ReadHanzi(text, readAs, readings);
   std::u16string spelled;
-  ForEachReading(text, readAs, [&](const ReadCharacter& read) {
+  for (const Reading reading : readings) {
     spelled += spelled.empty() ? u"" : u" ";
-    spelled += read.syllable == kNoSyllable ? std::u16string(1, u'-') : std::u16string(SpellingOf(read.syllable));
-    spelled += read.isDoubtful ? u"?" : u"";
-  });
+    spelled += reading.syllable() == kNoSyllable ? u"-" : SpellingOf(reading.syllable());
+    spelled += reading.isDoubtful() ? u"?" : u"";
+  }
   return spelled;
 }
 
@@ -37,6 +39,7 @@ TEST(HanziTest, ReadsCharactersInTheirPhrases) {
       {u"\xF92C", u"láng"},  // a compatibility form of 郎
       {u"a1，", u"- - -"},
       {u"重\xD800", u"zhòng? -"},
+      {u"𩽾重庆", u"ān - chóng qìng"},
       {u"", u""},
   };
   for (const Case& c : kCases) {
@@ -65,19 +68,21 @@ TEST(HanziTest, ReadsSurnamesOnlyOfNamesAndOnlyAtTheirBeginning) {
 TEST(HanziTest, NumbersSyllablesAndStrokesInTheOrderOfDictionaries) {
   const std::u16string_view bySyllable = u"阿啊八路陆吕乱略论王";
   for (std::size_t i = 1; i < bySyllable.size(); ++i) {
-    EXPECT_LE(HanziOf(bySyllable[i - 1]).syllable, HanziOf(bySyllable[i]).syllable) << i;
+    EXPECT_LE(HanziData::Get().ReadingOf(bySyllable[i - 1]).syllable(),
+              HanziData::Get().ReadingOf(bySyllable[i]).syllable())
+        << i;
   }
   const std::u16string_view byStrokes = u"一丁七三上不龘";
   for (std::size_t i = 1; i < byStrokes.size(); ++i) {
-    EXPECT_LT(HanziOf(byStrokes[i - 1]).strokePlace, HanziOf(byStrokes[i]).strokePlace) << i;
+    EXPECT_LT(HanziData::Get().StrokePlaceOf(byStrokes[i - 1]), HanziData::Get().StrokePlaceOf(byStrokes[i])) << i;
   }
-  EXPECT_EQ(HanziOf(U'a').strokePlace, 0);
+  EXPECT_EQ(HanziData::Get().StrokePlaceOf(U'a'), 0);
   EXPECT_EQ(OtherInitialsOf(U'单'), u"CS");
 }
 
 TEST(HanziTest, SpellsInitialsWithPlainLetters) {
   for (char32_t c = 0; c < 0x110000; ++c) {
-    const Syllable syllable = HanziOf(c).syllable;
+    const Syllable syllable = HanziData::Get().ReadingOf(c).syllable();
     if (syllable != kNoSyllable) {
       ASSERT_TRUE(InitialOf(syllable) >= u'A' && InitialOf(syllable) <= u'Z') << static_cast<unsigned>(c);
     }

@@ -290,6 +290,15 @@ void App::ExpectStatus(std::u16string_view text) const {
   ExpectShown("the first status panel", text, [this] { return Status(); });
 }
 
+void App::ExpectRemark(std::u16string_view remark) const {
+  ExpectShown("the remark in the first status panel", remark, [this] {
+    const std::u16string status = Status();
+    constexpr std::u16string_view kBefore = u"    ";
+    const std::size_t before = status.rfind(kBefore);
+    return before == std::u16string::npos ? std::u16string() : status.substr(before + kBefore.size());
+  });
+}
+
 std::u16string App::Caption() const {
   return TextOf(MainWindow());
 }

@@ -80,6 +80,8 @@ class App {
   void ExpectText(std::u16string_view text) const;
   void ExpectCaption(std::u16string_view caption) const;
   void ExpectStatus(std::u16string_view text) const;
+  // The same behind the document's path, or what stands for it.
+  void ExpectRemark(std::u16string_view remark) const;
   std::u16string Text() const { return Editor().Text(); }
   std::u16string Caption() const;
   std::u16string Status() const;

@@ -5,15 +5,16 @@
 #include <filesystem>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "text/Bytes.h"
 
 namespace scrivanta {
 
-// A file in the platform's temporary folder that is gone when its owner is.
+// A file in a folder for temporary ones that is gone when its owner is.
 class TemporaryFile {
  public:
-  TemporaryFile();
+  explicit TemporaryFile(const std::filesystem::path& folder);
   TemporaryFile(const TemporaryFile&) = delete;
   TemporaryFile& operator=(const TemporaryFile&) = delete;
   ~TemporaryFile();
@@ -30,6 +31,8 @@ class Spool final : public ByteSink, public ByteSource {
  public:
   static constexpr std::size_t kMemoryLimit = 8 * 1024 * 1024;  // bytes
 
+  explicit Spool(std::filesystem::path folder = std::filesystem::temp_directory_path()) : folder_(std::move(folder)) {}
+
   void Write(std::string_view bytes) override;
   // Reads from the beginning, again after each Rewind. Nothing is written after the first Read.
   std::size_t Read(std::span<char> buffer) override;
@@ -39,6 +42,7 @@ class Spool final : public ByteSink, public ByteSource {
  private:
   void WriteToFile(std::string_view bytes);
 
+  std::filesystem::path folder_;
   std::string memory_;
   std::unique_ptr<TemporaryFile> file_;  // holds all of it, once there is one
   std::uint64_t size_ = 0;

@@ -1,4 +1,4 @@
-#include "contacts/SheetFormats.h"
+#include "sheets/SheetFormats.h"
 
 #include <array>
 #include <charconv>

@@ -3,15 +3,16 @@
 #include <gtest/gtest.h>
 #include <zlib.h>
 
-#include "contacts/SheetFile.h"
-#include "contacts/SheetFormats.h"
+#include "sheets/SheetFile.h"
+#include "sheets/SheetFormats.h"
 
 namespace scrivanta::testing {
 namespace {
 
 void AppendNumber(std::string& bytes, std::size_t value, int size) {
   for (int i = 0; i < size; ++i) {
-    bytes += static_cast<char>(value >> (8 * i) & 0xFF);
+    bytes += static_cast<char>(value & 0xFF);
+    value >>= 8;
   }
 }
 

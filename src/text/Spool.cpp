@@ -1,4 +1,4 @@
-#include "batch/Spool.h"
+#include "text/Spool.h"
 
 #include <algorithm>
 #include <cerrno>
@@ -16,8 +16,7 @@ constexpr std::size_t kBlockSize = 256 * 1024;
 
 }  // namespace
 
-TemporaryFile::TemporaryFile() {
-  const std::filesystem::path folder = std::filesystem::temp_directory_path();
+TemporaryFile::TemporaryFile(const std::filesystem::path& folder) {
   do {
     path_ = folder / TemporaryName();
     file_.reset(OpenFile(path_, OpenMode::kCreate));
@@ -42,7 +41,7 @@ void Spool::Write(std::string_view bytes) {
     memory_.append(bytes);
   } else {
     if (file_ == nullptr) {
-      file_ = std::make_unique<TemporaryFile>();
+      file_ = std::make_unique<TemporaryFile>(folder_);
       WriteToFile(memory_);
       memory_ = {};
     }

@@ -1,4 +1,4 @@
-#include "contacts/ZipArchive.h"
+#include "sheets/ZipArchive.h"
 
 #include <algorithm>
 #include <array>

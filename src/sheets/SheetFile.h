@@ -1,15 +1,17 @@
-// Sheets (xlsx, ECMA-376): one sheet of text cells written, sheets of any maker read.
+// Sheets (xlsx, ECMA-376): one sheet written, sheets of any maker read.
 #pragma once
 
 #include <cstddef>
 #include <cstdint>
 #include <filesystem>
+#include <functional>
 #include <memory>
 #include <span>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "text/Bytes.h"
 #include "text/ExplainedError.h"
 #include "text/Progress.h"
 
@@ -29,28 +31,45 @@ class SheetError : public ExplainedError {
 // "B3" of a row and a column from 0.
 std::string SheetCellName(std::size_t row, std::size_t column);
 
-// Writes a new file row by row, with memory for one row: the first row is a header and stays in view, columns are wide
-// enough to read, every cell is a text and stays one when it is changed.
+struct SheetOptions {
+  std::u16string_view name;  // at most 31 characters, none of []:*?/\ among them
+  bool header = true;        // the first row is one, and stays in view
+};
+
+// Writes a new file row by row, with memory for one row: columns are wide enough to read, a cell is a text and stays
+// one when it is changed.
 class SheetWriter {
  public:
-  // The sheet's name has at most 31 characters and none of []:*?/\. Nothing may stand at the path that is needed.
-  SheetWriter(const std::filesystem::path& path, std::u16string_view sheetName);
+  // Nothing may stand at the path that is needed.
+  SheetWriter(const std::filesystem::path& path, const SheetOptions& options);
   SheetWriter(const SheetWriter&) = delete;
   SheetWriter& operator=(const SheetWriter&) = delete;
   ~SheetWriter();
 
   // UTF-8, LF for line breaks. Throws SheetError for what the form does not allow.
   void WriteRow(std::span<const std::string> cells);
+  // The same, one cell after another. A number that a sheet would round is written as a text.
+  void AddCell(std::string_view text);
+  void AddNumber(std::string_view number);
+  void EndRow();
   // Writes the file. Throws FileError.
   void Close();
 
  private:
   class Book;
 
+  void CheckPlace() const;
+
   std::filesystem::path path_;
   std::unique_ptr<Book> book_;
   std::size_t row_ = 0;
+  std::size_t column_ = 0;
 };
+
+// A sheet can only be written to a path: this writes it into the folder and from there into the sink, and leaves
+// nothing in the folder.
+void WriteSheetTo(ByteSink& sink, const std::filesystem::path& folder, const SheetOptions& options,
+                  const std::function<void(SheetWriter&)>& fill);
 
 // One row of a sheet as texts; an empty text where there is no cell.
 struct SheetRow {

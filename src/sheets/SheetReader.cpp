@@ -5,9 +5,9 @@
 
 #include <pugixml.hpp>
 
-#include "contacts/SheetFile.h"
-#include "contacts/SheetFormats.h"
-#include "contacts/ZipArchive.h"
+#include "sheets/SheetFile.h"
+#include "sheets/SheetFormats.h"
+#include "sheets/ZipArchive.h"
 #include "text/Encoding.h"
 
 namespace scrivanta {
