@@ -6,3 +6,4 @@ cd "$(dirname "$0")/../.."
 scripts/build.sh windows bench_find
 scripts/wine-env.sh wine build/windows/bin/bench_find.exe colour
 scripts/wine-env.sh wine build/windows/bin/bench_find.exe find
+scripts/wine-env.sh wine build/windows/bin/bench_find.exe note

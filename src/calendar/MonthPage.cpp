@@ -37,15 +37,15 @@ Label LabelOf(Day day) {
   const std::optional<Term> term = TermOn(day);
   const std::vector<std::u16string_view> festivals = FestivalsOn(day);
   const std::vector<std::u16string_view> seasons = SeasonsBeginningOn(day);
+  const LunarMonth month = LunarMonthOf(day);
   Label label{.text = std::u16string(term ? TermName(*term) : u""),
               .format = {.colour = PageColour::kTerm, .halfPoints = kSmallSize}};
   if (!festivals.empty()) {
     label.format.colour = PageColour::kFestival;
     label.text = term == Term::kQingMing ? festivals.front() : label.text + std::u16string(festivals.front());
-  } else if (!term && !seasons.empty()) {
+  } else if (!term && !seasons.empty() && day != month.first) {
     label.text = seasons.front();
   } else if (!term) {
-    const LunarMonth month = LunarMonthOf(day);
     label.format.colour = PageColour::kFaint;
     label.text = day == month.first ? LunarMonthText(month.number, month.isLeap) + (month.days == 30 ? u"大" : u"小")
                                     : LunarDayText(LunarDateOf(day).day);

@@ -46,8 +46,12 @@ std::u16string LunarSpanText(Day from, Day to) {
   const auto yearText = [](int year) { return CycleText(CycleOfYear(year)) + u"年（" + AnimalText(year) + u"）"; };
   const LunarDate first = LunarDateOf(from);
   const LunarDate last = LunarDateOf(to);
-  return yearText(first.year) + LunarMonthText(first.month, first.isLeap) + u"至" +
-         (last.year == first.year ? u"" : yearText(last.year)) + LunarMonthText(last.month, last.isLeap);
+  const std::u16string begin = yearText(first.year) + LunarMonthText(first.month, first.isLeap);
+  if (LunarMonthOf(from).first == LunarMonthOf(to).first) {
+    return begin;
+  }
+  return begin + u"至" + (last.year == first.year ? u"" : yearText(last.year)) +
+         LunarMonthText(last.month, last.isLeap);
 }
 
 std::u16string DoubtfulDaysText(Day from, Day end) {

@@ -3,8 +3,9 @@
 #include <algorithm>
 
 #include "regexp/RegExpErrors.h"
-#include "text/AtomicFile.h"
-#include "text/DateTimeText.h"
+#include "system/PathLines.h"
+#include "system/UndoFiles.h"
+#include "text/Bytes.h"
 #include "text/DecimalText.h"
 #include "text/ExplainedError.h"
 #include "text/PlatformFile.h"
@@ -13,31 +14,11 @@ namespace scrivanta {
 
 namespace {
 
-// The lines of a text, without blanks and quotation marks around them; empty ones left out.
-std::vector<std::filesystem::path> PathsOf(std::u16string_view text) {
-  constexpr std::u16string_view kAround = u" \t\"";
-  std::vector<std::filesystem::path> paths;
-  while (!text.empty()) {
-    const std::size_t end = std::min(text.find_first_of(u"\r\n"), text.size());
-    const std::u16string_view line = text.substr(0, end);
-    const std::size_t first = line.find_first_not_of(kAround);
-    if (first != line.npos) {
-      paths.push_back(PathOfText(line.substr(first, line.find_last_not_of(kAround) + 1 - first)));
-    }
-    text.remove_prefix(std::min(end + 1, text.size()));
-  }
-  return paths;
-}
-
 std::u16string Counted(std::size_t count, std::u16string_view what) {
   return DecimalText(count) + u"个" + std::u16string(what);
 }
 
 }  // namespace
-
-std::filesystem::path UndoFolder(const Folders& folders) {
-  return folders.recovery.parent_path() / "Undo";
-}
 
 FileTimesForm FileTimesDialog::FirstForm() const {
   FileTimesForm form;
@@ -96,7 +77,7 @@ FileTimesRules FileTimesDialog::RulesOf(const FileTimesForm& form) const {
 void FileTimesDialog::List(FileTimesView& view) {
   Forget(view);
   const FileTimesForm form = view.Form();
-  const std::vector<std::filesystem::path> places = PathsOf(form.places);
+  const std::vector<std::filesystem::path> places = PathsOfLines(form.places);
   if (places.empty()) {
     throw ExplainedError("no place", u"没有写文件或文件夹。");
   }
@@ -147,7 +128,7 @@ void FileTimesDialog::ShowPlan(FileTimesView& view) {
 }
 
 void FileTimesDialog::Change(FileTimesView& view) {
-  const std::filesystem::path undoFile = SaveUndoText();
+  const std::filesystem::path undoFile = WriteUndoFile(workbench_, u"文件日期", u".txt", UndoText(plan_.entries));
   const Answer answer =
       workbench_.prompts().Ask({.text = u"改变表中" + Counted(plan_.entries.size(), u"文件") +
                                         u"的日期？\n要恢复原来的日期，用“撤消”读这个文件：\n" + TextOfPath(undoFile),
@@ -176,21 +157,6 @@ void FileTimesDialog::Change(FileTimesView& view) {
   view.ShowRemark(remark);
   workbench_.ShowStatus(remark);
   Forget(view);
-}
-
-// A name of its own, so that every change can be taken back.
-std::filesystem::path FileTimesDialog::SaveUndoText() const {
-  std::filesystem::create_directories(UndoFolder(workbench_.folders()));
-  const auto now = workbench_.clock().Now();
-  std::u16string time = TimeText(now);
-  std::erase(time, u':');
-  const std::u16string name = u"文件日期 " + DateText(now) + u" " + time;
-  std::filesystem::path file = UndoFolder(workbench_.folders()) / (name + u".txt");
-  for (int number = 2; std::filesystem::exists(file); ++number) {
-    file = UndoFolder(workbench_.folders()) / (name + u" " + DecimalText(number) + u".txt");
-  }
-  ReplaceFileContent(file, UndoText(plan_.entries));
-  return file;
 }
 
 FileTimesRow FileTimesDialog::RowOf(const FileTimesEntry& entry, std::u16string_view remark) const {

@@ -45,9 +45,6 @@ class FileTimesView : public Interface {
   virtual void EnableChange(bool enable) = 0;               // CmdChangeTimes
 };
 
-// For what takes changes of the system back, beside the snapshots: a file a change, kept until the user removes it.
-std::filesystem::path UndoFolder(const Folders& folders);
-
 class FileTimesDialog {
  public:
   FileTimesDialog(Workbench& workbench, const FileTimesStore& store, const TimeZone& zone)
@@ -69,7 +66,6 @@ class FileTimesDialog {
  private:
   FileTimesRules RulesOf(const FileTimesForm& form) const;
   void ShowPlan(FileTimesView& view);
-  std::filesystem::path SaveUndoText() const;
   FileTimesRow RowOf(const FileTimesEntry& entry, std::u16string_view remark) const;
 
   Workbench& workbench_;

@@ -16,6 +16,8 @@ class FrmSystemDialogs final : public SystemDialogs {
   FrmSystemDialogs(WindowHost& host, std::function<HWND()> owner) : host_(host), owner_(std::move(owner)) {}
 
   void ShowFileTimes(FileTimesDialog& dialog) override;
+  void ShowRegistry(RegistryDialog& dialog) override;
+  void ShowFolders(FoldersDialog& dialog) override;
 
  private:
   WindowHost& host_;

@@ -23,17 +23,6 @@ std::u16string_view WithoutWrapping(std::u16string_view line) {
   return line.starts_with(u"``") ? strip(line.substr(2)) : line;
 }
 
-std::u16string WithVariables(std::u16string_view text, const VariableLookup& variable) {
-  std::u16string replaced;
-  while (!text.empty()) {
-    const std::size_t end = text.front() == u'%' ? text.find(u'%', 1) : text.npos;
-    const auto value = end != text.npos && end > 1 ? variable(text.substr(1, end - 1)) : std::nullopt;
-    replaced += value ? std::u16string_view(*value) : text.substr(0, 1);
-    text.remove_prefix(value ? end + 1 : 1);
-  }
-  return replaced;
-}
-
 // A scheme has two letters at least: one is a drive.
 bool IsAddress(std::u16string_view text) {
   const auto isLetter = [](char16_t c) { return (c >= u'a' && c <= u'z') || (c >= u'A' && c <= u'Z'); };

@@ -3,11 +3,11 @@
 
 #include <cstddef>
 #include <filesystem>
-#include <functional>
-#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
+
+#include "system/PathLines.h"
 
 namespace scrivanta {
 
@@ -23,8 +23,6 @@ struct RunLine {
   std::filesystem::path target;
   RunLineKind kind = RunLineKind::kDocument;
 };
-
-using VariableLookup = std::function<std::optional<std::u16string>(std::u16string_view name)>;
 
 // What the lines name; empty lines are left out. Blanks, quotation marks and the "``" of a list of found files around a
 // name are taken off, "%NAME%" becomes the variable's value where there is one, and what does not begin at a root lies

@@ -7,6 +7,7 @@
 #include "support/TemporaryFolder.h"
 #include "system/FileTimesDialog.h"
 #include "system/SystemCommands.h"
+#include "system/UndoFiles.h"
 #include "text/Bytes.h"
 #include "text/ExplainedError.h"
 #include "text/PlatformFile.h"

@@ -1,0 +1,145 @@
+#include "system/projects/ProjectReferences.h"
+
+#include <algorithm>
+#include <array>
+#include <cctype>
+#include <charconv>
+
+#include "text/DecimalText.h"
+#include "text/PlatformFile.h"
+#include "text/UpperCase.h"
+
+namespace scrivanta {
+
+namespace {
+
+constexpr std::u16string_view kBlanks = u" \t";
+
+std::u16string_view Trimmed(std::u16string_view text) {
+  const std::size_t first = text.find_first_not_of(kBlanks);
+  return first == text.npos ? text.substr(0, 0) : text.substr(first, text.find_last_not_of(kBlanks) + 1 - first);
+}
+
+bool StartsWithKey(std::u16string_view line, std::u16string_view key) {
+  return line.size() > key.size() && line[key.size()] == u'=' &&
+         UpperCase(line.substr(0, key.size())) == UpperCase(key);
+}
+
+// What stands before the separator, which goes with it; all where there is none.
+std::u16string_view TakeUntil(std::u16string_view& text, char16_t separator) {
+  const std::size_t end = text.find(separator);
+  const std::u16string_view part = text.substr(0, end);
+  text.remove_prefix(end == text.npos ? text.size() : end + 1);
+  return part;
+}
+
+std::optional<std::uint32_t> HexadecimalNumber(std::u16string_view text) {
+  constexpr int kHexadecimal = 16;
+  const std::string digits(text.begin(), text.end());
+  std::uint32_t number = 0;
+  const auto [end, error] = std::from_chars(digits.data(), digits.data() + digits.size(), number, kHexadecimal);
+  return error == std::errc() && end == digits.data() + digits.size() ? std::optional(number) : std::nullopt;
+}
+
+bool IsGuid(std::u16string_view text) {
+  constexpr std::u16string_view kForm = u"{########-####-####-####-############}";
+  return std::ranges::equal(text, kForm, [](char16_t c, char16_t form) {
+    return form == u'#' ? c < 0x80 && std::isxdigit(static_cast<int>(c)) != 0 : c == form;
+  });
+}
+
+// "{GUID}#2.0#0", taken off the text with the "#" or ";" behind it.
+std::optional<TypeLibraryId> TakeId(std::u16string_view& text, char16_t behind) {
+  const std::u16string_view guid = TakeUntil(text, u'#');
+  std::u16string_view version = TakeUntil(text, u'#');
+  const auto major = HexadecimalNumber(TakeUntil(version, u'.'));
+  const auto minor = HexadecimalNumber(version);
+  const auto language = HexadecimalNumber(Trimmed(TakeUntil(text, behind)));
+  if (!IsGuid(guid) || !major || !minor || !language) {
+    return std::nullopt;
+  }
+  return TypeLibraryId{.guid = UpperCase(guid), .major = *major, .minor = *minor, .language = *language};
+}
+
+std::optional<ProjectReference> ReadReference(std::u16string_view text, ReferenceKind kind) {
+  constexpr std::u16string_view kProject = u"*\\A";
+  constexpr std::array<std::u16string_view, 2> kLibraries = {u"*\\G", u"*\\H"};
+  text = Trimmed(text);
+  if (text.size() > 1 && text.front() == u'"' && text.back() == u'"') {
+    text = text.substr(1, text.size() - 2);
+  }
+  ProjectReference reference{.kind = kind};
+  if (text.starts_with(kProject)) {
+    text.remove_prefix(kProject.size());
+    reference.kind = ReferenceKind::kProject;
+    reference.file = Trimmed(text);
+    return reference.file.empty() ? std::nullopt : std::optional(reference);
+  }
+  const bool isLibrary =
+      std::ranges::any_of(kLibraries, [text](std::u16string_view start) { return text.starts_with(start); });
+  text.remove_prefix(isLibrary ? kLibraries.front().size() : 0);
+  reference.id = TakeId(text, isLibrary ? u'#' : u';');
+  if (!reference.id) {
+    return std::nullopt;
+  }
+  reference.file = Trimmed(isLibrary ? TakeUntil(text, u'#') : text);
+  reference.name = isLibrary ? Trimmed(text) : text.substr(0, 0);
+  return reference;
+}
+
+template <typename Take>
+void ForEachLine(std::u16string_view text, Take take) {
+  std::size_t number = 0;
+  while (!text.empty()) {
+    std::u16string_view line = TakeUntil(text, u'\n');
+    line = Trimmed(line.ends_with(u'\r') ? line.substr(0, line.size() - 1) : line);
+    take(line, ++number);
+  }
+}
+
+}  // namespace
+
+ProjectReferences ReadProject(std::u16string_view text) {
+  constexpr std::u16string_view kReference = u"Reference";
+  constexpr std::u16string_view kObject = u"Object";
+  ProjectReferences read;
+  bool isInSection = false;  // of another program's settings, at the end
+  ForEachLine(text, [&](std::u16string_view line, std::size_t number) {
+    isInSection = isInSection || line.starts_with(u'[');
+    const bool isReference = StartsWithKey(line, kReference);
+    if (isInSection || !(isReference || StartsWithKey(line, kObject))) {
+      return;
+    }
+    std::optional<ProjectReference> reference = ReadReference(
+        line.substr(line.find(u'=') + 1), isReference ? ReferenceKind::kLibrary : ReferenceKind::kControl);
+    if (reference) {
+      reference->line = number;
+      read.references.push_back(std::move(*reference));
+    } else {
+      read.unread.push_back({.text = std::u16string(line), .line = number});
+    }
+  });
+  return read;
+}
+
+std::vector<std::u16string> ReadProjectGroup(std::u16string_view text) {
+  std::vector<std::u16string> projects;
+  ForEachLine(text, [&projects](std::u16string_view line, std::size_t) {
+    if (StartsWithKey(line, u"Project") || StartsWithKey(line, u"StartupProject")) {
+      projects.emplace_back(Trimmed(line.substr(line.find(u'=') + 1)));
+    }
+  });
+  return projects;
+}
+
+std::filesystem::path FileOfProject(const std::filesystem::path& folder, std::u16string_view file) {
+  std::u16string portable(file);
+  std::ranges::replace(portable, u'\\', u'/');
+  return (folder / PathOfText(portable)).lexically_normal().make_preferred();
+}
+
+std::u16string VersionText(const TypeLibraryId& id) {
+  return DecimalText(id.major) + u"." + DecimalText(id.minor);
+}
+
+}  // namespace scrivanta
