@@ -10,6 +10,9 @@ namespace {
 constexpr std::string_view kRtfBegin = "{\\rtf";
 constexpr std::string_view kLetters = "abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ";
 
+constexpr std::string_view kLineBreak = "\\line";
+constexpr std::string_view kParagraphEnd = "\\par";
+
 // Behind the control word or symbol at the backslash, and behind the bytes that follow \bin.
 std::size_t BehindControl(std::string_view rtf, std::size_t backslash) {
   const std::size_t begin = backslash + 1;
@@ -53,6 +56,21 @@ bool IsWholeRtf(std::string_view rtf) {
   const std::optional<std::size_t> end = rtf.starts_with(kRtfBegin) ? EndOfGroup(rtf) : std::nullopt;
   return end &&
          std::ranges::all_of(rtf.substr(*end), [](char byte) { return byte == '\0' || byte == '\r' || byte == '\n'; });
+}
+
+std::string WithParagraphEnds(std::string_view rtf) {
+  std::string whole;
+  whole.reserve(rtf.size());
+  std::size_t copied = 0;
+  for (std::size_t at = rtf.find('\\'); at < rtf.size(); at = rtf.find('\\', at)) {
+    const std::size_t behind = std::min(BehindControl(rtf, at), rtf.size());
+    if (rtf.substr(at, behind - at) == kLineBreak) {
+      whole.append(rtf.substr(copied, at - copied)).append(kParagraphEnd);
+      copied = behind;
+    }
+    at = behind;
+  }
+  return whole.append(rtf.substr(copied));
 }
 
 }  // namespace scrivanta

@@ -19,5 +19,11 @@ TEST(RtfGroup, AWholeRichTextIsToldFromOneThatBreaksOff) {
   }
 }
 
+TEST(RtfGroup, LineBreaksWithinParagraphsBecomeEndsOfThem) {
+  EXPECT_EQ(WithParagraphEnds("{\\rtf1 a\\line b\\line\\b c\\linex0\\\\line{\\line}\\par}"),
+            "{\\rtf1 a\\par b\\par\\b c\\linex0\\\\line{\\par}\\par}");
+  EXPECT_EQ(WithParagraphEnds("{\\rtf1{\\bin6 \\line }\\line"), "{\\rtf1{\\bin6 \\line }\\par");
+}
+
 }  // namespace
 }  // namespace scrivanta
