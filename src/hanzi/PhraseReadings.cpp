@@ -2,14 +2,13 @@
 
 #include <algorithm>
 #include <map>
+#include <numeric>
 
 #include "hanzi/SurnameTable.h"
 
 namespace scrivanta {
 
 namespace {
-
-constexpr std::size_t kFirstCharacters = 0x10000;  // phrases lie in the basic plane
 
 using SyllableNumbers = std::map<std::u16string_view, Syllable>;
 
@@ -49,11 +48,10 @@ PhraseReadings::PhraseReadings(std::span<const PhraseRow> rows) {
     }
   }
   std::ranges::sort(phrases_, {}, &Phrase::characters);
-  auto phrase = phrases_.begin();
-  for (std::size_t first = 0; first < kFirstCharacters + 1; ++first) {
-    phrase = std::find_if(phrase, phrases_.end(), [first](const Phrase& p) { return p.characters.front() >= first; });
-    begins_.push_back(static_cast<std::uint16_t>(phrase - phrases_.begin()));
+  for (const Phrase& phrase : phrases_) {
+    ++begins_[phrase.characters.front() + 1U];
   }
+  std::partial_sum(begins_.begin(), begins_.end(), begins_.begin());
 }
 
 // Narrows the phrases down character by character; of those that begin alike the shortest stands first.

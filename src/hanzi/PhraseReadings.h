@@ -33,8 +33,9 @@ class PhraseReadings {
     std::size_t firstSyllable = 0;
   };
 
-  // So many that one in forty is set, and few enough for the processor to keep at hand.
-  static constexpr std::size_t kPlaces = 0x40000;
+  static constexpr std::size_t kFirstCharacters = 0x10000;  // phrases lie in the basic plane
+  // So many that one in 160 is set, and few enough for the processor to keep at hand.
+  static constexpr std::size_t kPlaces = 0x100000;
 
   explicit PhraseReadings(std::span<const PhraseRow> rows);
 
@@ -42,8 +43,9 @@ class PhraseReadings {
     return (first * std::size_t{40503} + second) % kPlaces;
   }
 
-  std::vector<Phrase> phrases_;        // sorted
-  std::vector<std::uint16_t> begins_;  // by their first character, in phrases_; one more behind the last
+  std::vector<Phrase> phrases_;  // sorted
+  // By their first character, in phrases_; one more behind the last.
+  std::vector<std::uint16_t> begins_ = std::vector<std::uint16_t>(kFirstCharacters + 1);
   std::vector<Syllable> syllables_;
   std::bitset<kPlaces> beginnings_;  // of phrases of two characters or more
 };

@@ -11,6 +11,9 @@ namespace {
 constexpr std::size_t kUnitsInKey = 4;
 // Four characters take 16 bytes at most, and none is decided by more than four bytes.
 constexpr std::size_t kBytesForKey = 20;
+constexpr std::size_t kBytesAtOnce =
+    256;                           // of longer lines, what they have in common would be compared again and again
+constexpr std::size_t kAhead = 8;  // lines that are on their way from memory while others are looked at
 
 char16_t LastUnit(std::uint64_t key) {
   return static_cast<char16_t>(key & 0xFFFFU);
@@ -33,12 +36,19 @@ void StringOrder::Sort(std::span<KeyedLine> lines) {
 }
 
 void StringOrder::SortGroup(Group group) {
+  if (group.lines.size() < 2 || AreEqual(group)) {
+    return;
+  }
   if (group.lines.size() <= 2) {
     SortByComparing(group);
     return;
   }
-  for (KeyedLine& line : group.lines) {
+  for (std::size_t i = 0; i < group.lines.size(); ++i) {
     progress_.Step();
+    if (i + kAhead < group.lines.size()) {
+      lines_.Prefetch(group.lines[i + kAhead].index);
+    }
+    KeyedLine& line = group.lines[i];
     line.key = KeyOf(RestOf(line.index, group.depth));
   }
   keySorter_.Sort(group.lines);
@@ -61,6 +71,14 @@ void StringOrder::SplitByKey(const Group& group) {
     }
     begin = end;
   }
+}
+
+// Repeated lines are many, and bytes are compared faster than they are decoded.
+bool StringOrder::AreEqual(const Group& group) const {
+  const std::string_view first = RestOf(group.lines.front().index, group.depth);
+  return first.size() <= kBytesAtOnce && std::ranges::all_of(group.lines.subspan(1), [&](const KeyedLine& line) {
+           return RestOf(line.index, group.depth) == first;
+         });
 }
 
 // Whether lines whose keys are the same and end in 0 are equal: 0 stands for the end of a line as well as for NUL.

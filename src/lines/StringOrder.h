@@ -35,6 +35,7 @@ class StringOrder {
   void SortByComparing(const Group& group);
   bool Less(std::size_t left, std::size_t right, std::size_t depth);
   bool EndAlike(const Group& group);
+  bool AreEqual(const Group& group) const;
 
   std::string_view RestOf(std::size_t index, std::size_t depth) const { return lines_[index].substr(depth); }
   std::uint64_t KeyOf(std::string_view rest);

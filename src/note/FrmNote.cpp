@@ -61,7 +61,7 @@ void FrmNote::OnInit() {
   isReady_ = true;
 }
 
-std::optional<LRESULT> FrmNote::OnMessage(UINT message, WPARAM wParam, LPARAM) {
+std::optional<LRESULT> FrmNote::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
   switch (message) {
     case WM_TIMER:
       if (wParam == kKeepTimer && note_) {
@@ -73,6 +73,12 @@ std::optional<LRESULT> FrmNote::OnMessage(UINT message, WPARAM wParam, LPARAM) {
     case WM_CLOSE:  // its caption closes the window, whatever Esc does just now
       CloseByUser();
       return 0;
+    case WM_GETMINMAXINFO: {
+      RECT least{0, 0, 130, 90};  // dialog units: room for the search line and some text
+      MapDialogRect(handle(), &least);
+      reinterpret_cast<MINMAXINFO*>(lParam)->ptMinTrackSize = {least.right, least.bottom};
+      return 0;
+    }
     case WM_SIZE:
       if (isReady_) {
         LayOut();

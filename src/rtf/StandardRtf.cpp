@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstdint>
 
+#include "rtf/RtfGroup.h"
 #include "text/CodePage.h"
 #include "text/Surrogates.h"
 #include "text/Utf8.h"
@@ -23,21 +24,6 @@ bool IsAscii(char byte) {
 
 bool MayStandForHalfAPair(char16_t unit) {
   return IsSurrogate(unit) || unit == kReplacement;
-}
-
-// Behind the brace that closes the group at the beginning.
-std::size_t EndOfGroup(std::string_view rtf) {
-  std::size_t depth = 0;
-  for (std::size_t i = 0; i < rtf.size(); ++i) {
-    if (rtf[i] == '\\') {
-      ++i;
-    } else if (rtf[i] == '{') {
-      ++depth;
-    } else if (rtf[i] == '}' && --depth == 0) {
-      return i + 1;
-    }
-  }
-  return rtf.size();
 }
 
 void AppendUnicode(char16_t unit, std::string& rtf) {
@@ -94,7 +80,7 @@ std::string StandardRtf(std::string_view rtf, const std::function<std::u16string
   if (const std::size_t fonts = rtf.find(kFontTable); fonts != std::string_view::npos) {
     standard.append(rtf.substr(0, fonts));
     rtf.remove_prefix(fonts);
-    const std::size_t end = EndOfGroup(rtf);
+    const std::size_t end = EndOfGroup(rtf).value_or(rtf.size());
     CopyAscii(rtf.substr(0, end), standard, [&](std::u16string_view name) { AppendName(name, standard); });
     rtf.remove_prefix(end);
   }

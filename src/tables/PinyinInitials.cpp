@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "text/CharacterBytes.h"
 #include "text/CodePoints.h"
 #include "text/DecimalText.h"
 
@@ -45,49 +46,99 @@ class InitialsOfLine {
  public:
   InitialsOfLine(const InitialsOptions& options, std::vector<DoubtfulCharacter>* doubtful)
       : options_(options), doubtful_(doubtful) {
-    constexpr char16_t kToSmall = u'a' - u'A';
+    constexpr char kToSmall = 'a' - 'A';
     for (std::size_t syllable = 0; syllable <= SyllableCount(); ++syllable) {
-      const char16_t capital = InitialOf(static_cast<Syllable>(syllable));
-      letters_ += options.small ? static_cast<char16_t>(capital + kToSmall) : capital;
+      const char capital = static_cast<char>(InitialOf(static_cast<Syllable>(syllable)));
+      letters_ += options.small ? static_cast<char>(capital + kToSmall) : capital;
+    }
+    for (std::size_t unit = 0; unit < kBasicPlane; ++unit) {
+      const auto itself = static_cast<char16_t>(unit);
+      const Syllable syllable = hanzi_.ReadingOf(itself).syllable();
+      if (syllable != kNoSyllable) {
+        ofUnits_ += static_cast<char16_t>(letters_[syllable]);
+      } else {
+        ofUnits_ += Passes(itself) || IsHighSurrogate(itself) ? itself : u'\0';
+      }
     }
   }
 
   // In the encoding of the lines; valid until the next call.
   std::string_view Of(std::string_view line, std::uint64_t number) {
     text_.clear();
-    bytes_.clear();
     DecodeAppend(options_.encoding, line, text_);
-    ReadHanzi(text_, options_.readAs, readings_);
-    initials_.resize(text_.size());  // no character gives more units than it has
-    char16_t* end = initials_.data();
-    std::uint64_t position = 0;
-    for (std::size_t at = 0; at < text_.size() && !(options_.firstOnly && end != initials_.data());) {
-      ++position;
-      const Reading reading = readings_[at];
-      const char32_t character = CodePointAt(text_, at);
-      if (reading.syllable() != kNoSyllable) {
-        const char16_t letter = letters_[reading.syllable()];
-        *end++ = letter;
-        if (doubtful_ != nullptr && reading.isDoubtful()) {
-          doubtful_->push_back({number, position, character, letter, OtherInitialsOf(character)});
-        }
-      } else if (Passes(character)) {
-        end = std::copy_n(text_.data() + at, UnitsOf(character), end);
-      }
-      at += UnitsOf(character);
+    if (doubtful_ != nullptr) {
+      ListDoubtful(number);
     }
-    EncodeAppend(options_.encoding, {initials_.data(), end}, bytes_);
-    return bytes_;
+    bytes_.resize(std::max(bytes_.size(), text_.size() * kMostBytesOfUnit));
+    end_ = bytes_.data();
+    std::size_t at = 0;
+    ForEachPhrase(text_, options_.readAs, [&](std::size_t begin, PhraseReadings::Syllables syllables) {
+      TakeUnits(at, begin);
+      end_ = std::ranges::transform(syllables, end_, [&](Syllable syllable) { return letters_[syllable]; }).out;
+      at = begin + syllables.size();
+    });
+    TakeUnits(at, text_.size());
+    const std::string_view initials(bytes_.data(), end_);
+    return options_.firstOnly ? initials.substr(0, CharacterBytes(options_.encoding, initials)) : initials;
   }
 
  private:
+  static constexpr std::size_t kBasicPlane = 0x10000;
+  static constexpr std::size_t kMostBytesOfUnit = 4;
+
+  // What no phrase holds. All but ASCII, which is rare here, is looked at more closely.
+  void TakeUnits(std::size_t at, std::size_t behind) {
+    char* end = end_;
+    for (; at < behind; ++at) {
+      const char16_t unit = ofUnits_[text_[at]];
+      if (unit < 0x80) {
+        *end = static_cast<char>(unit);
+        end += unit != 0 ? 1 : 0;
+      } else {
+        end = PutCharacter(CodePointAt(text_, at), end);
+      }
+    }
+    end_ = end;
+  }
+
+  char* PutCharacter(char32_t character, char* end) {
+    if (const Syllable syllable = hanzi_.ReadingOf(character).syllable(); syllable != kNoSyllable) {
+      *end++ = letters_[syllable];
+    } else if (Passes(character)) {
+      std::u16string itself;
+      AppendCodePoint(itself, character);
+      end = std::ranges::copy(Encode(options_.encoding, itself), end).out;
+    }
+    return end;
+  }
+
+  void ListDoubtful(std::uint64_t number) {
+    ReadHanzi(text_, options_.readAs, readings_);
+    std::uint64_t position = 0;
+    bool isEnough = false;
+    for (std::size_t at = 0; at < text_.size() && !isEnough;) {
+      ++position;
+      const Reading reading = readings_[at];
+      const char32_t character = CodePointAt(text_, at);
+      if (reading.isDoubtful()) {
+        const auto letter = static_cast<char16_t>(letters_[reading.syllable()]);
+        doubtful_->push_back({number, position, character, letter, OtherInitialsOf(character)});
+      }
+      isEnough = options_.firstOnly && (reading.syllable() != kNoSyllable || Passes(character));
+      at += UnitsOf(character);
+    }
+  }
+
   const InitialsOptions& options_;
   std::vector<DoubtfulCharacter>* doubtful_;
-  std::u16string letters_;  // by syllable
+  const HanziData& hanzi_ = HanziData::Get();
+  std::string letters_;  // by syllable
+  // What a unit gives: 0 for nothing, a high surrogate for itself.
+  std::u16string ofUnits_;
   std::u16string text_;
   std::vector<Reading> readings_;
-  std::u16string initials_;
   std::string bytes_;
+  char* end_ = nullptr;  // of the initials so far, in bytes_
 };
 
 }  // namespace

@@ -180,7 +180,12 @@ std::string EncodeDocument(std::u16string_view text, const DocumentFormat& forma
 }
 
 bool NeedsEncodingQuestion(std::u16string_view text, const DocumentFormat& format) {
-  return format.encoding == DocumentEncoding::kGbk && !format.exceedsCodePage && ExceedsCodePage936(text);
+  const bool exceeds = format.encoding == DocumentEncoding::kGbk && !format.exceedsCodePage && ExceedsCodePage936(text);
+  return exceeds || WouldBeMisread(text, format);
+}
+
+bool WouldBeMisread(std::u16string_view text, const DocumentFormat& format) {
+  return format.encoding == DocumentEncoding::kGbk && Recognise(EncodeDocument(text, format)) != DocumentEncoding::kGbk;
 }
 
 }  // namespace scrivanta

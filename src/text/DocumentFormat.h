@@ -55,7 +55,11 @@ DecodedDocument DecodeForChange(std::string_view bytes);
 // UTF-8 without a mark gets one where it would not be recognised again.
 std::string EncodeDocument(std::u16string_view text, const DocumentFormat& format);
 
-// Whether saving has to be asked about: as GBK, the text has got characters that code page 936 alone lacks.
+// Whether saving has to be asked about: as GBK, the text has got characters that code page 936 alone lacks, or would be
+// read back as another encoding.
 bool NeedsEncodingQuestion(std::u16string_view text, const DocumentFormat& format);
+
+// Whether the bytes of a text that is saved as GBK prove another encoding to whoever opens them.
+bool WouldBeMisread(std::u16string_view text, const DocumentFormat& format);
 
 }  // namespace scrivanta

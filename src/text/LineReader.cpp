@@ -29,7 +29,7 @@ bool LineReader::Next() {
       const bool afterReturn = lineFeed > 0 && data[lineFeed - 1] == '\r';
       if (afterReturn || lineEnds_ == LineEnds::kCrLfOrLf) {
         line_ = {data, afterReturn ? lineFeed - 1 : lineFeed};
-        lineEnd_ = afterReturn ? "\r\n" : "\n";
+        lineEnd_ = afterReturn ? std::string_view("\r\n") : std::string_view("\n");
         begin_ += lineFeed + 1;
         ++number_;
         return true;

@@ -8,7 +8,9 @@
 #include <system_error>
 #include <utility>
 
+#include "rtf/RtfGroup.h"
 #include "rtf/StandardRtf.h"
+#include "text/ExplainedError.h"
 #include "text/Surrogates.h"
 #include "text/win/PlatformError.h"
 #include "text/win/WideText.h"
@@ -112,6 +114,17 @@ std::string StreamOut(const RichEdit& box, WPARAM format) {
   return std::move(collection.bytes);
 }
 
+// A control that comes to something it cannot write, as a picture, may end there and say nothing.
+std::string StreamOutRtf(const RichEdit& box, WPARAM part) {
+  std::string rtf = StreamOut(box, kUtf8Rtf | part);
+  if (EndOfGroup(rtf)) {
+    return rtf;
+  }
+  throw ExplainedError("the edit control does not give its rich text as a whole",
+                       u"文档里有编辑框不能完整给出的内容（例如图片），带格式的文本没有全部取出，因此没有进行。\n"
+                       u"文档和原来的文件都没有改变。另存为 .txt 文件可以保存全部文字。");
+}
+
 }  // namespace
 
 OwnedLibrary LoadRichEditLibrary() {
@@ -189,7 +202,7 @@ void RichEdit::LoadText(std::u16string_view text, Progress& progress) {
 }
 
 bool RichEdit::LoadRtf(std::string_view bytes, Progress& progress) {
-  return StreamIn(*this, SF_RTF, bytes, progress) == 0;
+  return StreamIn(*this, SF_RTF, WithParagraphEnds(bytes), progress) == 0;
 }
 
 void RichEdit::LoadRtfByLines(const RtfByLines& rtf, Progress& progress) {
@@ -201,22 +214,22 @@ void RichEdit::LoadRtfByLines(const RtfByLines& rtf, Progress& progress) {
     const std::string_view shown = rest.empty() ? piece.substr(0, piece.size() - kRtfLineEnd.size()) : piece;
     Select({kEnd, kEnd});
     const std::string whole = std::string(rtf.header).append(shown).append("}");
-    Require(StreamIn(*this, SF_RTF | SFF_SELECTION, whole, onlyPieces), "EM_STREAMIN");
+    Require(StreamIn(*this, SF_RTF | SFF_SELECTION, WithParagraphEnds(whole), onlyPieces), "EM_STREAMIN");
     progress.Report(rtf.lines.size() - rest.size(), rtf.lines.size());
   }
 }
 
 std::string RichEdit::Rtf() const {
-  return StandardRtf(StreamOut(*this, kUtf8Rtf), [this] { return Text(); });
+  return StandardRtf(StreamOutRtf(*this, 0), [this] { return Text(); });
 }
 
 std::string RichEdit::SelectedRtf() const {
-  return StandardRtf(StreamOut(*this, kUtf8Rtf | SFF_SELECTION), [this] { return Text(Selection()); });
+  return StandardRtf(StreamOutRtf(*this, SFF_SELECTION), [this] { return Text(Selection()); });
 }
 
 bool RichEdit::ReplaceSelectionByRtf(std::string_view bytes) {
   NoProgress progress;
-  return StreamIn(*this, SF_RTF | SFF_SELECTION, bytes, progress) == 0;
+  return StreamIn(*this, SF_RTF | SFF_SELECTION, WithParagraphEnds(bytes), progress) == 0;
 }
 
 CHARRANGE RichEdit::Selection() const {
@@ -234,7 +247,12 @@ void RichEdit::ScrollToCaret() {
 }
 
 void RichEdit::ReplaceSelection(std::u16string_view text) {
-  Send(EM_REPLACESEL, FALSE, reinterpret_cast<LPARAM>(ToWide(text).c_str()));
+  if (text.find(u'\0') == std::u16string_view::npos) {
+    Send(EM_REPLACESEL, FALSE, reinterpret_cast<LPARAM>(ToWide(text).c_str()));
+    return;
+  }
+  NoProgress progress;
+  Require(StreamIn(*this, SF_TEXT | SF_UNICODE | SFF_SELECTION, BytesOf(text), progress), "EM_STREAMIN");
 }
 
 POINT RichEdit::ScrollPosition() const {

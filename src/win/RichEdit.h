@@ -46,7 +46,7 @@ class RichEdit {
   // The same for a rich text that can be loaded some lines at a time, into a control that is empty: between them it can
   // be interrupted, where LoadRtf lays out all of the text at its end.
   void LoadRtfByLines(const RtfByLines& rtf, Progress& progress);
-  std::string Rtf() const;
+  std::string Rtf() const;  // throws ExplainedError when the control does not give all of it, as the next
   std::string SelectedRtf() const;
   // False when the bytes are no rich text, or break off: a part of them may stand in the place of the selection.
   bool ReplaceSelectionByRtf(std::string_view bytes);

@@ -17,15 +17,16 @@ TrayIcon::~TrayIcon() {
   Remove();
 }
 
-void TrayIcon::Add(const std::u16string& tip) {
+bool TrayIcon::Add(const std::u16string& tip) {
   if (added_) {
-    return;
+    return true;
   }
   constexpr std::size_t kLongest = std::size(decltype(data_.szTip){}) - 1;
   const std::size_t length = std::min(tip.size(), kLongest);
   std::copy_n(tip.begin(), length, data_.szTip);
   data_.szTip[length] = L'\0';
   added_ = Shell_NotifyIconW(NIM_ADD, &data_) != FALSE;
+  return added_;
 }
 
 void TrayIcon::Remove() {

@@ -17,8 +17,8 @@ class TrayIcon {
   TrayIcon& operator=(const TrayIcon&) = delete;
   ~TrayIcon();
 
-  // A tip longer than the system shows is cut.
-  void Add(const std::u16string& tip);
+  // A tip longer than the system shows is cut. False when there is no icon now, as while the taskbar does not run.
+  bool Add(const std::u16string& tip);
   void Remove();
 
  private:

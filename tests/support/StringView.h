@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "shell/document/DocumentFile.h"
+#include "text/ExplainedError.h"
 
 namespace scrivanta::testing {
 
@@ -29,6 +30,9 @@ class StringView final : public DocumentView {
     undoOfReplacing = std::move(onUndo);
   }
   std::string DocumentRtf() const override {
+    if (breaksOff) {
+      throw ExplainedError("the rich text breaks off", u"没有全部取出");
+    }
     const std::u16string text = editor_.Text();
     return "{" + std::string(text.begin(), text.end()) + "}";
   }
@@ -54,6 +58,7 @@ class StringView final : public DocumentView {
   std::vector<std::optional<int>> progress;
   bool isReadOnly = false;
   bool isFormatted = false;
+  bool breaksOff = false;  // as a control that cannot give all that it shows
   std::function<void(bool)> onChanged;
   std::function<void(bool isUndone)> undoOfReplacing;
 

@@ -50,6 +50,29 @@ TEST_F(DesktopTest, PlacementsThatMakeNoSenseFallBackToTheDefaults) {
   }
 }
 
+TEST_F(DesktopTest, AMaximisedWindowComesBackSoAndKnowsItsPlace) {
+  app.Start();
+  SetWindowPos(app.MainWindow(), nullptr, 60, 45, 600, 450, SWP_NOZORDER);
+  const RECT normal = Bounds();
+  ShowWindow(app.MainWindow(), SW_MAXIMIZE);
+  const RECT maximised = Bounds();
+  app.Close();
+  EXPECT_EQ(app.WaitForEnd(), 0);
+
+  app.Start();
+  EXPECT_NE(IsZoomed(app.MainWindow()), FALSE);
+  const RECT again = Bounds();
+  EXPECT_NE(EqualRect(&again, &maximised), FALSE);
+  ShowWindow(app.MainWindow(), SW_RESTORE);
+  const RECT restored = Bounds();
+  EXPECT_NE(EqualRect(&restored, &normal), FALSE);
+  app.Close();
+  EXPECT_EQ(app.WaitForEnd(), 0);
+
+  app.Start();
+  EXPECT_EQ(IsZoomed(app.MainWindow()), FALSE);
+}
+
 TEST_F(DesktopTest, MinimisedWindowIsAnIconOfTheTray) {
   app.Start();
   EXPECT_FALSE(app.HasTrayIcon());

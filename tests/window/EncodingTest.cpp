@@ -83,8 +83,31 @@ TEST_F(EncodingTest, WhatIsNoTextIsOpenedForReadingWhenThePersonAgrees) {
   const std::u16string shown = app.Text();
   app.Type(u"x");
   app.ExpectText(shown);
+  // No command changes it: those that do nothing else are grey, the others say so.
+  for (const char* const name : {"mnuTrimLine", "mnuSort", "mnuBold", "mnuPaste", "mnuEncryptSelectedText"}) {
+    EXPECT_FALSE(app.MenuEntry(name).enabled) << name;
+  }
+  for (const char* const name : {"mnuSaveAs", "mnuFind", "mnuStatistics", "mnuSelectAll"}) {
+    EXPECT_TRUE(app.MenuEntry(name).enabled) << name;
+  }
+  app.Press("Ctrl+;");
+  app.ExpectBox({.text = u"文档是以只读方式打开的，没有改动。\n另存为其他文件以后就可以改动。",
+                 .icon = Icon::kCritical,
+                 .systemModal = true})
+      .Answer(Answer::kOk);
+  app.ExpectText(shown);
   app.Menu("mnuSaveAs");
   app.ChooseFile(folder / u"副本.dat");
+  EXPECT_EQ(ReadBytes(folder / u"副本.dat"), bytes);
+  EXPECT_TRUE(app.MenuEntry("mnuTrimLine").enabled);
+
+  // What stands behind a NUL is text as well.
+  app.Menu("mnuSelectAll");
+  app.Menu("mnuAllcaps");
+  app.Menu("mnuSave");
+  EXPECT_EQ(ReadBytes(folder / u"副本.dat"), std::string("A\0B\0\r\n\0", 7));
+  app.Menu("mnuUndo");
+  app.Menu("mnuSave");
   EXPECT_EQ(ReadBytes(folder / u"副本.dat"), bytes);
 }
 

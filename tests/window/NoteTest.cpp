@@ -39,6 +39,11 @@ class NoteTest : public WindowTest {
       return index < entries.size() ? store.Read(entries[index].name).text : u"（没有）";
     });
   }
+  static RECT BoundsOf(HWND window) {
+    RECT bounds{};
+    GetWindowRect(window, &bounds);
+    return bounds;
+  }
   static bool IsMarked(const DialogDriver& note, LONG start) {
     const EditBoxDriver box(note.Control(RichNote));
     const TextRange before = box.Selection();
@@ -58,10 +63,8 @@ TEST_F(NoteTest, TwoAreKeptAndFoundAgain) {
   app.Press("Ctrl+N");
   DialogDriver second = Note();
   ASSERT_NE(second.window(), first.window());
-  RECT firstBounds{};
-  RECT secondBounds{};
-  GetWindowRect(first.window(), &firstBounds);
-  GetWindowRect(second.window(), &secondBounds);
+  RECT firstBounds = BoundsOf(first.window());
+  const RECT secondBounds = BoundsOf(second.window());
   EXPECT_TRUE(secondBounds.left > firstBounds.left && secondBounds.top > firstBounds.top);
   EXPECT_NE(GetWindowLongPtrW(second.window(), GWL_EXSTYLE) & WS_EX_TOPMOST, 0);
   app.Type(u"打电话");
@@ -79,7 +82,7 @@ TEST_F(NoteTest, TwoAreKeptAndFoundAgain) {
   first = Note();
   EXPECT_EQ(Notes().size(), 1U);
   EXPECT_EQ(TextOfNote(first), u"买牛奶");
-  GetWindowRect(first.window(), &firstBounds);
+  firstBounds = BoundsOf(first.window());
   EXPECT_EQ(firstBounds.left, 100);
   EXPECT_EQ(firstBounds.bottom, 380);
   PostMessageW(first.window(), WM_COMMAND, MAKEWPARAM(CmbNotes, CBN_DROPDOWN), 0);
@@ -122,6 +125,13 @@ TEST_F(NoteTest, SearchMarksAllPlacesAndGoesThroughThem) {
   EXPECT_EQ(note.Focus(), TxtNoteFind);
   app.Type(u"ab");
   EXPECT_EQ(note.Text(LabNoteFound), u"0/3");
+  // However small the note is made, there is room for its search and its text.
+  SetWindowPos(note.window(), nullptr, 0, 0, 1, 1, SWP_NOMOVE | SWP_NOZORDER);
+  const RECT find = BoundsOf(note.Control(TxtNoteFind));
+  const RECT shownText = BoundsOf(box.window());
+  EXPECT_TRUE(find.right - find.left > find.bottom - find.top &&
+              find.right < BoundsOf(note.Control(ChkNotePattern)).left);
+  EXPECT_TRUE(shownText.bottom - shownText.top > find.bottom - find.top && shownText.bottom <= find.top);
   EXPECT_TRUE(IsMarked(note, 0) && IsMarked(note, 8) && IsMarked(note, 15) && !IsMarked(note, 2));
   app.Press("Enter");
   EXPECT_EQ(note.Text(LabNoteFound), u"1/3");

@@ -34,6 +34,22 @@ TEST_F(UndoTest, UndoesTypedWordsAndRedoesThem) {
   ExpectMenu(true, false);
 }
 
+TEST_F(UndoTest, ErasingTakesWholeCharactersAndIsOneStep) {
+  app.Start();
+  app.Type(u"一😀😀二");
+  app.Press("Left");
+  app.Press("Back");
+  app.ExpectText(u"一😀二");
+  app.Press("Back");
+  app.ExpectText(u"一二");
+  app.Menu("mnuUndo");
+  app.ExpectText(u"一😀😀二");
+  app.Press("Ctrl+Home");
+  app.Press("Right");
+  app.Press("Delete");
+  app.ExpectText(u"一😀二");
+}
+
 TEST_F(UndoTest, ALineBreakComesBackWhereItWas) {
   app.Start();
   app.Open(folder.Write("a.txt", "first\r\nsecond\r\nthird"));

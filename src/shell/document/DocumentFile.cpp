@@ -76,6 +76,7 @@ void DocumentFile::TakeOver(FileOnDisk file, const std::filesystem::path& shown,
   file_ = std::move(file);
   format_ = format;
   saver_ = nullptr;
+  mayDropFormats_ = false;
   isReadOnly_ = format.isBinary;
   view_.SetReadOnly(isReadOnly_);
   view_.ShowPath(shown_);
@@ -91,14 +92,25 @@ void DocumentFile::SetChanged(bool isChanged) {
 }
 
 Snapshot DocumentFile::Capture() const {
-  const bool isRich = IsRichText(path_) || view_.HasFormatting();
-  return {.path = path_,
-          .format = format_,
-          .stamp = path_ == file_.path() ? file_.stamp() : std::nullopt,
-          .selection = workbench_.editor().Selection(),
-          .taken = {},
-          .text = isRich ? std::u16string() : workbench_.editor().Text(),
-          .rtf = isRich ? std::optional(view_.DocumentRtf()) : std::nullopt};
+  Snapshot snapshot{.path = path_,
+                    .format = format_,
+                    .stamp = path_ == file_.path() ? file_.stamp() : std::nullopt,
+                    .selection = workbench_.editor().Selection(),
+                    .taken = {},
+                    .text = {},
+                    .rtf = std::nullopt};
+  if (IsRichText(path_) || view_.HasFormatting()) {
+    try {
+      snapshot.rtf = view_.DocumentRtf();
+      return snapshot;
+    } catch (const ExplainedError&) {
+      // Its file may hold what the text does not: once restored it asks before it replaces that.
+      snapshot.stamp.reset();
+      workbench_.ShowStatus(u"恢复用的副本里只有文字：带格式的文本没有全部取出");
+    }
+  }
+  snapshot.text = workbench_.editor().Text();
+  return snapshot;
 }
 
 void DocumentFile::Restore(const Snapshot& snapshot) {
@@ -189,7 +201,7 @@ bool DocumentFile::SaveTo(const std::filesystem::path& path) {
   }
   const std::u16string text = IsRichText(target->path) ? std::u16string() : workbench_.editor().Text();
   DocumentFormat format = format_;
-  if (!ChooseEncoding(text, format)) {
+  if (!MayDropFormats(target->path) || !ChooseEncoding(text, format)) {
     return false;
   }
   path_ = target->path;
@@ -197,8 +209,14 @@ bool DocumentFile::SaveTo(const std::filesystem::path& path) {
   view_.ShowPath(shown_);
   const std::unique_ptr<BusyWork> work = workbench_.StartWork();
   std::optional<std::string> original = OriginalBytes(work->progress());
+  const bool unifiesLineEnds =
+      !original && !IsRichText(path_) && !format.isBinary && format.lineEnds == DocumentLineEnds::kMixed;
   const std::string bytes = original ? *std::move(original) : BytesOf(path_, text, format);
   WriteFile(bytes, work->progress());
+  if (unifiesLineEnds) {
+    format.lineEnds = DocumentLineEnds::kCrLf;
+    workbench_.ShowStatus(u"行尾不一致，存盘时已统一为 CR LF");
+  }
   file_ = FileOnDisk(path_);
   file_.NoteContent(bytes);
   format_ = format;
@@ -290,17 +308,26 @@ void DocumentFile::Reload(std::string_view bytes) {
   SetChanged(false);
 }
 
-// False when the user rather does not save.
+// False when the user rather does not save, here and below.
+bool DocumentFile::MayDropFormats(const std::filesystem::path& path) {
+  if (!IsRichText(path) && view_.HasFormatting() && !mayDropFormats_) {
+    mayDropFormats_ = AskToDropFormats(workbench_.prompts(), path);
+    return mayDropFormats_;
+  }
+  return true;
+}
+
 bool DocumentFile::ChooseEncoding(std::u16string_view text, DocumentFormat& format) {
   if (!NeedsEncodingQuestion(text, format)) {
     return true;
   }
-  switch (AskForEncoding(workbench_.prompts())) {
+  const bool wouldBeMisread = WouldBeMisread(text, format);
+  switch (wouldBeMisread ? AskAboutMisreading(workbench_.prompts()) : AskForEncoding(workbench_.prompts())) {
     case Answer::kYes:
       format.encoding = DocumentEncoding::kUtf8;
       return true;
     case Answer::kNo:
-      format.exceedsCodePage = true;
+      format.exceedsCodePage |= !wouldBeMisread;
       return true;
     default:
       return false;

@@ -29,6 +29,7 @@ class DocumentView : public Interface {
   // Another text in the place of the document's, as one step of undo; `onUndo` is told whenever the step is undone
   // (true) or redone (false).
   virtual void ReplaceText(std::u16string_view text, std::function<void(bool isUndone)> onUndo) = 0;
+  // Throws ExplainedError when the rich text cannot be had as a whole.
   virtual std::string DocumentRtf() const = 0;
   // Whether the document may have formatting that its text alone would lose.
   virtual bool HasFormatting() const = 0;
@@ -59,8 +60,9 @@ class DocumentFile final : public Document {
   // after a question, and read-only. Throws FileError or ExplainedError, and the document stays as it was.
   void Load(const std::filesystem::path& path);
   // Saves under the path, which is the document's from then on, after the questions of ConfirmTarget. Text that the
-  // encoding lacks is asked about once. Returns whether the document has been saved. Throws FileError: the file stays
-  // as it was, and of the document only the path is another, the one that was tried.
+  // encoding lacks is asked about once, formatting that plain text lacks too. Returns whether the document has been
+  // saved. Throws FileError: the file stays as it was, and of the document only the path is another, the one that was
+  // tried.
   bool SaveTo(const std::filesystem::path& path);
 
   void OpenAsked();
@@ -80,7 +82,7 @@ class DocumentFile final : public Document {
 
   // Whether it is saved by a saver of its own: its text must not lie on the disk in any other way.
   bool IsEncrypted() const noexcept { return saver_ != nullptr; }
-  // The document as it is now, but for the time.
+  // The document as it is now, but for the time. Where its rich text cannot be had it is the text alone, which is said.
   Snapshot Capture() const;
   // Puts the document in the place of the one that is shown: changed, with nothing to undo. Throws ExplainedError when
   // its rich text is none.
@@ -116,6 +118,7 @@ class DocumentFile final : public Document {
   Target TargetOf(const std::filesystem::path& chosen) const;
   std::optional<Target> AskAboutTarget(const std::filesystem::path& chosen);
   bool ChangedExternally();
+  bool MayDropFormats(const std::filesystem::path& path);
   bool ChooseEncoding(std::u16string_view text, DocumentFormat& format);
   // What saving under the path would write; the text counts when the name is one of plain text.
   std::string BytesOf(const std::filesystem::path& path, std::u16string_view text, const DocumentFormat& format) const;
@@ -137,7 +140,8 @@ class DocumentFile final : public Document {
   DocumentSaver saver_;
   bool isReadOnly_ = false;
   bool isChanged_ = false;
-  bool isGivenUp_ = false;  // the last offer to save it was turned down
+  bool mayDropFormats_ = false;  // the user has agreed to save the text of this document alone
+  bool isGivenUp_ = false;       // the last offer to save it was turned down
 };
 
 }  // namespace scrivanta

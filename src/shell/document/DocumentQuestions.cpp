@@ -31,6 +31,23 @@ Answer AskForEncoding(Prompts& prompts) {
                       .icon = Icon::kQuestion});
 }
 
+Answer AskAboutMisreading(Prompts& prompts) {
+  return prompts.Ask({.text = u"这些文字存为 GBK 编码以后，再打开时会被认作另一种编码，变成别的字。\n"
+                              u"“是”：存为 UTF-8 编码\n"
+                              u"“否”：仍然存为 GBK 编码\n"
+                              u"“取消”：不存盘",
+                      .buttons = Buttons::kYesNoCancel,
+                      .icon = Icon::kQuestion});
+}
+
+bool AskToDropFormats(Prompts& prompts, const std::filesystem::path& path) {
+  return prompts.Ask({.text = u"文档带有格式，存为纯文本时格式会丢失：\n" + TextOfPath(path) +
+                              u"\n是否只存文字？（要保留格式，请另存为 .rtf 文件）",
+                      .buttons = Buttons::kYesNo,
+                      .icon = Icon::kWarning,
+                      .defaultAnswer = Answer::kNo}) == Answer::kYes;
+}
+
 bool AskToReload(Prompts& prompts, const std::filesystem::path& path, bool isChangedHereToo) {
   const std::u16string both = isChangedHereToo ? u"这里的文本也改动过，还没有存盘。\n" : u"";
   return prompts.Ask({.text = u"文件已被其他程序改动：\n" + TextOfPath(path) + u"\n" + both +

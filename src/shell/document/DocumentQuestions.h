@@ -15,6 +15,10 @@ bool AskToReplace(Prompts& prompts, const std::filesystem::path& path);
 bool AskToOpenReadOnly(Prompts& prompts, const std::filesystem::path& path);
 // Characters that GBK lacks: Yes is UTF-8, No the four-byte forms of GB18030.
 Answer AskForEncoding(Prompts& prompts);
+// What would be read back as another encoding: Yes is UTF-8, No GBK nevertheless.
+Answer AskAboutMisreading(Prompts& prompts);
+// A formatted document is to be saved as plain text. True when the formats may go.
+bool AskToDropFormats(Prompts& prompts, const std::filesystem::path& path);
 // Another program has changed the file, which the user sees now. True when the document is to become what it holds.
 bool AskToReload(Prompts& prompts, const std::filesystem::path& path, bool isChangedHereToo);
 // The same before saving: Yes replaces the file, No is another name.

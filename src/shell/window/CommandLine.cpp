@@ -3,8 +3,10 @@
 namespace scrivanta {
 
 std::u16string_view DocumentPathOf(std::u16string_view commandLine) {
-  const bool isQuoted = commandLine.size() >= 2 && commandLine.starts_with(u'"') && commandLine.ends_with(u'"');
-  return isQuoted ? commandLine.substr(1, commandLine.size() - 2) : commandLine;
+  // Blanks behind the quotes are no part of what is quoted.
+  const std::u16string_view whole = commandLine.substr(0, commandLine.find_last_not_of(u" \t") + 1);
+  const bool isQuoted = whole.size() >= 2 && whole.starts_with(u'"') && whole.ends_with(u'"');
+  return isQuoted ? whole.substr(1, whole.size() - 2) : commandLine;
 }
 
 }  // namespace scrivanta

@@ -57,6 +57,20 @@ void Place(HWND window, const TwipRect& bounds, int dpi) {
                TwipsToPixels(bounds.width, dpi), TwipsToPixels(bounds.height, dpi), SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
+// Of a window that is maximised: where it stands when it is not.
+RECT NormalBounds(HWND window) {
+  WINDOWPLACEMENT placement{};
+  placement.length = sizeof(placement);
+  GetWindowPlacement(window, &placement);
+  // Counted from the work area of the screen, not from the screen.
+  MONITORINFO screen{};
+  screen.cbSize = sizeof(screen);
+  GetMonitorInfoW(MonitorFromWindow(window, MONITOR_DEFAULTTONEAREST), &screen);
+  RECT bounds = placement.rcNormalPosition;
+  OffsetRect(&bounds, screen.rcWork.left - screen.rcMonitor.left, screen.rcWork.top - screen.rcMonitor.top);
+  return bounds;
+}
+
 bool IsDown(int key) {
   return GetKeyState(key) < 0;
 }
@@ -86,9 +100,9 @@ void FrmMain::Open(std::u16string_view commandLine) {
   SetMenu(handle(), BuildMainMenu().Release());
   host().loop.SetAccelerators(handle(), BuildAccelerators());
   trayIcon_.emplace(handle(), kTrayIconId, kTrayMessage, icon_);
-  RestoreSettings();
+  const int show = RestoreSettings();
   RefreshMenu();
-  ShowWindow(handle(), SW_SHOW);
+  ShowWindow(handle(), show);
   SetFocus(editor_.box());
   UpdateWindow(handle());
   if (!documentPath.empty()) {
@@ -101,11 +115,14 @@ void FrmMain::Open(std::u16string_view commandLine) {
   RunGuarded([this] { recovery_.OfferLeftBehind(); });
 }
 
-void FrmMain::RestoreSettings() {
+int FrmMain::RestoreSettings() {
   std::vector<TwipRect> areas;
   std::ranges::transform(WorkAreas(), std::back_inserter(areas), &ToTwips);
-  Place(handle(), FitPlacement(ReadPlacement(settings_), areas), SystemDotsPerInch());
+  const std::optional<TwipRect> normal = ReadPlacementBeforeMaximising(settings_);
+  const TwipRect placement = normal ? *normal : ReadPlacement(settings_);
+  Place(handle(), FitPlacement(placement, areas), SystemDotsPerInch());
   editor_.SetWordWrap(ReadOptions(settings_).wraps);
+  return normal ? SW_SHOWMAXIMIZED : SW_SHOW;
 }
 
 LRESULT FrmMain::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
@@ -253,7 +270,7 @@ void FrmMain::OnCommand(int id, int notification) {
 
 void FrmMain::RunCommand(int commandId) {
   const MenuEntry* entry = MenuEntryOf(commandId);
-  if (entry == nullptr || !commands_.IsAvailable(entry->controlName, State())) {
+  if (entry == nullptr || !IsAvailable(entry->controlName)) {
     return;
   }
   {
@@ -311,8 +328,12 @@ std::optional<LRESULT> FrmMain::OnEditBoxMessage(UINT message, WPARAM wParam, LP
 // True when the key is no longer the control's.
 bool FrmMain::OnEditBoxKey(WPARAM key) {
   const bool shift = IsDown(VK_SHIFT);
-  if (isComposing_ || !IsDown(VK_CONTROL) || IsDown(VK_MENU)) {
+  if (isComposing_ || IsDown(VK_MENU)) {
     return false;
+  }
+  if (!IsDown(VK_CONTROL)) {
+    SelectForErasing(key);
+    return key == VK_RETURN && shift && BreakLine();
   }
   switch (key) {
     case 'C':
@@ -322,7 +343,7 @@ bool FrmMain::OnEditBoxKey(WPARAM key) {
       return shift;
     case 'V':
       if (shift) {
-        editor_.PasteFormat();
+        RunGuarded([this] { editor_.PasteFormat(); });
       }
       return shift;
     case VK_OEM_1:  // ";"
@@ -346,6 +367,21 @@ bool FrmMain::OnEditBoxKey(WPARAM key) {
   }
 }
 
+// The control erases a unit, which of a pair of surrogates would leave one half: then the pair is selected for it.
+void FrmMain::SelectForErasing(WPARAM key) {
+  if (key == VK_BACK) {
+    editor_.SelectPairBeforeCaret();
+  } else if (key == VK_DELETE) {
+    editor_.SelectPairBehindCaret();
+  }
+}
+
+// The control would begin a line on the screen that is none of the text.
+bool FrmMain::BreakLine() {
+  RunGuarded([this] { editor_.ReplaceSelection(u"\r\n"); });
+  return true;
+}
+
 void FrmMain::OnTimer(UINT_PTR timer) {
   if (timer == kSnapshot) {
     OnSnapshotTimer();
@@ -358,7 +394,7 @@ void FrmMain::OnTimer(UINT_PTR timer) {
   KillTimer(handle(), timer);
   if (!work_.IsBusy() && IsWindowEnabled(handle()) != FALSE) {
     const auto now = clock_.Now();
-    editor_.ReplaceSelection(timer == kTypeDate ? DateText(now) : TimeText(now));
+    RunGuarded([&] { editor_.ReplaceSelection(timer == kTypeDate ? DateText(now) : TimeText(now)); });
   }
 }
 
@@ -391,8 +427,8 @@ void FrmMain::OnIdleTimer() {
 
 void FrmMain::OnSize(WPARAM kind) {
   if (kind == SIZE_MINIMIZED) {
-    if (trayIcon_) {
-      trayIcon_->Add(Caption());
+    // Without an icon to click it could not be had back.
+    if (trayIcon_ && trayIcon_->Add(Caption())) {
       ShowWindow(handle(), SW_HIDE);
     }
     return;
@@ -495,6 +531,8 @@ void FrmMain::KeepPlacement() {
   RECT bounds{};
   GetWindowRect(handle(), &bounds);
   SavePlacement(settings_, ToTwips(bounds));
+  SavePlacementBeforeMaximising(
+      settings_, IsZoomed(handle()) != FALSE ? std::optional(ToTwips(NormalBounds(handle()))) : std::nullopt);
 }
 
 void FrmMain::RequestClose() {
@@ -532,7 +570,7 @@ void FrmMain::LayOut() {
 }
 
 void FrmMain::RefreshMenu() {
-  EnableMenuEntries(GetMenu(handle()), commands_, State());
+  EnableMenuEntries(GetMenu(handle()), [this](std::string_view controlName) { return IsAvailable(controlName); });
 }
 
 void FrmMain::HandleEditorChange() {
@@ -551,6 +589,10 @@ WorkbenchState FrmMain::State() const {
           .canUndo = editor_.canUndo(),
           .canRedo = editor_.canRedo(),
           .canPaste = editor_.canPaste()};
+}
+
+bool FrmMain::IsAvailable(std::string_view controlName) const {
+  return commands_.IsAvailable(controlName, State()) && !(editor_.IsReadOnly() && ChangesDocument(controlName));
 }
 
 // A message belongs to the window that the user works in, which may be a dialog.

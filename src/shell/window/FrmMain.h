@@ -65,6 +65,8 @@ class FrmMain final : public Window, public Workbench, public MainWindow, privat
   std::optional<LRESULT> OnStateMessage(UINT message, WPARAM wParam, LPARAM lParam);
   std::optional<LRESULT> OnEditBoxMessage(UINT message, WPARAM wParam, LPARAM lParam);
   bool OnEditBoxKey(WPARAM key);
+  void SelectForErasing(WPARAM key);
+  bool BreakLine();
   void OnCommand(int id, int notification);
   void OnSize(WPARAM kind);
   void OnTrayClick();
@@ -100,7 +102,8 @@ class FrmMain final : public Window, public Workbench, public MainWindow, privat
   // Colours, fonts or the resolution of the screen are others now.
   void RefreshLook(UINT dotsPerInch);
   void TellControls(UINT message, WPARAM wParam, LPARAM lParam) const;
-  void RestoreSettings();
+  // How the window is to be shown first (SW_SHOW).
+  int RestoreSettings();
   // While an input method composes text, keys are its own.
   void SetComposing(bool composing);
   void FinishComposition() const;
@@ -112,6 +115,7 @@ class FrmMain final : public Window, public Workbench, public MainWindow, privat
   void HandleEditorChange();
   void HandleEditorSelection();
   WorkbenchState State() const;
+  bool IsAvailable(std::string_view controlName) const;
   HWND PromptOwner() const;
   std::u16string Caption() const;
 

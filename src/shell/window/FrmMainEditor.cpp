@@ -5,6 +5,8 @@
 #include <cmath>
 
 #include "shell/window/FrmMainControls.h"
+#include "text/ExplainedError.h"
+#include "text/Surrogates.h"
 #include "text/win/WideText.h"
 #include "win/Clipboard.h"
 
@@ -126,7 +128,22 @@ void FrmMainEditor::ReplaceText(std::u16string_view text, std::function<void(boo
       std::move(onUndo));
 }
 
+void FrmMainEditor::RequireWritable() const {
+  if (box_.IsReadOnly()) {
+    throw ExplainedError("the document is read-only",
+                         u"文档是以只读方式打开的，没有改动。\n另存为其他文件以后就可以改动。");
+  }
+}
+
+void FrmMainEditor::SetText(std::u16string_view text) {
+  RequireWritable();
+  if (text != Text()) {  // else it would only take the formatting away
+    ReplaceText(text, nullptr);
+  }
+}
+
 void FrmMainEditor::ReplaceSelection(std::u16string_view text) {
+  RequireWritable();
   const UndoCommand step(history_, control_);
   const ControlRange selection = control_.Selection();
   const ControlEdit edit{selection.start, control_.Read(selection), ToControlText(text)};
@@ -137,10 +154,12 @@ void FrmMainEditor::ReplaceSelection(std::u16string_view text) {
 }
 
 bool FrmMainEditor::SetRtf(std::string_view rtf) {
+  RequireWritable();
   return Rebuild([&](const RichText&) { return control_.LoadRtf(rtf); });
 }
 
 void FrmMainEditor::SetRtf(const RtfByLines& rtf) {
+  RequireWritable();
   Rebuild([&](const RichText&) {
     control_.LoadRtf(rtf);
     return true;
@@ -148,6 +167,7 @@ void FrmMainEditor::SetRtf(const RtfByLines& rtf) {
 }
 
 bool FrmMainEditor::ReplaceSelectionByRtf(std::string_view rtf) {
+  RequireWritable();
   if (!FrmMainControl::IsRichText(rtf)) {
     return false;
   }
@@ -197,16 +217,55 @@ void FrmMainEditor::SetScroll(ScrollPosition position) {
 }
 
 void FrmMainEditor::Cut() {
+  RequireWritable();
   Copy();
   DeleteSelection();
 }
 
 // Not by the control, whose rich text need not hold the same characters.
 void FrmMainEditor::Copy() {
-  PutOnClipboard(box_.handle(), SelectedText(), SelectedRtf());
+  std::optional<std::string> rtf;
+  try {
+    rtf = SelectedRtf();
+  } catch (const ExplainedError&) {
+    // The text is put there before this is told.
+  }
+  PutOnClipboard(box_.handle(), SelectedText(), rtf.value_or(""));
+  if (!rtf) {
+    throw ExplainedError("the edit control does not give the selected rich text as a whole",
+                         u"选中的内容里有编辑框不能完整给出的部分（例如图片），剪贴板上只有文字，没有格式。\n"
+                         u"文档没有改变。");
+  }
+}
+
+void FrmMainEditor::DeleteSelection() {
+  RequireWritable();
+  box_.Send(WM_CLEAR);
+}
+
+void FrmMainEditor::SelectPairBeforeCaret() {
+  const std::size_t caret = control_.Selection().start.value;
+  if (caret >= 2) {
+    SelectPairAt(caret - 2);
+  }
+}
+
+void FrmMainEditor::SelectPairBehindCaret() {
+  SelectPairAt(control_.Selection().start.value);
+}
+
+// The history is not told: for it the caret still stands beside the pair, as when a control erases both halves itself.
+void FrmMainEditor::SelectPairAt(std::size_t start) {
+  const ControlRange pair{{start}, 2};
+  const std::u16string text = history_.text().ControlText(pair);
+  const bool isPair = text.size() == 2 && IsHighSurrogate(text[0]) && IsLowSurrogate(text[1]);
+  if (isPair && !IsReadOnly() && !HasSelection()) {
+    control_.Select(pair);
+  }
 }
 
 void FrmMainEditor::Paste() {
+  RequireWritable();
   // Text copied out of a formatted document brings its formats.
   if (IsClipboardFormatAvailable(RegisterClipboardFormatW(L"Rich Text Format")) != FALSE) {
     control_.NoteFormatting();
@@ -221,6 +280,7 @@ bool FrmMainEditor::HasEffect(TextEffect effect) const {
 }
 
 void FrmMainEditor::SetEffect(TextEffect effect, bool on) {
+  RequireWritable();
   const EffectBits bits = BitsOf(effect);
   CHARFORMAT2W format{};
   format.cbSize = sizeof(format);
@@ -235,6 +295,7 @@ FontDescription FrmMainEditor::Font() const {
 }
 
 void FrmMainEditor::SetFont(const FontDescription& font) {
+  RequireWritable();
   font_ = font;
   const CHARFORMAT2W format = ToControl(font);
   box_.SetDefaultFormat(format);
@@ -250,6 +311,7 @@ void FrmMainEditor::PasteFormat() {
   if (!storedFormat_) {
     return;
   }
+  RequireWritable();
   CHARFORMAT2W characters = storedFormat_->characters;
   characters.dwMask &= CFM_FACE | CFM_CHARSET | CFM_SIZE | CFM_COLOR | CFM_BOLD | CFM_ITALIC | CFM_STRIKEOUT |
                        CFM_UNDERLINE | CFM_OFFSET | CFM_PROTECTED;

@@ -30,7 +30,9 @@ class FrmMainEditor final : public Editor, public EditBox {
   // Another window after each change of the whole.
   HWND box() const noexcept { return box_.handle(); }
   void SetWordWrap(bool wraps) { box_.SetWordWrap(wraps); }
+  // What is read-only is changed by no command: those that would throw ExplainedError.
   void SetReadOnly(bool readOnly) { box_.SetReadOnly(readOnly); }
+  bool IsReadOnly() const { return box_.IsReadOnly(); }
   // The control's notifications (EN_CHANGE, EN_SELCHANGE).
   void HandleChange();
   void HandleSelection();
@@ -59,13 +61,17 @@ class FrmMainEditor final : public Editor, public EditBox {
   void CopyFormat();
   void PasteFormat();
 
+  // Selects the two halves of a pair of surrogates before the caret or behind it, for a key that erases a character.
+  void SelectPairBeforeCaret();
+  void SelectPairBehindCaret();
+
   std::u16string Text() const override { return history_.text().Text(); }
   std::u16string SelectedText() const override { return history_.text().Text(Selection()); }
   TextRange Selection() const override { return breaks().ToText(control_.Selection()); }
   void SetSelection(TextRange range) override { control_.Select(breaks().ToControl(range)); }
   std::size_t CountDisplayLines(std::u16string_view text) override;
   std::size_t CaretDisplayLine() const override;
-  void SetText(std::u16string_view text) override { ReplaceText(text, nullptr); }
+  void SetText(std::u16string_view text) override;
   void ReplaceSelection(std::u16string_view text) override;
   std::string Rtf() const override { return box_.Rtf(); }
   std::string SelectedRtf() const override { return box_.SelectedRtf(); }
@@ -79,7 +85,7 @@ class FrmMainEditor final : public Editor, public EditBox {
   void Cut() override;
   void Copy() override;
   void Paste() override;
-  void DeleteSelection() override { box_.Send(WM_CLEAR); }
+  void DeleteSelection() override;
   bool HasEffect(TextEffect effect) const override;
   void SetEffect(TextEffect effect, bool on) override;
   FontDescription Font() const override;
@@ -93,6 +99,8 @@ class FrmMainEditor final : public Editor, public EditBox {
 
   const LineBreakIndex& breaks() const noexcept { return history_.text().breaks(); }
   void NoteFormatChange();
+  void RequireWritable() const;
+  void SelectPairAt(std::size_t start);
   bool ReplaceSelectionQuietly(std::string_view rtf);
   // What `load` does to the document, formatting and all, as one step of undo; unless it returns false. It is given the
   // rich text of what it changes.

@@ -89,11 +89,11 @@ OwnedAccelerators BuildAccelerators() {
   return OwnedAccelerators(CreateAcceleratorTableW(accelerators.data(), static_cast<int>(accelerators.size())));
 }
 
-void EnableMenuEntries(HMENU bar, const CommandTable& commands, const WorkbenchState& state) {
+void EnableMenuEntries(HMENU bar, const std::function<bool(std::string_view controlName)>& isAvailable) {
   for (const MenuEntry& entry : MenuTree()) {
     if (entry.level == MenuLevel::kEntry && !entry.IsSeparator()) {
-      const bool available = commands.IsAvailable(entry.controlName, state);
-      EnableMenuItem(bar, static_cast<UINT>(*MenuCommandId(entry.controlName)), available ? MF_ENABLED : MF_GRAYED);
+      EnableMenuItem(bar, static_cast<UINT>(*MenuCommandId(entry.controlName)),
+                     isAvailable(entry.controlName) ? MF_ENABLED : MF_GRAYED);
     }
   }
 }

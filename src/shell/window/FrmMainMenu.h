@@ -3,7 +3,9 @@
 
 #include <windows.h>
 
-#include "shell/workbench/CommandTable.h"
+#include <functional>
+#include <string_view>
+
 #include "win/Handles.h"
 
 namespace scrivanta {
@@ -11,7 +13,7 @@ namespace scrivanta {
 OwnedMenu BuildMainMenu();
 OwnedAccelerators BuildAccelerators();
 
-// Enables those entries of the bar's menus whose command is in the table and available now.
-void EnableMenuEntries(HMENU bar, const CommandTable& commands, const WorkbenchState& state);
+// Enables those entries of the bar's menus whose command is available now.
+void EnableMenuEntries(HMENU bar, const std::function<bool(std::string_view controlName)>& isAvailable);
 
 }  // namespace scrivanta

@@ -102,10 +102,45 @@ constexpr auto kMenu = std::to_array<MenuEntry>({
     {"mnuFindPrevious", u"查找上一个", MenuLevel::kKeysOnly, u"Shift+F3"},
 });
 
+constexpr auto kChangesDocument = std::to_array<std::string_view>({
+    "mnuCut",
+    "mnuPaste",
+    "mnudelete",
+    "mnuCopyAboveChar",
+    "mnuAllcaps",
+    "mnuFont",
+    "mnuBold",
+    "mnuItalic",
+    "mnuUnderline",
+    "mnuDelEmptyLine",
+    "mnuTrimLine",
+    "mnuDelLineFromXtoY",
+    "mnuFilterNeedLine",
+    "mnuFilterRepeatLine",
+    "mnuFilterContinueRepeatLine",
+    "mnuRegGet",
+    "mnuRegReplace",
+    "mnuZuoBiaoToXiangDuiZuoBiao",
+    "mnuXunLeiXiaZaiList",
+    "mnuSort",
+    "mnuRandOrder",
+    "mnuJiaZiMu",
+    "mnuChangeToSDFFile",
+    "mnuFenLan",
+    "mnuAddTAB",
+    "mnuDataGuanLianHeBin",
+    "mnuEncryptSelectedText",
+    "mnuDeEncryptSelectedText",
+});
+
 }  // namespace
 
 std::span<const MenuEntry> MenuTree() {
   return kMenu;
+}
+
+bool ChangesDocument(std::string_view controlName) {
+  return std::ranges::find(kChangesDocument, controlName) != kChangesDocument.end();
 }
 
 std::optional<int> MenuCommandId(std::string_view controlName) {

@@ -27,6 +27,9 @@ struct MenuEntry {
 // In the order of the menu: an entry of the bar is followed by the entries below it. At the end, those of keys only.
 std::span<const MenuEntry> MenuTree();
 
+// Whether the command does nothing but change the document: in one that is read-only it is not there to be chosen.
+bool ChangesDocument(std::string_view controlName);
+
 // What the window is sent when the entry is chosen.
 std::optional<int> MenuCommandId(std::string_view controlName);
 const MenuEntry* MenuEntryOf(int commandId);

@@ -62,6 +62,26 @@ void SavePlacement(Settings& settings, const TwipRect& placement) {
   SaveTwips(settings, u"MainHeight", placement.height);
 }
 
+std::optional<TwipRect> ReadPlacementBeforeMaximising(const Settings& settings) {
+  if (settings.Get(u"MainMaximised", Store::kRegistry, kWindowSection) != u"1") {
+    return std::nullopt;
+  }
+  return TwipRect{ReadTwips(settings, u"NormalLeft", -kFarthest, kDefaultPlacement.left),
+                  ReadTwips(settings, u"NormalTop", -kFarthest, kDefaultPlacement.top),
+                  ReadTwips(settings, u"NormalWidth", kSmallest, kDefaultPlacement.width),
+                  ReadTwips(settings, u"NormalHeight", kSmallest, kDefaultPlacement.height)};
+}
+
+void SavePlacementBeforeMaximising(Settings& settings, const std::optional<TwipRect>& placement) {
+  SaveTwips(settings, u"MainMaximised", placement ? 1 : 0);
+  if (placement) {
+    SaveTwips(settings, u"NormalLeft", placement->left);
+    SaveTwips(settings, u"NormalTop", placement->top);
+    SaveTwips(settings, u"NormalWidth", placement->width);
+    SaveTwips(settings, u"NormalHeight", placement->height);
+  }
+}
+
 TwipRect FitPlacement(const TwipRect& placement, std::span<const TwipRect> workAreas) {
   const bool isSeen =
       std::ranges::any_of(workAreas, [&placement](const TwipRect& area) { return HoldsCaption(area, placement); });

@@ -3,6 +3,7 @@
 #include "text/AtomicFile.h"
 #include "text/LineReader.h"
 #include "text/LineWriter.h"
+#include "text/StandIns.h"
 
 namespace scrivanta {
 
@@ -53,7 +54,7 @@ CapturedInput CaptureInput(Workbench& workbench, std::u16string_view fileName, W
   } else {
     input.text = editor.SelectedText();
   }
-  input.bytes = Encode(kWorkFileEncoding, input.text);
+  input.bytes = StandIns(kWorkFileEncoding, input.text).Encode(input.text);
   input.file = workbench.folders().temporary / fileName;
   RewriteInputFile(input);
   return input;
@@ -79,7 +80,7 @@ void ResultFile::Save() const {
 
 void PutResultBack(Workbench& workbench, const CapturedInput& input, const ResultFile& result) {
   result.Save();
-  std::u16string text = Decode(kWorkFileEncoding, result.bytes());
+  std::u16string text = StandIns(kWorkFileEncoding, input.text).Decode(result.bytes());
   if (text.ends_with(kLineBreak) && !input.IsSelectionOfWholeLines()) {
     text.resize(text.size() - kLineBreak.size());
   }
@@ -89,7 +90,7 @@ void PutResultBack(Workbench& workbench, const CapturedInput& input, const Resul
 void PutTextBack(Workbench& workbench, const CapturedInput& input, std::u16string_view fileName,
                  std::u16string_view text) {
   ResultFile result(workbench, fileName);
-  result.Write(Encode(kWorkFileEncoding, text));
+  result.Write(StandIns(kWorkFileEncoding, text).Encode(text));
   result.Save();
   ReplaceCaptured(workbench, input, text);
 }

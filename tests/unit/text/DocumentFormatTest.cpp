@@ -132,5 +132,14 @@ TEST(DocumentFormat, AsksAboutWhatTheCodePageLacksOnce) {
   EXPECT_FALSE(NeedsEncodingQuestion(u"汉字😀", {.encoding = E::kUtf8}));
 }
 
+TEST(DocumentFormat, AsksAboutGbkThatWouldBeReadAsAnotherEncoding) {
+  EXPECT_TRUE(NeedsEncodingQuestion(u"锟斤拷", {}));
+  EXPECT_TRUE(NeedsEncodingQuestion(u"\x951F\x65A4\x62F7", {.exceedsCodePage = true}));
+  EXPECT_TRUE(NeedsEncodingQuestion(u"锘縜", {}));  // begins with the mark of UTF-8
+  EXPECT_FALSE(NeedsEncodingQuestion(u"锟斤拷", {.encoding = E::kUtf8}));
+  EXPECT_FALSE(NeedsEncodingQuestion(u"锟斤拷汉字", {}));
+  EXPECT_FALSE(NeedsEncodingQuestion(u"联通", {}));
+}
+
 }  // namespace
 }  // namespace scrivanta

@@ -397,6 +397,14 @@ void Soak::Redo() {
 
 void Soak::SaveAndOpen() {
   app_.Menu("mnuSave");
+  if (FindTopWindow(GetCurrentProcessId(), kDialogClass, u"Scrivanta") != nullptr) {
+    app_.ExpectBox({.text = u"文档带有格式，存为纯文本时格式会丢失：\n" + document_.u16string() +
+                            u"\n是否只存文字？（要保留格式，请另存为 .rtf 文件）",
+                    .buttons = Buttons::kYesNo,
+                    .icon = Icon::kWarning,
+                    .defaultAnswer = Answer::kNo})
+        .Answer(Answer::kYes);
+  }
   app_.ExpectText(text_);
   if (ReadBytes(document_) != Utf8(text_)) {
     throw DriverFailure("the saved file does not hold the document");

@@ -323,8 +323,38 @@ TEST_F(DocumentFileTest, MixedLineEndsAreTold) {
   document.Load(folder.Put("a.txt", "a\nb\r\n"));
   EXPECT_EQ(workbench.status, u"行尾不一致，存盘时将统一为 CR LF");
   EXPECT_EQ(Text(), u"a\r\nb\r\n");
+  workbench.status.clear();
   document.Save();
   EXPECT_EQ(ReadWholeFile(File("a.txt")), "a\r\nb\r\n");
+  EXPECT_EQ(workbench.status, u"行尾不一致，存盘时已统一为 CR LF");
+  workbench.status.clear();
+  document.Save();
+  EXPECT_EQ(workbench.status, u"");
+}
+
+TEST_F(DocumentFileTest, FormatsGoOnlyAfterAQuestion) {
+  document.Load(folder.Put("a.rtf", "{rich}"));
+  view.isFormatted = true;
+  workbench.prompts().Will(File("a.txt"));
+  workbench.prompts().Will(Answer::kNo);
+  EXPECT_FALSE(document.SaveAs());
+  EXPECT_FALSE(std::filesystem::exists(File("a.txt")));
+  EXPECT_EQ(document.Path(), File("a.rtf"));
+  EXPECT_EQ(workbench.prompts().messages.back().defaultAnswer, Answer::kNo);
+
+  workbench.prompts().Will(File("b.rtf"));
+  workbench.prompts().Will(File("a.txt"));
+  workbench.prompts().Will(Answer::kYes);
+  EXPECT_TRUE(document.SaveAs());
+  EXPECT_TRUE(document.SaveAs());
+  EXPECT_EQ(ReadWholeFile(File("a.txt")), "rich");
+  document.Save();
+  ExpectQuestions(2);
+
+  document.Load(File("a.txt"));
+  workbench.prompts().Will(Answer::kNo);
+  document.Save();
+  ExpectQuestions(3);
 }
 
 TEST_F(DocumentFileTest, WhatIsNoTextOpensReadOnlyAfterAQuestion) {

@@ -102,6 +102,25 @@ TEST_F(DocumentRecoveryTest, FormattingComesBack) {
   EXPECT_TRUE(next->document.Path().empty());
 }
 
+// The text of a document whose rich text the control does not give as a whole; the file, which holds more, is not
+// replaced by it unasked.
+TEST_F(DocumentRecoveryTest, TheTextComesBackWhereTheFormattingCannotBeHad) {
+  const auto path = folder.Put("a.rtf", "{picture}");
+  {
+    const auto instance = Start();
+    instance->document.Load(path);
+    instance->view.breaksOff = true;
+    instance->Edit(u"new text");
+    instance->recovery.Complete();
+    EXPECT_EQ(instance->workbench.status, u"恢复用的副本里只有文字：带格式的文本没有全部取出");
+  }
+  const auto next = StartAndAnswer({Answer::kYes});
+  EXPECT_EQ(next->workbench.editor().Text(), u"new text");
+  next->workbench.prompts().Will(Answer::kNo);
+  next->document.Save();
+  EXPECT_EQ(ReadWholeFile(path), "{picture}");
+}
+
 TEST_F(DocumentRecoveryTest, OnlyARefusalOrASaveRemovesASnapshot) {
   LeaveBehind({}, u"没有名字");
   StartAndAnswer({Answer::kCancel});

@@ -63,6 +63,14 @@ TEST(WindowPlacementTest, WhatIsSavedIsRead) {
   const TwipRect placement = {-1200, 345, 9015, 6000};
   SavePlacement(settings, placement);
   EXPECT_EQ(ReadPlacement(settings), placement);
+
+  EXPECT_EQ(ReadPlacementBeforeMaximising(settings), std::nullopt);
+  const TwipRect normal = {-30, 45, 9000, 6000};
+  SavePlacementBeforeMaximising(settings, normal);
+  EXPECT_EQ(ReadPlacementBeforeMaximising(settings), normal);
+  EXPECT_EQ(ReadPlacement(settings), placement);
+  SavePlacementBeforeMaximising(settings, std::nullopt);
+  EXPECT_EQ(ReadPlacementBeforeMaximising(settings), std::nullopt);
 }
 
 TEST(WindowPlacementTest, AWindowOfAScreenThatIsGoneOpensOnTheMainOne) {
@@ -97,6 +105,8 @@ TEST(InstanceNumberTest, IsOneMoreThanTheLargest) {
 
 TEST(CommandLineTest, QuotesAreTakenOff) {
   EXPECT_EQ(DocumentPathOf(u"\"C:\\a b\\x.txt\""), u"C:\\a b\\x.txt");
+  EXPECT_EQ(DocumentPathOf(u"\"C:\\a b\\x.txt\" \t"), u"C:\\a b\\x.txt");
+  EXPECT_EQ(DocumentPathOf(u"C:\\a b\\x.txt "), u"C:\\a b\\x.txt ");
   EXPECT_EQ(DocumentPathOf(u"C:\\a b\\x.txt"), u"C:\\a b\\x.txt");
   EXPECT_EQ(DocumentPathOf(u"\""), u"\"");
   EXPECT_EQ(DocumentPathOf(u"\"x"), u"\"x");

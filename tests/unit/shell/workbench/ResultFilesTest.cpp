@@ -70,6 +70,45 @@ TEST(ResultFiles, PutBackWhereItWasCaptured) {
   EXPECT_EQ(workbench.editor().Text(), u"one 2");
 }
 
+// What is no text in the document's own encoding may be half a character in that of the files.
+TEST(ResultFiles, BringBackWhatIsNoText) {
+  const std::u16string texts[] = {
+      u"Ren\xDCE9tte,caf\xDCE9|x",   // a byte of another encoding, and letters that would complete it
+      u"\xDC81\x30\xDC84\x36",       // as a code of four bytes
+      u"\xD83D|\xDE00\xDC81\xDC81",  // halves of pairs, and two bytes that would be one character
+      u"a\xDCE9|\U0010F869 \U0010FFFF",
+  };
+  for (const std::u16string& text : texts) {
+    SCOPED_TRACE(::testing::PrintToString(text));
+    ScriptedWorkbench workbench;
+    workbench.editor().Open(text);
+    const CapturedInput input = CaptureInput(workbench);
+    ResultFile result(workbench, u"Result.txt");
+    // Fields end at delimiters, whatever stands before these, and may be cut off there.
+    const std::size_t delimiter = input.bytes.find('|');
+    result.Write(input.bytes);
+    if (delimiter != std::string::npos) {
+      result.Write(input.bytes.substr(0, delimiter) + "\t\r\n");
+    }
+    PutResultBack(workbench, input, result);
+    std::u16string expected = text;
+    if (delimiter != std::string::npos) {
+      expected += u"\r\n" + text.substr(0, text.find(u'|')) + u"\t";
+    }
+    EXPECT_EQ(workbench.editor().Text(), expected);
+    PutTextBack(workbench, input, u"Result.txt", text);
+    EXPECT_EQ(workbench.editor().Text(), text);
+    EXPECT_EQ(workbench.WorkFile("Result.txt") + "\r\n", input.bytes);
+  }
+}
+
+// Half a character of GBK stands in the files as the byte that it is.
+TEST(ResultFiles, HoldLoneBytesThatComeBackAsTheyAre) {
+  ScriptedWorkbench workbench;
+  workbench.editor().Open(u"\xDCBA\r\n汉");
+  EXPECT_EQ(CaptureInput(workbench).bytes, "\xBA\r\n\xBA\xBA\r\n");
+}
+
 TEST(ResultFiles, MergeGivesEveryLineItsEnd) {
   ScriptedWorkbench workbench;
   ResultFile first(workbench, u"1");
