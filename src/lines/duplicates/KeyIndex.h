@@ -28,7 +28,7 @@ class KeyIndex {
  public:
   // The bytes of all lines to come, as far as they can be known.
   explicit KeyIndex(std::uint64_t expectedBytes)
-      : keys_(static_cast<std::size_t>(expectedBytes)), pairs_(std::in_place, expectedBytes) {}
+      : keys_(static_cast<std::size_t>(expectedBytes)), lines_(expectedBytes), pairs_(std::in_place, expectedBytes) {}
 
   // Whether the key of the line occurs in the joined keys. When it does not, it is joined to them. Throws
   // std::length_error for more than 2^32 words.

@@ -1,6 +1,19 @@
 #include "lines/duplicates/SeenLines.h"
 
+#include <algorithm>
+#include <bit>
+
 namespace scrivanta {
+
+namespace {
+
+constexpr std::uint64_t kFewestSlots = 1024;
+constexpr std::uint64_t kBytesOfASlot = 32;  // with a quarter of them free, lines of some forty bytes fill the table
+
+}  // namespace
+
+SeenLines::SeenLines(std::uint64_t expectedBytes)
+    : entries_(static_cast<std::size_t>(std::bit_ceil(std::max(kFewestSlots, expectedBytes / kBytesOfASlot)))) {}
 
 bool SeenLines::Contains(const JoinedKeys& keys, std::string_view line, std::uint64_t hash) const {
   const auto shortHash = static_cast<std::uint32_t>(hash);

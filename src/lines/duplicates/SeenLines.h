@@ -12,6 +12,8 @@ namespace scrivanta {
 
 class SeenLines {
  public:
+  // The bytes of all lines to come, as far as they can be known.
+  explicit SeenLines(std::uint64_t expectedBytes);
   // Asks the memory for what Contains will need for this hash.
   void Prefetch(std::uint64_t hash) const {
     __builtin_prefetch(&entries_[static_cast<std::uint32_t>(hash) & (entries_.size() - 1)]);
@@ -22,8 +24,6 @@ class SeenLines {
   void Add(std::size_t place, std::size_t length, std::uint64_t hash);
 
  private:
-  static constexpr std::size_t kFirstSlots = 1024;
-
   struct Entry {
     std::uint32_t hash = 0;
     std::uint32_t length = 0;
@@ -32,7 +32,7 @@ class SeenLines {
 
   std::size_t FreeSlot(std::uint32_t hash) const;
 
-  std::vector<Entry> entries_ = std::vector<Entry>(kFirstSlots);  // open addressing, a power of two
+  std::vector<Entry> entries_;  // open addressing, a power of two
   std::size_t used_ = 0;
 };
 

@@ -41,10 +41,12 @@ void WordPairFilter::Ask(std::span<const std::uint64_t> wordHashes) {
   asked_.clear();
   for (std::size_t i = 1; i < wordHashes.size(); ++i) {
     asked_.push_back(PairOf(wordHashes[i - 1], wordHashes[i]));
-    __builtin_prefetch(&blocks_[BlockOf(asked_.back(), blocks_.size())]);
+    Prefetch(asked_.back());
   }
   first_ = wordHashes.front();
   last_ = wordHashes.back();
+  Prefetch(PairOf(HashOfNothing(), first_));
+  Prefetch(PairOf(last_, HashOfNothing()));
 }
 
 bool WordPairFilter::MayContain() const {
@@ -66,6 +68,11 @@ void WordPairFilter::Add(std::string_view joinedKeys) {
   std::ranges::for_each(asked_, [this](std::uint64_t pair) { AddPair(pair); });
   lastAdded_ = last_;
   isEmpty_ = false;
+}
+
+// Asks the memory for what Add, or that of the next line, will need.
+void WordPairFilter::Prefetch(std::uint64_t pair) const {
+  __builtin_prefetch(&blocks_[BlockOf(pair, blocks_.size())]);
 }
 
 void WordPairFilter::AddPair(std::uint64_t pair) {

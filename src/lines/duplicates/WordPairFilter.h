@@ -24,6 +24,7 @@ class WordPairFilter {
   void Add(std::string_view joinedKeys);
 
  private:
+  void Prefetch(std::uint64_t pair) const;
   void AddPair(std::uint64_t pair);
   void Grow(std::string_view joinedKeys);
 
