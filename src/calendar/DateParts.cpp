@@ -3,17 +3,13 @@
 #include <algorithm>
 #include <array>
 
+#include "text/LineText.h"
+
 namespace scrivanta {
 
 namespace {
 
 constexpr std::u16string_view kBlanks = u" \t\u3000";
-
-std::u16string_view Trim(std::u16string_view text) {
-  const std::size_t first = text.find_first_not_of(kBlanks);
-  return first == std::u16string_view::npos ? std::u16string_view()
-                                            : text.substr(first, text.find_last_not_of(kBlanks) - first + 1);
-}
 
 struct Separators {
   char16_t afterYear;
@@ -53,7 +49,7 @@ std::optional<int> ParseDigits(std::u16string_view text) {
 }
 
 std::optional<DateParts> SplitDate(std::u16string_view text) {
-  text = Trim(text);
+  text = Trim(text, kBlanks);
   for (const Separators& separators : kSeparators) {
     if (std::optional<DateParts> parts = Split(text, separators)) {
       if (parts->day.size() > 1 && (parts->day.back() == u'日' || parts->day.back() == u'号')) {

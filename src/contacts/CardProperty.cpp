@@ -6,6 +6,7 @@
 #include "contacts/QuotedPrintable.h"
 #include "text/AsciiRun.h"
 #include "text/Encoding.h"
+#include "text/LineText.h"
 #include "text/Utf8.h"
 
 namespace scrivanta {
@@ -105,22 +106,6 @@ std::optional<std::string> ToUtf8(std::string bytes, std::string_view charset) {
   return FromGbk(bytes);
 }
 
-// CR LF and CR become LF.
-void UnifyLineBreaks(std::string& text) {
-  if (text.find('\r') == std::string::npos) {
-    return;
-  }
-  std::string unified;
-  for (std::size_t i = 0; i < text.size(); ++i) {
-    if (text[i] != '\r') {
-      unified += text[i];
-    } else if (i + 1 == text.size() || text[i + 1] != '\n') {
-      unified += '\n';
-    }
-  }
-  text = std::move(unified);
-}
-
 // In 2.1 only the semicolon is escaped, and a line break where the value is not encoded.
 std::string Unescape(std::string_view text, bool escapes, bool breaks) {
   std::string plain;
@@ -145,7 +130,7 @@ std::optional<std::string> TextOfBytes(std::string bytes, const CardProperty& pr
   const std::string* charset = property.Find("CHARSET");
   std::optional<std::string> text = ToUtf8(std::move(bytes), charset == nullptr ? "" : *charset);
   if (text) {
-    UnifyLineBreaks(*text);
+    text = WithLineFeedsOnly(*std::move(text));
     if (text->find('\\') != std::string::npos) {
       const bool isEncoded = property.encoding == CardEncoding::kQuotedPrintable;
       text = Unescape(*text, property.escapes, property.escapes || !isEncoded);
@@ -264,9 +249,7 @@ bool EqualIgnoringCase(std::string_view a, std::string_view b) {
 }
 
 std::string_view WithoutBlanksAround(std::string_view text) {
-  const std::size_t begin = text.find_first_not_of(" \t");
-  return begin == std::string_view::npos ? std::string_view()
-                                         : text.substr(begin, text.find_last_not_of(" \t") + 1 - begin);
+  return Trim(text, " \t");
 }
 
 }  // namespace scrivanta

@@ -1,5 +1,7 @@
 #include "crypto/HexText.h"
 
+#include "text/Hexadecimal.h"
+
 namespace scrivanta {
 
 namespace {
@@ -7,14 +9,6 @@ namespace {
 constexpr std::u16string_view kDigits = u"0123456789ABCDEF";
 
 }  // namespace
-
-int HexDigitValue(char16_t character) noexcept {
-  if (character >= u'0' && character <= u'9') {
-    return character - u'0';
-  }
-  const auto upper = static_cast<char16_t>(character & ~0x20);
-  return upper >= u'A' && upper <= u'F' ? upper - u'A' + 10 : -1;
-}
 
 std::u16string ToGroupedHex(std::span<const std::uint8_t> bytes, std::size_t groupSize) {
   std::u16string text;

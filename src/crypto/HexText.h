@@ -8,9 +8,6 @@
 
 namespace scrivanta {
 
-// The value of a hexadecimal digit of either case, -1 for any other character.
-int HexDigitValue(char16_t character) noexcept;
-
 // Two upper-case digits a byte, two spaces before every group of so many bytes but the first. groupSize is at least 1.
 std::u16string ToGroupedHex(std::span<const std::uint8_t> bytes, std::size_t groupSize);
 

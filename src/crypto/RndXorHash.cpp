@@ -8,6 +8,7 @@
 #include "crypto/HexText.h"
 #include "text/DateTimeText.h"
 #include "text/DecimalText.h"
+#include "text/Hexadecimal.h"
 
 namespace scrivanta {
 

@@ -6,6 +6,9 @@
 #include <cmath>
 #include <optional>
 
+#include "text/Hexadecimal.h"
+#include "text/LineText.h"
+
 namespace scrivanta {
 
 namespace {
@@ -19,10 +22,6 @@ void AppendShortest(Real value, std::u16string& text) {
   const auto result = std::to_chars(std::begin(digits), std::end(digits), value,
                                     isPlain ? std::chars_format::fixed : std::chars_format::general);
   text.append(std::begin(digits), result.ptr);
-}
-
-bool IsDigit(char16_t unit) {
-  return unit >= u'0' && unit <= u'9';
 }
 
 std::size_t CountDigits(std::u16string_view text) {
@@ -142,14 +141,6 @@ bool IsDateTime(std::u16string_view text) {
   return (TakeMark(text, u' ') || TakeMark(text, u'T')) && TakeTime(text) && TakeOffset(text) && text.empty();
 }
 
-int HexDigit(char16_t unit) {
-  if (IsDigit(unit)) {
-    return unit - u'0';
-  }
-  const char16_t small = unit | 0x20;
-  return small >= u'a' && small <= u'f' ? small - u'a' + 10 : -1;
-}
-
 }  // namespace
 
 void AppendReal(double value, std::u16string& text) {
@@ -176,8 +167,8 @@ bool ParseHex(std::u16string_view text, std::string& bytes) {
     return false;
   }
   for (std::size_t i = 2; i < text.size(); i += 2) {
-    const int high = HexDigit(text[i]);
-    const int low = HexDigit(text[i + 1]);
+    const int high = HexDigitValue(text[i]);
+    const int low = HexDigitValue(text[i + 1]);
     if (high < 0 || low < 0) {
       return false;
     }

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "regexp/RegExpErrors.h"
+#include "text/Hexadecimal.h"
 #include "text/LineText.h"
 
 namespace scrivanta {
@@ -27,19 +28,6 @@ bool IsAsciiLetter(char16_t c) {
 
 bool IsClassEscape(char16_t c) {
   return std::u16string_view(u"dDwWsS").find(c) != std::u16string_view::npos;
-}
-
-std::optional<unsigned> HexDigit(char16_t c) {
-  if (IsDigit(c)) {
-    return c - u'0';
-  }
-  if (c >= u'a' && c <= u'f') {
-    return c - u'a' + 10U;
-  }
-  if (c >= u'A' && c <= u'F') {
-    return c - u'A' + 10U;
-  }
-  return std::nullopt;
 }
 
 std::vector<CharacterRange> Complement(const std::vector<CharacterRange>& ascending) {
@@ -346,11 +334,11 @@ class Parser {
   std::optional<char16_t> TakeHexDigits(std::size_t count) {
     unsigned value = 0;
     for (std::size_t i = 0; i < count; ++i) {
-      const auto digit = at_ + i < pattern_.size() ? HexDigit(pattern_[at_ + i]) : std::nullopt;
-      if (!digit) {
+      const int digit = at_ + i < pattern_.size() ? HexDigitValue(pattern_[at_ + i]) : -1;
+      if (digit < 0) {
         return std::nullopt;
       }
-      value = value * 16 + *digit;
+      value = value * 16 + static_cast<unsigned>(digit);
     }
     at_ += count;
     return static_cast<char16_t>(value);

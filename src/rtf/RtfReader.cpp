@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "text/Encoding.h"
+#include "text/Hexadecimal.h"
 
 namespace scrivanta {
 
@@ -53,14 +54,6 @@ bool IsLeadByte(unsigned char byte) {
 
 bool IsTrailByte(unsigned char byte) {
   return byte >= 0x40 && byte != 0x7F && byte != 0xFF;
-}
-
-int HexDigit(char c) {
-  if (IsDigit(c)) {
-    return c - '0';
-  }
-  const char lower = static_cast<char>(c | 0x20);
-  return lower >= 'a' && lower <= 'f' ? lower - 'a' + 10 : -1;
 }
 
 }  // namespace
@@ -273,8 +266,8 @@ std::optional<unsigned char> RtfReader::TakeHexByte() {
   if (rtf_.size() - at_ < 2) {
     return std::nullopt;
   }
-  const int high = HexDigit(rtf_[at_]);
-  const int low = HexDigit(rtf_[at_ + 1]);
+  const int high = HexDigitValue(static_cast<unsigned char>(rtf_[at_]));
+  const int low = HexDigitValue(static_cast<unsigned char>(rtf_[at_ + 1]));
   if (high < 0 || low < 0) {
     return std::nullopt;
   }

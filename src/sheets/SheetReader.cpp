@@ -9,6 +9,7 @@
 #include "sheets/SheetFormats.h"
 #include "sheets/ZipArchive.h"
 #include "text/Encoding.h"
+#include "text/LineText.h"
 
 namespace scrivanta {
 
@@ -54,16 +55,7 @@ std::string TextOfItem(const pugi::xml_node& item) {
       text += Child(child, "t").child_value();
     }
   }
-  text = WithoutSheetEscapes(text);
-  std::string unified;
-  for (std::size_t i = 0; i < text.size(); ++i) {
-    if (text[i] != '\r') {
-      unified += text[i];
-    } else if (i + 1 == text.size() || text[i + 1] != '\n') {
-      unified += '\n';
-    }
-  }
-  return unified;
+  return WithLineFeedsOnly(WithoutSheetEscapes(text));
 }
 
 // The path of what a part's relation means: from the archive's root, or from the part's own folder.

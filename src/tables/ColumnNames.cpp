@@ -4,6 +4,7 @@
 #include <optional>
 
 #include "text/DecimalText.h"
+#include "text/LineText.h"
 #include "text/Utf8.h"
 
 namespace scrivanta {
@@ -11,12 +12,6 @@ namespace scrivanta {
 namespace {
 
 constexpr std::size_t kMostColumns = 1'000'000;
-
-std::u16string_view Trim(std::u16string_view text) {
-  const std::size_t first = text.find_first_not_of(u' ');
-  return first == std::u16string_view::npos ? text.substr(0, 0)
-                                            : text.substr(first, text.find_last_not_of(u' ') - first + 1);
-}
 
 // The number, from 1, in digits or in letters.
 std::optional<std::size_t> NumberOf(std::u16string_view name) {
@@ -77,7 +72,7 @@ std::vector<std::size_t> FindColumns(std::u16string_view names, std::span<const 
   for (bool isLast = false; !isLast;) {
     const std::size_t comma = names.find(u',');
     isLast = comma == std::u16string_view::npos;
-    columns.push_back(FindColumn(Trim(names.substr(0, comma)), headers, count));
+    columns.push_back(FindColumn(TrimSpaces(names.substr(0, comma)), headers, count));
     names.remove_prefix(isLast ? names.size() : comma + 1);
   }
   return columns;

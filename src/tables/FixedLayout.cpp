@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "text/DecimalText.h"
+#include "text/LineText.h"
 
 namespace scrivanta {
 
@@ -17,14 +18,6 @@ constexpr std::pair<WidthUnit, std::u16string_view> kUnits[] = {
     {WidthUnit::kGbkBytes, u"gbk"}, {WidthUnit::kCells, u"cells"}, {WidthUnit::kCharacters, u"characters"}};
 constexpr std::pair<FieldAlign, char16_t> kAligns[] = {
     {FieldAlign::kLeft, u'l'}, {FieldAlign::kRight, u'r'}, {FieldAlign::kZeros, u'0'}};
-
-std::u16string_view Trim(std::u16string_view text) {
-  const std::size_t first = text.find_first_not_of(kBlanks);
-  if (first == std::u16string_view::npos) {
-    return {};
-  }
-  return text.substr(first, text.find_last_not_of(kBlanks) - first + 1);
-}
 
 // Takes what stands before the separator away from the text.
 std::u16string_view TakePart(std::u16string_view& text, char16_t separator) {
@@ -59,7 +52,7 @@ std::optional<FieldAlign> AlignOf(std::u16string_view letter) {
 bool TakeLayoutLine(std::u16string_view line, FixedLayout& layout) {
   std::u16string_view rest = line;
   const std::u16string_view word = TakePart(rest, u' ');
-  rest = Trim(rest);
+  rest = Trim(rest, kBlanks);
   if (word == u"unit") {
     const auto* known =
         std::find_if(std::begin(kUnits), std::end(kUnits), [&](const auto& u) { return u.second == rest; });
@@ -89,7 +82,7 @@ std::vector<std::size_t> ParseNumbers(std::u16string_view text) {
   for (bool isLast = false; !isLast;) {
     const std::size_t comma = text.find(u',');
     isLast = comma == std::u16string_view::npos;
-    const auto number = WholeNumber(Trim(text.substr(0, comma)));
+    const auto number = WholeNumber(Trim(text.substr(0, comma), kBlanks));
     if (!number) {
       throw LayoutError("numbers with commas between them are wanted, such as 10,8", u"请输入用逗号隔开的数，如：10,8");
     }
@@ -143,7 +136,7 @@ FixedLayout LayoutFromText(std::u16string_view text) {
   FixedLayout layout;
   for (std::size_t number = 1; !text.empty(); ++number) {
     std::u16string_view line = TakePart(text, u'\n');
-    line = Trim(TakePart(line, u'#'));
+    line = Trim(TakePart(line, u'#'), kBlanks);
     if (!line.empty() && !TakeLayoutLine(line, layout)) {
       throw LayoutError(
           "line " + std::to_string(number) + " of the layout is none: \"10 l\", \"unit gbk\" or \"ctrl-z\"",

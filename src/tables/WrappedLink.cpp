@@ -5,6 +5,7 @@
 #include <cstdint>
 
 #include "text/Encoding.h"
+#include "text/Hexadecimal.h"
 #include "text/Surrogates.h"
 #include "text/Utf8.h"
 
@@ -35,17 +36,12 @@ bool BeginsWithScheme(std::string_view link, std::string_view scheme) {
          std::equal(scheme.begin(), scheme.end(), link.begin(), [](char s, char l) { return s == Lower(l); });
 }
 
-int HexDigit(char c) {
-  const char lower = Lower(c);
-  return c >= '0' && c <= '9' ? c - '0' : lower >= 'a' && lower <= 'f' ? lower - 'a' + 10 : -1;
-}
-
 std::string WithoutEscapes(std::string_view text) {
   std::string plain;
   for (std::size_t at = 0; at < text.size(); ++at) {
     const bool isEscape = text[at] == '%' && at + 2 < text.size();
-    const int high = isEscape ? HexDigit(text[at + 1]) : -1;
-    const int low = isEscape ? HexDigit(text[at + 2]) : -1;
+    const int high = isEscape ? HexDigitValue(static_cast<unsigned char>(text[at + 1])) : -1;
+    const int low = isEscape ? HexDigitValue(static_cast<unsigned char>(text[at + 2])) : -1;
     if (high >= 0 && low >= 0) {
       plain += static_cast<char>(high * 16 + low);
       at += 2;

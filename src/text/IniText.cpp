@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstdint>
 
+#include "text/LineText.h"
 #include "text/Surrogates.h"
 
 namespace scrivanta {
@@ -115,11 +116,6 @@ std::optional<std::u16string_view> ValueOfEntry(std::u16string_view line, std::u
   return WithoutBlanksBefore(rest.substr(1));
 }
 
-std::u16string_view WithoutBlanksAround(std::u16string_view text) {
-  text = WithoutBlanksBefore(text);
-  return text.substr(0, text.find_last_not_of(u' ') + 1);
-}
-
 // Where a line of the text stands, and where the next one begins.
 struct LinePlace {
   std::size_t begin;
@@ -221,7 +217,7 @@ IniEntries IniText::Entries(std::u16string_view section) const {
     }
     const std::size_t equals = line.find(u'=');
     if (inside && equals != std::u16string_view::npos) {
-      entries.emplace(Unescape(WithoutBlanksAround(line.substr(0, equals))),
+      entries.emplace(Unescape(TrimSpaces(line.substr(0, equals))),
                       Unescape(WithoutBlanksBefore(line.substr(equals + 1))));
     }
   }

@@ -64,6 +64,21 @@ std::vector<std::u16string> SplitLines(std::u16string_view text) {
   return lines;
 }
 
+std::string WithLineFeedsOnly(std::string text) {
+  if (text.find('\r') == std::string::npos) {
+    return text;
+  }
+  std::string unified;
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    if (text[i] != '\r') {
+      unified += text[i];
+    } else if (i + 1 == text.size() || text[i + 1] != '\n') {
+      unified += '\n';
+    }
+  }
+  return unified;
+}
+
 std::u16string WithFullLineBreaks(std::u16string text) {
   std::size_t lineFeed = FindLoneLineFeed(text, 0);
   if (lineFeed == std::u16string::npos) {

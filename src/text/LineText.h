@@ -3,6 +3,7 @@
 
 #include <string>
 #include <string_view>
+#include <type_traits>
 #include <vector>
 
 namespace scrivanta {
@@ -11,12 +12,19 @@ constexpr bool IsDigit(char16_t c) {
   return c >= u'0' && c <= u'9';
 }
 
+// Without these characters at both ends.
+template <typename Character>
+std::basic_string_view<Character> Trim(std::basic_string_view<Character> text,
+                                       std::type_identity_t<std::basic_string_view<Character>> blanks) {
+  const std::size_t first = text.find_first_not_of(blanks);
+  return first == text.npos ? text.substr(0, 0) : text.substr(first, text.find_last_not_of(blanks) + 1 - first);
+}
+
 // Without the space characters at both ends; tabs stay.
 template <typename Character>
 std::basic_string_view<Character> TrimSpaces(std::basic_string_view<Character> text) {
   constexpr auto kSpace = static_cast<Character>(' ');
-  const std::size_t first = text.find_first_not_of(kSpace);
-  return first == text.npos ? text.substr(0, 0) : text.substr(first, text.find_last_not_of(kSpace) + 1 - first);
+  return Trim(text, {&kSpace, 1});
 }
 
 // Every occurrence of one text replaced by another. The first is not empty.
@@ -29,6 +37,8 @@ std::u16string JoinLines(const std::vector<std::u16string>& lines);
 // The lines between line breaks, without empty ones.
 std::vector<std::u16string> SplitLines(std::u16string_view text);
 
+// CR LF and CR become LF.
+std::string WithLineFeedsOnly(std::string text);
 // Every line feed, with the carriage return before it if there is one, becomes CR LF.
 std::u16string WithFullLineBreaks(std::u16string text);
 // Every lone carriage return too.

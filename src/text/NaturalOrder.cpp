@@ -4,16 +4,13 @@
 #include <string>
 #include <utility>
 
+#include "text/LineText.h"
 #include "text/PlatformFile.h"
 #include "text/UpperCase.h"
 
 namespace scrivanta {
 
 namespace {
-
-bool IsDigit(char16_t c) {
-  return c >= u'0' && c <= u'9';
-}
 
 // The run of digits with which the text begins, taken off it, without its leading zeros.
 std::u16string_view TakeNumber(std::u16string_view& text) {

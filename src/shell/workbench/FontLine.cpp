@@ -5,6 +5,7 @@
 #include <charconv>
 #include <cmath>
 
+#include "text/LineText.h"
 #include "text/Numbers.h"
 
 namespace scrivanta {
@@ -73,12 +74,6 @@ constexpr std::array<Field, 7> kFields = {{
     {u"删除线：", &ShowFlag<&FontDescription::strikeThrough>, &ApplyFlag<&FontDescription::strikeThrough>},
 }};
 
-std::u16string_view Trimmed(std::u16string_view text) {
-  const std::size_t begin = text.find_first_not_of(u' ');
-  return begin == std::u16string_view::npos ? std::u16string_view()
-                                            : text.substr(begin, text.find_last_not_of(u' ') + 1 - begin);
-}
-
 }  // namespace
 
 std::u16string FontToLine(const FontDescription& font) {
@@ -92,7 +87,7 @@ std::u16string FontToLine(const FontDescription& font) {
 FontDescription ApplyFontLine(FontDescription font, std::u16string_view line) {
   for (std::size_t position = 0; !line.empty(); ++position) {
     const std::size_t bar = line.find(u'|');
-    std::u16string_view value = Trimmed(line.substr(0, bar));
+    std::u16string_view value = TrimSpaces(line.substr(0, bar));
     line = bar == std::u16string_view::npos ? std::u16string_view() : line.substr(bar + 1);
 
     const auto* field =
@@ -104,7 +99,7 @@ FontDescription ApplyFontLine(FontDescription font, std::u16string_view line) {
     } else {
       break;
     }
-    field->apply(font, Trimmed(value));
+    field->apply(font, TrimSpaces(value));
   }
   return font;
 }

@@ -3,9 +3,10 @@
 #include <algorithm>
 #include <array>
 #include <cctype>
-#include <charconv>
 
 #include "text/DecimalText.h"
+#include "text/Hexadecimal.h"
+#include "text/LineText.h"
 #include "text/PlatformFile.h"
 #include "text/UpperCase.h"
 
@@ -14,11 +15,6 @@ namespace scrivanta {
 namespace {
 
 constexpr std::u16string_view kBlanks = u" \t";
-
-std::u16string_view Trimmed(std::u16string_view text) {
-  const std::size_t first = text.find_first_not_of(kBlanks);
-  return first == text.npos ? text.substr(0, 0) : text.substr(first, text.find_last_not_of(kBlanks) + 1 - first);
-}
 
 bool StartsWithKey(std::u16string_view line, std::u16string_view key) {
   return line.size() > key.size() && line[key.size()] == u'=' &&
@@ -33,14 +29,6 @@ std::u16string_view TakeUntil(std::u16string_view& text, char16_t separator) {
   return part;
 }
 
-std::optional<std::uint32_t> HexadecimalNumber(std::u16string_view text) {
-  constexpr int kHexadecimal = 16;
-  const std::string digits(text.begin(), text.end());
-  std::uint32_t number = 0;
-  const auto [end, error] = std::from_chars(digits.data(), digits.data() + digits.size(), number, kHexadecimal);
-  return error == std::errc() && end == digits.data() + digits.size() ? std::optional(number) : std::nullopt;
-}
-
 bool IsGuid(std::u16string_view text) {
   constexpr std::u16string_view kForm = u"{########-####-####-####-############}";
   return std::ranges::equal(text, kForm, [](char16_t c, char16_t form) {
@@ -52,9 +40,9 @@ bool IsGuid(std::u16string_view text) {
 std::optional<TypeLibraryId> TakeId(std::u16string_view& text, char16_t behind) {
   const std::u16string_view guid = TakeUntil(text, u'#');
   std::u16string_view version = TakeUntil(text, u'#');
-  const auto major = HexadecimalNumber(TakeUntil(version, u'.'));
-  const auto minor = HexadecimalNumber(version);
-  const auto language = HexadecimalNumber(Trimmed(TakeUntil(text, behind)));
+  const auto major = ParseHexadecimal(TakeUntil(version, u'.'));
+  const auto minor = ParseHexadecimal(version);
+  const auto language = ParseHexadecimal(Trim(TakeUntil(text, behind), kBlanks));
   if (!IsGuid(guid) || !major || !minor || !language) {
     return std::nullopt;
   }
@@ -64,7 +52,7 @@ std::optional<TypeLibraryId> TakeId(std::u16string_view& text, char16_t behind) 
 std::optional<ProjectReference> ReadReference(std::u16string_view text, ReferenceKind kind) {
   constexpr std::u16string_view kProject = u"*\\A";
   constexpr std::array<std::u16string_view, 2> kLibraries = {u"*\\G", u"*\\H"};
-  text = Trimmed(text);
+  text = Trim(text, kBlanks);
   if (text.size() > 1 && text.front() == u'"' && text.back() == u'"') {
     text = text.substr(1, text.size() - 2);
   }
@@ -72,7 +60,7 @@ std::optional<ProjectReference> ReadReference(std::u16string_view text, Referenc
   if (text.starts_with(kProject)) {
     text.remove_prefix(kProject.size());
     reference.kind = ReferenceKind::kProject;
-    reference.file = Trimmed(text);
+    reference.file = Trim(text, kBlanks);
     return reference.file.empty() ? std::nullopt : std::optional(reference);
   }
   const bool isLibrary =
@@ -82,8 +70,8 @@ std::optional<ProjectReference> ReadReference(std::u16string_view text, Referenc
   if (!reference.id) {
     return std::nullopt;
   }
-  reference.file = Trimmed(isLibrary ? TakeUntil(text, u'#') : text);
-  reference.name = isLibrary ? Trimmed(text) : text.substr(0, 0);
+  reference.file = Trim(isLibrary ? TakeUntil(text, u'#') : text, kBlanks);
+  reference.name = isLibrary ? Trim(text, kBlanks) : text.substr(0, 0);
   return reference;
 }
 
@@ -92,7 +80,7 @@ void ForEachLine(std::u16string_view text, Take take) {
   std::size_t number = 0;
   while (!text.empty()) {
     std::u16string_view line = TakeUntil(text, u'\n');
-    line = Trimmed(line.ends_with(u'\r') ? line.substr(0, line.size() - 1) : line);
+    line = Trim(line.ends_with(u'\r') ? line.substr(0, line.size() - 1) : line, kBlanks);
     take(line, ++number);
   }
 }
@@ -126,7 +114,7 @@ std::vector<std::u16string> ReadProjectGroup(std::u16string_view text) {
   std::vector<std::u16string> projects;
   ForEachLine(text, [&projects](std::u16string_view line, std::size_t) {
     if (StartsWithKey(line, u"Project") || StartsWithKey(line, u"StartupProject")) {
-      projects.emplace_back(Trimmed(line.substr(line.find(u'=') + 1)));
+      projects.emplace_back(Trim(line.substr(line.find(u'=') + 1), kBlanks));
     }
   });
   return projects;

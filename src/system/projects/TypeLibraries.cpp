@@ -1,10 +1,10 @@
 #include "system/projects/TypeLibraries.h"
 
 #include <algorithm>
-#include <charconv>
 #include <optional>
 
 #include "system/registry/RegistryData.h"
+#include "text/Hexadecimal.h"
 #include "text/NaturalOrder.h"
 
 namespace scrivanta {
@@ -18,19 +18,11 @@ std::u16string DefaultText(const RegistryKeys& keys, const std::u16string& key) 
   return value ? TextOfRegistryData(value->bytes) : std::u16string();
 }
 
-std::optional<std::uint32_t> HexadecimalName(std::u16string_view name) {
-  constexpr int kHexadecimal = 16;
-  const std::string digits(name.begin(), name.end());
-  std::uint32_t number = 0;
-  const auto [end, error] = std::from_chars(digits.data(), digits.data() + digits.size(), number, kHexadecimal);
-  return error == std::errc() && end == digits.data() + digits.size() ? std::optional(number) : std::nullopt;
-}
-
 // Beside the languages other keys stand there, and what nobody may read is left out.
 void AddLanguages(const RegistryKeys& keys, const std::u16string& key, const RegisteredLibrary& version,
                   std::vector<RegisteredLibrary>& found) {
   for (const std::u16string& name : keys.Subkeys(key)) {
-    const std::optional<std::uint32_t> language = HexadecimalName(name);
+    const std::optional<std::uint32_t> language = ParseHexadecimal(name);
     if (!language) {
       continue;
     }
@@ -50,8 +42,8 @@ void AddVersions(const RegistryKeys& keys, const std::u16string& guid, std::vect
   const std::u16string key = std::u16string(kLibraries) + u"\\" + guid;
   for (const std::u16string& name : keys.Subkeys(key)) {
     const std::size_t dot = name.find(u'.');
-    const auto major = HexadecimalName(std::u16string_view(name).substr(0, dot));
-    const auto minor = dot == name.npos ? std::nullopt : HexadecimalName(std::u16string_view(name).substr(dot + 1));
+    const auto major = ParseHexadecimal(std::u16string_view(name).substr(0, dot));
+    const auto minor = dot == name.npos ? std::nullopt : ParseHexadecimal(std::u16string_view(name).substr(dot + 1));
     if (major && minor) {
       const std::u16string below = key + u"\\" + name;
       AddLanguages(keys, below,
