@@ -6,11 +6,10 @@ Markdown tables: CPU seconds (user and system) and wall seconds, their ratio, th
 Names of commands as arguments measure only those: scripts/bench.sh lines sort shuffle
 """
 
-import os
 import subprocess
 import sys
 
-from measure import HEAD, ROOT, Usage, compare, ours
+from measure import ROOT, compare, compare_growth, ours, run_suites
 
 DATA = ROOT / "build" / "bench" / "lines"
 ONCE = "mawk '!seen[$0]++'"
@@ -52,8 +51,7 @@ def duplicates():
 
 def growth():
     """Ten times the lines: streaming commands keep their memory, the others at most twelve times the time."""
-    print("\n| ten times the lines | CPU | ten times | times | memory | ten times |\n|---|---|---|---|---|---|")
-    for command, small, large in (
+    rows = (
             ("del-empty-lines", "random.txt", "tenfold.txt"),
             ("trim-lines", "random.txt", "tenfold.txt"),
             ("del-lines --from 5 --to 9", "random.txt", "tenfold.txt"),
@@ -65,10 +63,9 @@ def growth():
             ("sort", "tenth.txt", "random.txt"),
             ("sort --by number", "tenth.txt", "random.txt"),
             ("shuffle", "tenth.txt", "random.txt"),
-    ):
-        before, after = Usage(ours(f"{command} {small}")), Usage(ours(f"{command} {large}"))
-        print(f"| `{command}` {small} | {before.cpu:.2f} s | {after.cpu:.2f} s | {after.cpu / before.cpu:.1f} | "
-              f"{before.peak:.0f} MiB | {after.peak:.0f} MiB |", flush=True)
+    )
+    compare_growth("lines", ((f"`{command}` {small}", f"{command} {small}", f"{command} {large}")
+                             for command, small, large in rows))
 
 
 def make_files():
@@ -83,16 +80,7 @@ def make_files():
 def main():
     suites = {"clean-up": clean_ups, "filter": filters, "sort": sorts, "shuffle": shuffles, "dedupe": duplicates,
               "growth": growth}
-    wanted = sys.argv[1:] or list(suites)
-    if unknown := set(wanted) - set(suites):
-        sys.exit(f"{' '.join(sorted(unknown))}: choose from {' '.join(suites)}")
-    make_files()
-    os.chdir(DATA)
-    print(HEAD)
-    for name in wanted:
-        suites[name]()
-    for output in ("ours.out", "peer.out", "peer2.out", "time.txt"):
-        (DATA / output).unlink(missing_ok=True)
+    run_suites(suites, make_files, DATA, ["peer2.out"])
 
 
 main()

@@ -3,6 +3,7 @@
 import os
 import pathlib
 import subprocess
+import sys
 
 ROOT = pathlib.Path(__file__).resolve().parent.parent.parent
 BATCH = ROOT / "build" / "native" / "bin" / "scrivanta-batch"
@@ -35,3 +36,27 @@ def compare(name, our_command, peer_command, most, rounds=3):
     own, peer = (min((pair[i] for pair in pairs), key=lambda usage: usage.cpu) for i in (0, 1))
     peak = max(pair[0].peak for pair in pairs)
     print(f"| {name} | {own} | {peer} | {own.cpu / peer.cpu:.2f} | {most} | {peak:.0f} MiB |", flush=True)
+
+
+def compare_growth(unit, rows):
+    """Prints what commands of ours cost for a file and for one of ten times as many units: rows of a name, the command for
+    the one and for the other."""
+    print(f"\n| ten times the {unit} | CPU | ten times | times | memory | ten times |\n|---|---|---|---|---|---|")
+    for name, small, large in rows:
+        before, after = Usage(ours(small)), Usage(ours(large))
+        print(f"| {name} | {before.cpu:.2f} s | {after.cpu:.2f} s | {after.cpu / before.cpu:.1f} | "
+              f"{before.peak:.0f} MiB | {after.peak:.0f} MiB |", flush=True)
+
+
+def run_suites(suites, make_files, folder, outputs):
+    """Runs the suites that the arguments name, or all, in the folder of the inputs, and removes what they have written."""
+    wanted = sys.argv[1:] or list(suites)
+    if unknown := set(wanted) - set(suites):
+        sys.exit(f"{' '.join(sorted(unknown))}: choose from {' '.join(suites)}")
+    make_files()
+    os.chdir(folder)
+    print(HEAD)
+    for name in wanted:
+        suites[name]()
+    for output in ("ours.out", "peer.out", "time.txt", *outputs):
+        (folder / output).unlink(missing_ok=True)

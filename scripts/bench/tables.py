@@ -8,9 +8,8 @@ scripts/bench.sh tables join growth
 import os
 import random
 import subprocess
-import sys
 
-from measure import HEAD, ROOT, Usage, compare, ours
+from measure import ROOT, compare, compare_growth, ours, run_suites
 
 DATA = ROOT / "build" / "bench" / "tables"
 RECORDS = 1_000_000
@@ -46,18 +45,16 @@ def columns():
 
 def growth():
     """Ten times the records: streaming commands keep their memory, and a join that of its smaller table."""
-    print("\n| ten times the records | CPU | ten times | times | memory | ten times |\n|---|---|---|---|---|---|")
-    for command, small, large in (
+    rows = (
             ("to-fixed-width {}", "table.txt", "tenfold.txt"),
             ("from-fixed-width --widths 9,12,12,99 --width-unit characters --delimiter comma {}", "table.txt", "tenfold.txt"),
             ("split-columns --delimiter tab {}", "table.txt", "tenfold.txt"),
             ("columns --count 3 --lines 50 {}", "table.txt", "tenfold.txt"),
             ("join --key 1 {} second.txt", "table.txt", "tenfold.txt"),
             ("join --key 1 second.txt {}", "table.txt", "tenfold.txt"),
-    ):
-        before, after = (Usage(ours(command.format(name))) for name in (small, large))
-        print(f"| `{command.format('')}` | {before.cpu:.2f} s | {after.cpu:.2f} s | {after.cpu / before.cpu:.1f} | "
-              f"{before.peak:.0f} MiB | {after.peak:.0f} MiB |", flush=True)
+    )
+    compare_growth("records", ((f"`{command.format('')}`", command.format(small), command.format(large))
+                               for command, small, large in rows))
 
 
 def make_files():
@@ -80,16 +77,7 @@ def make_files():
 
 def main():
     suites = {"fixed": fixed, "join": joins, "columns": columns, "growth": growth}
-    wanted = sys.argv[1:] or list(suites)
-    if unknown := set(wanted) - set(suites):
-        sys.exit(f"{' '.join(sorted(unknown))}: choose from {' '.join(suites)}")
-    make_files()
-    os.chdir(DATA)
-    print(HEAD)
-    for name in wanted:
-        suites[name]()
-    for output in ("ours.out", "peer.out", "time.txt", "fixed.txt", "layout.txt"):
-        (DATA / output).unlink(missing_ok=True)
+    run_suites(suites, make_files, DATA, ["fixed.txt", "layout.txt"])
 
 
 main()
