@@ -113,6 +113,7 @@ class BareControl {
     UpdateWindow(box_.handle());
   }
   std::size_t Read() const { return box_.Text().size(); }
+  HWND box() const { return box_.handle(); }
 
  private:
   static constexpr int kWidth = 791;  // pixels; the program's first window is 11865 twips wide and 8760 high
@@ -123,10 +124,25 @@ class BareControl {
   RichEdit box_;
 };
 
+// The caret at places all over the text; milliseconds of the wall for each, until all that follows it is drawn.
+double MeasureCaret(HWND box, std::size_t length) {
+  constexpr std::size_t kMoves = 200;
+  constexpr double kMilliseconds = 1000;
+  const Cost cost = CostOf([&] {
+    for (std::size_t i = 0; i < kMoves; ++i) {
+      const std::size_t place = length * ((i * 7) % kMoves) / kMoves;  // not in order
+      SendMessageW(box, EM_SETSEL, place, static_cast<LPARAM>(place));
+      RedrawWindow(GetParent(box), nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
+    }
+  });
+  return cost.wall * kMilliseconds / kMoves;
+}
+
 // What the bare control needs for the document.
 struct BareCosts {
   Cost load;
   Cost read;
+  double caret = 0;   // milliseconds
   double memory = 0;  // megabytes
 };
 
@@ -137,6 +153,7 @@ BareCosts MeasureBare(std::u16string_view text) {
   BareCosts costs;
   costs.load = CostOf([&] { control.Load(text); });
   costs.memory = MemoryNow() - memory;
+  costs.caret = MeasureCaret(control.box(), text.size());
   costs.read = CostOf([&] {
     if (control.Read() < text.size()) {
       throw DriverFailure("the bare control does not hold the text");
@@ -171,6 +188,7 @@ class Program {
     }
   }
   std::u16string Text() const { return EditBoxDriver(Box()).Text(); }
+  double MeasureCaret(std::size_t length) const { return scrivanta::MeasureCaret(Box(), length); }
 
  private:
   HWND Box() const { return GetDlgItem(window_, RichTextBox1); }
@@ -200,6 +218,8 @@ void Measure(const std::filesystem::path& document) {
   const double before = MemoryNow();
   Print("open", CostOf([&] { program.Open(document); }), bare.load);
   PrintMemory("memory", MemoryNow() - before, bare.memory);
+  std::printf("a move of the caret takes %.2f ms, in the bare control %.2f ms\n", program.MeasureCaret(text.size()),
+              bare.caret);
   Print("remove empty lines", CostOf([&] { program.Run("mnuDelEmptyLine"); }), bare.read + bare.load);
   Print("undo", CostOf([&] { program.Run("mnuUndo"); }), bare.load);
   Print("save", CostOf([&] { program.Run("mnuSave"); }), bare.read);

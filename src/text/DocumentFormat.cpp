@@ -122,6 +122,29 @@ void EncodeLinesAppend(DocumentEncoding encoding, std::u16string_view text, std:
   }
 }
 
+DecodedDocument DecodeUnder(DocumentEncoding encoding, std::string_view bytes) {
+  DecodedDocument document;
+  DocumentFormat& format = document.format;
+  format.encoding = encoding;
+  if (bytes.starts_with(MarkOf(encoding))) {
+    bytes.remove_prefix(MarkOf(encoding).size());
+  }
+  document.text = DecodeBytes(encoding, bytes);
+  format.endsInHalfUnit = IsUtf16(encoding) && bytes.size() % 2 != 0;
+  format.isBinary = LooksBinary(document.text);
+  format.exceedsCodePage = encoding == DocumentEncoding::kGbk && ExceedsCodePage936(document.text);
+  return document;
+}
+
+DecodedDocument WithWholeLineEnds(DecodedDocument document) {
+  const LineEndCounts counts = CountLineEnds(document.text);
+  document.format.lineEnds = LineEndsOf(counts);
+  if (!document.format.isBinary) {
+    CompleteLineEnds(document.text, counts.lf + counts.cr);
+  }
+  return document;
+}
+
 bool IsAscii(std::string_view bytes) {
   return std::all_of(bytes.begin(), bytes.end(), [](char c) { return static_cast<unsigned char>(c) < 0x80; });
 }
@@ -129,25 +152,16 @@ bool IsAscii(std::string_view bytes) {
 }  // namespace
 
 DecodedDocument DecodeAsItStands(std::string_view bytes) {
-  DecodedDocument document;
-  DocumentFormat& format = document.format;
-  format.encoding = Recognise(bytes);
-  bytes.remove_prefix(MarkOf(format.encoding).size());
-  document.text = DecodeBytes(format.encoding, bytes);
-  format.endsInHalfUnit = IsUtf16(format.encoding) && bytes.size() % 2 != 0;
-  format.isBinary = LooksBinary(document.text);
-  format.exceedsCodePage = format.encoding == DocumentEncoding::kGbk && ExceedsCodePage936(document.text);
-  return document;
+  return DecodeUnder(Recognise(bytes), bytes);
 }
 
 DecodedDocument DecodeDocument(std::string_view bytes) {
-  DecodedDocument document = DecodeAsItStands(bytes);
-  const LineEndCounts counts = CountLineEnds(document.text);
-  document.format.lineEnds = LineEndsOf(counts);
-  if (!document.format.isBinary) {
-    CompleteLineEnds(document.text, counts.lf + counts.cr);
-  }
-  return document;
+  return WithWholeLineEnds(DecodeAsItStands(bytes));
+}
+
+DecodedDocument DecodeDocumentAs(DocumentEncoding encoding, std::string_view bytes) {
+  const bool isMarked = IsUtf8(encoding) && bytes.starts_with(MarkOf(DocumentEncoding::kUtf8WithMark));
+  return WithWholeLineEnds(DecodeUnder(isMarked ? DocumentEncoding::kUtf8WithMark : encoding, bytes));
 }
 
 DecodedDocument DecodeForChange(std::string_view bytes) {

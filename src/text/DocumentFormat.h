@@ -45,7 +45,11 @@ struct DecodedDocument {
 // more.
 DecodedDocument DecodeDocument(std::string_view bytes);
 
-// The same with the line ends as they stand, here and when it is encoded: for a file of which only a part is changed.
+// The same in an encoding that is given. It need not be the one the bytes prove, and a mark they begin with counts.
+DecodedDocument DecodeDocumentAs(DocumentEncoding encoding, std::string_view bytes);
+
+// As DecodeDocument with the line ends as they stand, here and when it is encoded: for a file of which only a part is
+// changed.
 DecodedDocument DecodeAsItStands(std::string_view bytes);
 
 // As a document, but one of mixed line ends, which would all become CR LF, as it stands: for changes in a file that

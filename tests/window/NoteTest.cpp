@@ -197,11 +197,11 @@ TEST_F(NoteTest, OpensFromTheTray) {
   app.Start();
   app.Minimise();
   app.OpenTrayMenu();
-  app.ChooseInTrayMenu(u'N');
+  app.ChooseInPopup(u'N');
   const DialogDriver note = Note();
   EXPECT_NE(IsIconic(app.MainWindow()), FALSE);
   app.OpenTrayMenu();
-  app.ChooseInTrayMenu(u'R');
+  app.ChooseInPopup(u'R');
   EXPECT_EQ(IsIconic(app.MainWindow()), FALSE);
   EXPECT_TRUE(note.IsOpen());
 }

@@ -63,8 +63,12 @@ void DocumentFile::Load(const std::filesystem::path& path) {
   if (document.format.isBinary && !AskToOpenReadOnly(workbench_.prompts(), wanted)) {
     return;
   }
+  ShowText(std::move(file), document, wanted);
+}
+
+void DocumentFile::ShowText(FileOnDisk file, const DecodedDocument& document, const std::filesystem::path& shown) {
   view_.ShowDocument(document.text);
-  TakeOver(std::move(file), wanted, document.format);
+  TakeOver(std::move(file), shown, document.format);
   if (document.format.lineEnds == DocumentLineEnds::kMixed) {
     workbench_.ShowStatus(u"行尾不一致，存盘时将统一为 CR LF");
   }
@@ -75,6 +79,7 @@ void DocumentFile::TakeOver(FileOnDisk file, const std::filesystem::path& shown,
   shown_ = shown;
   file_ = std::move(file);
   format_ = format;
+  chosenEncoding_.reset();
   saver_ = nullptr;
   mayDropFormats_ = false;
   isReadOnly_ = format.isBinary;
@@ -195,12 +200,15 @@ bool DocumentFile::ChangedExternally() {
 }
 
 bool DocumentFile::SaveTo(const std::filesystem::path& path) {
+  return SaveTo(path, format_);
+}
+
+bool DocumentFile::SaveTo(const std::filesystem::path& path, DocumentFormat format) {
   const std::optional<Target> target = AskAboutTarget(path);
   if (!target) {
     return false;
   }
   const std::u16string text = IsRichText(target->path) ? std::u16string() : workbench_.editor().Text();
-  DocumentFormat format = format_;
   if (!MayDropFormats(target->path) || !ChooseEncoding(text, format)) {
     return false;
   }
@@ -292,7 +300,7 @@ void DocumentFile::Reload(std::string_view bytes) {
       throw NoRichText(path_);
     }
   } else {
-    const DecodedDocument document = DecodeDocument(bytes);
+    const DecodedDocument document = DecodeFile(bytes);
     if (document.format.isBinary && !isReadOnly_) {
       throw ExplainedError("the file is no text any more",
                            u"文件现在的内容不是文本，没有载入，这里的文本不变：\n" + TextOfPath(path_));
@@ -407,6 +415,50 @@ bool DocumentFile::SaveForQuestion(const std::u16string& filter, WithoutName wit
     return withoutName == WithoutName::kGoOn;
   }
   return SaveTo(path);
+}
+
+bool DocumentFile::IsPlainText() const {
+  return saver_ == nullptr && !IsRichText(path_);
+}
+
+DecodedDocument DocumentFile::DecodeFile(std::string_view bytes) const {
+  return chosenEncoding_ ? DecodeDocumentAs(*chosenEncoding_, bytes) : DecodeDocument(bytes);
+}
+
+void DocumentFile::ReopenAs(DocumentEncoding encoding) {
+  if (!CanReopen() || (isChanged_ && !AskToReopen(workbench_.prompts(), path_))) {
+    return;
+  }
+  const std::unique_ptr<BusyWork> work = workbench_.StartWork();
+  FileOnDisk file(path_);
+  const std::string bytes = ReadFile(path_, work->progress());
+  file.NoteContent(bytes);
+  const DecodedDocument document = DecodeDocumentAs(encoding, bytes);
+  if (document.format.isBinary && !AskToOpenReadOnly(workbench_.prompts(), path_)) {
+    return;
+  }
+  ShowText(std::move(file), document, std::filesystem::path(shown_));
+  chosenEncoding_ = encoding;
+}
+
+void DocumentFile::SaveAs(DocumentEncoding encoding, bool exceedsCodePage) {
+  const std::filesystem::path path = path_.empty() ? workbench_.prompts().AskForFile({.filter = kTextFilter}) : path_;
+  if (path.empty()) {
+    return;
+  }
+  DocumentFormat format = format_;
+  format.encoding = encoding;
+  format.exceedsCodePage = exceedsCodePage;
+  if (SaveTo(path, format)) {
+    chosenEncoding_.reset();
+  }
+}
+
+void DocumentFile::SetLineEnds(DocumentLineEnds lineEnds) {
+  if (lineEnds != format_.lineEnds) {
+    format_.lineEnds = lineEnds;
+    SetChanged(true);
+  }
 }
 
 void DocumentFile::ShowNew(std::u16string_view text, DocumentSaver saver) {

@@ -80,6 +80,19 @@ class DocumentFile final : public Document {
   // only after another question. Throws FileError or ExplainedError, and the document stays as it is.
   void LookAtFile();
 
+  // How the document stands in its file, or will; rich text and encrypted documents have a form of their own.
+  const DocumentFormat& format() const noexcept { return format_; }
+  bool IsPlainText() const;
+  bool IsReadOnly() const noexcept { return isReadOnly_; }
+  // Reads the file again in an encoding that the user knows better. Asks before changes are given up. Throws FileError,
+  // and the document stays as it is.
+  bool CanReopen() const { return IsPlainText() && !file_.path().empty() && path_ == file_.path(); }
+  void ReopenAs(DocumentEncoding encoding);
+  // Saves a document of plain text in another encoding, as Save does; GB18030 is GBK that may exceed the code page.
+  void SaveAs(DocumentEncoding encoding, bool exceedsCodePage = false);
+  // Those that the document is to be saved with.
+  void SetLineEnds(DocumentLineEnds lineEnds);
+
   // Whether it is saved by a saver of its own: its text must not lie on the disk in any other way.
   bool IsEncrypted() const noexcept { return saver_ != nullptr; }
   // The document as it is now, but for the time. Where its rich text cannot be had it is the text alone, which is said.
@@ -112,6 +125,9 @@ class DocumentFile final : public Document {
     std::filesystem::path shown;
   };
 
+  void ShowText(FileOnDisk file, const DecodedDocument& document, const std::filesystem::path& shown);
+  bool SaveTo(const std::filesystem::path& path, DocumentFormat format);
+  DecodedDocument DecodeFile(std::string_view bytes) const;
   bool OfferToSave(const std::u16string& filter, WithoutName withoutName);
   bool SaveForQuestion(const std::u16string& filter, WithoutName withoutName);
   void SetChanged(bool isChanged);
@@ -137,6 +153,7 @@ class DocumentFile final : public Document {
   std::filesystem::path shown_;  // the same as the user has named it
   FileOnDisk file_;              // what the document is the content of
   DocumentFormat format_;
+  std::optional<DocumentEncoding> chosenEncoding_;  // what the file was opened again in, whatever its bytes prove
   DocumentSaver saver_;
   bool isReadOnly_ = false;
   bool isChanged_ = false;

@@ -48,6 +48,14 @@ bool AskToDropFormats(Prompts& prompts, const std::filesystem::path& path) {
                       .defaultAnswer = Answer::kNo}) == Answer::kYes;
 }
 
+bool AskToReopen(Prompts& prompts, const std::filesystem::path& path) {
+  return prompts.Ask({.text = u"文档改动过，还没有存盘：\n" + TextOfPath(path) +
+                              u"\n按另一种编码重新打开，这些改动就没有了。是否重新打开？",
+                      .buttons = Buttons::kYesNo,
+                      .icon = Icon::kWarning,
+                      .defaultAnswer = Answer::kNo}) == Answer::kYes;
+}
+
 bool AskToReload(Prompts& prompts, const std::filesystem::path& path, bool isChangedHereToo) {
   const std::u16string both = isChangedHereToo ? u"这里的文本也改动过，还没有存盘。\n" : u"";
   return prompts.Ask({.text = u"文件已被其他程序改动：\n" + TextOfPath(path) + u"\n" + both +

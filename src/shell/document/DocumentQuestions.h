@@ -19,6 +19,8 @@ Answer AskForEncoding(Prompts& prompts);
 Answer AskAboutMisreading(Prompts& prompts);
 // A formatted document is to be saved as plain text. True when the formats may go.
 bool AskToDropFormats(Prompts& prompts, const std::filesystem::path& path);
+// A changed document is to be read from its file again in another encoding. True when the changes may go.
+bool AskToReopen(Prompts& prompts, const std::filesystem::path& path);
 // Another program has changed the file, which the user sees now. True when the document is to become what it holds.
 bool AskToReload(Prompts& prompts, const std::filesystem::path& path, bool isChangedHereToo);
 // The same before saving: Yes replaces the file, No is another name.

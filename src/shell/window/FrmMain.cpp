@@ -1,7 +1,6 @@
 #include "shell/window/FrmMain.h"
 
 #include <commctrl.h>
-#include <imm.h>
 #include <shellapi.h>
 
 #include <algorithm>
@@ -9,34 +8,27 @@
 #include <vector>
 
 #include "shell/window/CommandLine.h"
+#include "shell/window/FormatChoices.h"
 #include "shell/window/FrmMainControls.h"
 #include "shell/window/FrmMainMenu.h"
+#include "shell/window/FrmMainTimers.h"
 #include "shell/window/InstanceNumber.h"
 #include "shell/window/MainLayout.h"
 #include "shell/window/MenuTree.h"
 #include "shell/window/Options.h"
 #include "shell/window/WindowPlacement.h"
 #include "shell/workbench/FailureMessage.h"
-#include "text/DateTimeText.h"
 #include "text/PlatformFile.h"
 #include "text/Twips.h"
 #include "text/win/WideText.h"
 #include "win/DroppedFiles.h"
 #include "win/Monitors.h"
 #include "win/TopLevelWindows.h"
-#include "win/WindowText.h"
 
 namespace scrivanta {
 
 namespace {
 
-constexpr UINT kTrayIconId = 1;
-// The icon's events come as mouse moves, with the event's message in the place of the position.
-constexpr UINT kTrayMessage = WM_MOUSEMOVE;
-
-enum Timer : UINT_PTR { kTypeDate = 1, kTypeTime = 2, kSnapshot = 3, kCloseWhenIdle = 4 };
-// Until the keys of the shortcut are up again.
-constexpr UINT kTypingDelay = 250;       // milliseconds
 constexpr UINT kSnapshotInterval = 100;  // milliseconds
 constexpr UINT kIdleInterval = 20;       // milliseconds
 // Posted by the window to itself: a question must not stand in the midst of an activation.
@@ -71,10 +63,6 @@ RECT NormalBounds(HWND window) {
   return bounds;
 }
 
-bool IsDown(int key) {
-  return GetKeyState(key) < 0;
-}
-
 }  // namespace
 
 FrmMain::FrmMain(WindowHost& host, Folders folders, Settings& settings, const RegExpEngine& regExpEngine,
@@ -90,6 +78,8 @@ FrmMain::FrmMain(WindowHost& host, Folders folders, Settings& settings, const Re
       prompts_(host, [this] { return PromptOwner(); }),
       editor_({[this] { HandleEditorChange(); }, [this] { HandleEditorSelection(); }},
               {[this] { return StartWork(); }, [this] { TakeUpEditBox(); }}),
+      keys_(host, editor_, clock_, [this](const std::function<void()>& action) { RunGuarded(action); }),
+      tray_([this](int commandId) { OnCommand(commandId, 0); }),
       busy_(host, bars_) {}
 
 void FrmMain::Open(std::u16string_view commandLine) {
@@ -99,9 +89,9 @@ void FrmMain::Open(std::u16string_view commandLine) {
   Create(windowClass_, ToWide(untitledCaption_), WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN, {0, 0, 0, 0});
   SetMenu(handle(), BuildMainMenu().Release());
   host().loop.SetAccelerators(handle(), BuildAccelerators());
-  trayIcon_.emplace(handle(), kTrayIconId, kTrayMessage, icon_);
+  tray_.Create(handle(), icon_);
   const int show = RestoreSettings();
-  RefreshMenu();
+  RefreshState();
   ShowWindow(handle(), show);
   SetFocus(editor_.box());
   UpdateWindow(handle());
@@ -127,8 +117,7 @@ int FrmMain::RestoreSettings() {
 
 LRESULT FrmMain::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
   if (message == taskbarCreated_ && IsIconic(handle()) != FALSE) {
-    trayIcon_->Remove();
-    trayIcon_->Add(Caption());
+    tray_.RenewIcon();
     return 0;
   }
   switch (message) {
@@ -136,16 +125,10 @@ LRESULT FrmMain::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
       OnCommand(LOWORD(wParam), HIWORD(wParam));
       return 0;
     case WM_NOTIFY:
-      if (reinterpret_cast<const NMHDR*>(lParam)->code == EN_SELCHANGE) {
-        editor_.HandleSelection();
-      }
+      OnNotify(*reinterpret_cast<const NMHDR*>(lParam));
       return 0;
-    case kTrayMessage:
-      if (LOWORD(lParam) == WM_LBUTTONUP) {
-        OnTrayClick();
-      } else if (LOWORD(lParam) == WM_RBUTTONUP && IsIconic(handle()) != FALSE) {
-        OnTrayMenu();
-      }
+    case FrmMainTray::kMessage:
+      tray_.HandleEvent(lParam);
       return 0;
     case WM_DROPFILES:
       OnDrop(reinterpret_cast<HDROP>(wParam));
@@ -214,7 +197,7 @@ std::optional<LRESULT> FrmMain::OnStateMessage(UINT message, WPARAM wParam, LPAR
       RefreshMenu();
       return 0;
     case WM_DESTROY:
-      trayIcon_.reset();
+      tray_.Destroy();
       PostQuitMessage(0);
       return 0;
     default:
@@ -236,7 +219,7 @@ void FrmMain::MakeControls() {
 
 void FrmMain::TakeUpEditBox() {
   busy_.SetEditBox(editor_.box());
-  editBoxKeys_.emplace(host(), editor_.box(), [this](UINT message, WPARAM wParam, LPARAM lParam) {
+  editBoxMessages_.emplace(host(), editor_.box(), [this](UINT message, WPARAM wParam, LPARAM lParam) {
     return OnEditBoxMessage(message, wParam, lParam);
   });
   // The control would put a dropped file into the text.
@@ -261,37 +244,48 @@ void FrmMain::OnCommand(int id, int notification) {
       editor_.HandleChange();
     }
   } else if (!work_.IsBusy()) {
-    FinishComposition();
-    if (!isComposing_) {
+    keys_.FinishComposition();
+    if (!keys_.isComposing()) {
       RunCommand(id);
     }
   }
 }
 
+void FrmMain::OnNotify(const NMHDR& notification) {
+  if (notification.code == EN_SELCHANGE) {
+    editor_.HandleSelection();
+  } else if (notification.idFrom == StatusBar1 && notification.code == NM_CLICK && !work_.IsBusy()) {
+    // The description of a click on the bar, which begins with its head.
+    OnStatusClick(reinterpret_cast<const NMMOUSE&>(notification).dwItemSpec);
+  }
+}
+
+void FrmMain::OnStatusClick(std::size_t part) {
+  const std::optional<StatusPanel> panel = FrmMainBars::PanelOf(part);
+  if (panel == StatusPanel::kPlace) {
+    OnCommand(*MenuCommandId("mnuGotoLine"), 0);
+  } else if (panel == StatusPanel::kEncoding) {
+    OpenPanelMenu(*panel, EncodingChoices(documentFile_));
+  } else if (panel == StatusPanel::kLineEnds) {
+    OpenPanelMenu(*panel, LineEndChoices(documentFile_));
+  }
+}
+
+void FrmMain::OpenPanelMenu(StatusPanel panel, const std::vector<MenuChoice>& choices) {
+  const RECT bounds = bars_.BoundsOf(panel);
+  RunGuarded([&] { OpenChoices(handle(), {bounds.left, bounds.top}, choices); });
+}
+
 void FrmMain::RunCommand(int commandId) {
   const MenuEntry* entry = MenuEntryOf(commandId);
-  if (entry == nullptr || !IsAvailable(entry->controlName)) {
+  if (entry == nullptr || !IsAvailable(entry->controlName, State())) {
     return;
   }
   {
     const UndoCommand step(editor_.history(), editor_.view());
     commands_.Run(entry->controlName, *this);
   }
-  RefreshMenu();
-}
-
-void FrmMain::SetComposing(bool composing) {
-  isComposing_ = composing;
-  host().loop.EnableAccelerators(!composing);
-}
-
-// Before a command is run from the menu: what has been typed so far goes into the text.
-void FrmMain::FinishComposition() const {
-  if (isComposing_) {
-    const HIMC context = ImmGetContext(editor_.box());
-    ImmNotifyIME(context, NI_COMPOSITIONSTR, CPS_COMPLETE, 0);
-    ImmReleaseContext(editor_.box(), context);
-  }
+  RefreshState();
 }
 
 bool FrmMain::RunGuarded(const std::function<void()>& action) {
@@ -308,12 +302,6 @@ bool FrmMain::RunGuarded(const std::function<void()>& action) {
 
 std::optional<LRESULT> FrmMain::OnEditBoxMessage(UINT message, WPARAM wParam, LPARAM) {
   switch (message) {
-    case WM_IME_STARTCOMPOSITION:
-    case WM_IME_ENDCOMPOSITION:
-      SetComposing(message == WM_IME_STARTCOMPOSITION);
-      return std::nullopt;
-    case WM_KEYDOWN:
-      return OnEditBoxKey(wParam) ? std::optional<LRESULT>(0) : std::nullopt;
     case WM_DROPFILES:  // not opened from here, for the document that is opened takes the box away
       PostMessageW(handle(), message, wParam, 0);
       return 0;
@@ -321,65 +309,8 @@ std::optional<LRESULT> FrmMain::OnEditBoxMessage(UINT message, WPARAM wParam, LP
       return busy_.hasHourglass() ? std::optional<LRESULT>(SendMessageW(handle(), WM_SETCURSOR, wParam, 0))
                                   : std::nullopt;
     default:
-      return std::nullopt;
+      return keys_.HandleMessage(message, wParam);
   }
-}
-
-// True when the key is no longer the control's.
-bool FrmMain::OnEditBoxKey(WPARAM key) {
-  const bool shift = IsDown(VK_SHIFT);
-  if (isComposing_ || IsDown(VK_MENU)) {
-    return false;
-  }
-  if (!IsDown(VK_CONTROL)) {
-    SelectForErasing(key);
-    return key == VK_RETURN && shift && BreakLine();
-  }
-  switch (key) {
-    case 'C':
-      if (shift) {
-        editor_.CopyFormat();
-      }
-      return shift;
-    case 'V':
-      if (shift) {
-        RunGuarded([this] { editor_.PasteFormat(); });
-      }
-      return shift;
-    case VK_OEM_1:  // ";"
-      SetTimer(handle(), shift ? kTypeTime : kTypeDate, kTypingDelay, nullptr);
-      return true;
-    case 'E':
-    case 'J':
-    case 'L':
-    case 'R':
-    case '1':
-    case '2':
-    case '5':
-    case VK_OEM_PLUS:
-      return true;  // the control would change paragraphs, and scripts, with these
-    case 'A':
-    case VK_OEM_COMMA:
-    case VK_OEM_PERIOD:
-      return shift;  // and capitals and the size of characters with these
-    default:
-      return false;
-  }
-}
-
-// The control erases a unit, which of a pair of surrogates would leave one half: then the pair is selected for it.
-void FrmMain::SelectForErasing(WPARAM key) {
-  if (key == VK_BACK) {
-    editor_.SelectPairBeforeCaret();
-  } else if (key == VK_DELETE) {
-    editor_.SelectPairBehindCaret();
-  }
-}
-
-// The control would begin a line on the screen that is none of the text.
-bool FrmMain::BreakLine() {
-  RunGuarded([this] { editor_.ReplaceSelection(u"\r\n"); });
-  return true;
 }
 
 void FrmMain::OnTimer(UINT_PTR timer) {
@@ -393,8 +324,7 @@ void FrmMain::OnTimer(UINT_PTR timer) {
   }
   KillTimer(handle(), timer);
   if (!work_.IsBusy() && IsWindowEnabled(handle()) != FALSE) {
-    const auto now = clock_.Now();
-    RunGuarded([&] { editor_.ReplaceSelection(timer == kTypeDate ? DateText(now) : TimeText(now)); });
+    keys_.TypeMoment(timer);
   }
 }
 
@@ -427,15 +357,10 @@ void FrmMain::OnIdleTimer() {
 
 void FrmMain::OnSize(WPARAM kind) {
   if (kind == SIZE_MINIMIZED) {
-    // Without an icon to click it could not be had back.
-    if (trayIcon_ && trayIcon_->Add(Caption())) {
-      ShowWindow(handle(), SW_HIDE);
-    }
+    tray_.HoldMinimised();
     return;
   }
-  if (trayIcon_) {
-    trayIcon_->Remove();
-  }
+  tray_.Release();
   LayOut();
   // It got the focus while it was minimised still, when no control of it can have it.
   if (GetFocus() == handle()) {
@@ -447,31 +372,6 @@ void FrmMain::HandFocusOn() {
   // Disabled, while a command works, the edit box would leave nobody with the focus.
   if (IsWindowEnabled(editor_.box()) != FALSE) {
     SetFocus(editor_.box());
-  }
-}
-
-void FrmMain::OnTrayClick() {
-  if (IsIconic(handle()) != FALSE) {
-    ShowWindow(handle(), SW_SHOW);
-    ShowWindow(handle(), SW_RESTORE);
-    SetForegroundWindow(handle());
-  }
-}
-
-void FrmMain::OnTrayMenu() {
-  constexpr int kRestore = 1;
-  const int note = *MenuCommandId("mnuNote");
-  const OwnedMenu menu(CreatePopupMenu());
-  AppendMenuW(menu.get(), MF_STRING, kRestore, L"&R 还原");
-  AppendMenuW(menu.get(), MF_STRING, static_cast<UINT_PTR>(note), ToWide(MenuEntryOf(note)->caption).c_str());
-  POINT at{};
-  GetCursorPos(&at);
-  SetForegroundWindow(handle());  // else the menu would stay when the user clicks elsewhere
-  const BOOL chosen = TrackPopupMenu(menu.get(), TPM_RETURNCMD | TPM_NONOTIFY, at.x, at.y, 0, handle(), nullptr);
-  if (chosen == kRestore) {
-    OnTrayClick();
-  } else if (chosen != 0) {
-    OnCommand(chosen, 0);
   }
 }
 
@@ -540,6 +440,7 @@ void FrmMain::RequestClose() {
 }
 
 void FrmMain::NoteChanged(bool isChanged) {
+  RefreshPanels();
   if (!isChanged) {
     recovery_.Forget();
     return;
@@ -560,6 +461,7 @@ void FrmMain::LayOut() {
   RECT inner{};
   GetClientRect(handle(), &inner);
   SendMessageW(bars_.statusBar(), WM_SIZE, 0, 0);
+  bars_.LayOut();
   InvalidateRect(bars_.statusBar(), nullptr, TRUE);  // its size grip stands elsewhere now
   const auto dpi = static_cast<int>(GetDpiForWindow(handle()));
   const auto layout = LayOutMainWindow(PixelsToTwips(inner.right, dpi), PixelsToTwips(inner.bottom, dpi));
@@ -570,39 +472,50 @@ void FrmMain::LayOut() {
 }
 
 void FrmMain::RefreshMenu() {
-  EnableMenuEntries(GetMenu(handle()), [this](std::string_view controlName) { return IsAvailable(controlName); });
+  const WorkbenchState state = State();
+  EnableMenuEntries(GetMenu(handle()), [&](std::string_view controlName) { return IsAvailable(controlName, state); });
+  shownState_ = state;
+}
+
+void FrmMain::RefreshPanels() {
+  bars_.SetPanels(panels_.Describe(editor_.breaks(), editor_.ControlSelection(), documentFile_));
+}
+
+// The caret moves all the time, and as a rule what can be done stays the same.
+void FrmMain::RefreshState() {
+  if (shownState_ != State()) {
+    RefreshMenu();
+  }
+  RefreshPanels();
 }
 
 void FrmMain::HandleEditorChange() {
   documentFile_.NoteChange();
   bars_.SetRemark({});
-  RefreshMenu();
+  RefreshState();
 }
 
 void FrmMain::HandleEditorSelection() {
   bars_.SetRemark({});
-  RefreshMenu();
+  RefreshState();
 }
 
 WorkbenchState FrmMain::State() const {
   return {.hasSelection = !editor_.Selection().empty(),
           .canUndo = editor_.canUndo(),
           .canRedo = editor_.canRedo(),
-          .canPaste = editor_.canPaste()};
+          .canPaste = editor_.canPaste(),
+          .isReadOnly = editor_.IsReadOnly()};
 }
 
-bool FrmMain::IsAvailable(std::string_view controlName) const {
-  return commands_.IsAvailable(controlName, State()) && !(editor_.IsReadOnly() && ChangesDocument(controlName));
+bool FrmMain::IsAvailable(std::string_view controlName, const WorkbenchState& state) const {
+  return commands_.IsAvailable(controlName, state) && !(state.isReadOnly && ChangesDocument(controlName));
 }
 
 // A message belongs to the window that the user works in, which may be a dialog.
 HWND FrmMain::PromptOwner() const {
   const HWND active = GetActiveWindow();
   return active != nullptr ? active : handle();
-}
-
-std::u16string FrmMain::Caption() const {
-  return WindowText(handle());
 }
 
 }  // namespace scrivanta

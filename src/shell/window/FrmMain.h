@@ -8,20 +8,24 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "shell/document/DocumentFile.h"
 #include "shell/document/DocumentRecovery.h"
 #include "shell/window/FrmMainBars.h"
 #include "shell/window/FrmMainBusy.h"
 #include "shell/window/FrmMainEditor.h"
+#include "shell/window/FrmMainKeys.h"
 #include "shell/window/FrmMainLook.h"
 #include "shell/window/FrmMainPrompts.h"
+#include "shell/window/FrmMainTray.h"
 #include "shell/window/MainWindow.h"
+#include "shell/window/MenuChoice.h"
 #include "shell/window/ScrivantaDesktop.h"
+#include "shell/window/StatusPanels.h"
 #include "shell/window/WindowWork.h"
 #include "shell/workbench/CommandTable.h"
 #include "win/Subclass.h"
-#include "win/TrayIcon.h"
 #include "win/Window.h"
 
 namespace scrivanta {
@@ -64,13 +68,11 @@ class FrmMain final : public Window, public Workbench, public MainWindow, privat
   LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
   std::optional<LRESULT> OnStateMessage(UINT message, WPARAM wParam, LPARAM lParam);
   std::optional<LRESULT> OnEditBoxMessage(UINT message, WPARAM wParam, LPARAM lParam);
-  bool OnEditBoxKey(WPARAM key);
-  void SelectForErasing(WPARAM key);
-  bool BreakLine();
   void OnCommand(int id, int notification);
+  void OnNotify(const NMHDR& notification);
+  void OnStatusClick(std::size_t part);
+  void OpenPanelMenu(StatusPanel panel, const std::vector<MenuChoice>& choices);
   void OnSize(WPARAM kind);
-  void OnTrayClick();
-  void OnTrayMenu();
   void HandFocusOn();
   void OnDrop(HDROP drop);
   void OnClose();
@@ -104,20 +106,18 @@ class FrmMain final : public Window, public Workbench, public MainWindow, privat
   void TellControls(UINT message, WPARAM wParam, LPARAM lParam) const;
   // How the window is to be shown first (SW_SHOW).
   int RestoreSettings();
-  // While an input method composes text, keys are its own.
-  void SetComposing(bool composing);
-  void FinishComposition() const;
   void RunCommand(int commandId);
   // Runs what is no command of the menu; whatever it throws becomes one message box. False when it has thrown.
   bool RunGuarded(const std::function<void()>& action);
   void LayOut();
   void RefreshMenu();
+  void RefreshPanels();
+  void RefreshState();
   void HandleEditorChange();
   void HandleEditorSelection();
   WorkbenchState State() const;
-  bool IsAvailable(std::string_view controlName) const;
+  bool IsAvailable(std::string_view controlName, const WorkbenchState& state) const;
   HWND PromptOwner() const;
-  std::u16string Caption() const;
 
   Settings& settings_;
   const RegExpEngine& regExpEngine_;
@@ -132,15 +132,16 @@ class FrmMain final : public Window, public Workbench, public MainWindow, privat
   FrmMainBars bars_;
   FrmMainLook look_;
   FrmMainEditor editor_;
+  FrmMainKeys keys_;
+  FrmMainTray tray_;
+  StatusPanels panels_;
   FrmMainBusy busy_;
   WindowWork work_{busy_, clock_};
   DocumentFile documentFile_{*this, *this};
   DocumentRecovery recovery_{*this, documentFile_};
-  std::optional<TrayIcon> trayIcon_;
-  std::optional<Subclass> editBoxKeys_;
+  std::optional<Subclass> editBoxMessages_;
   std::u16string untitledCaption_;
-  WorkbenchState shownState_;
-  bool isComposing_ = false;
+  std::optional<WorkbenchState> shownState_;
   bool isClosingAsked_ = false;
   bool mayEndSession_ = false;
 };

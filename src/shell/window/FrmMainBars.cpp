@@ -2,9 +2,13 @@
 
 #include <commctrl.h>
 
+#include <algorithm>
+#include <utility>
+
 #include "shell/window/FrmMainControls.h"
 #include "text/win/PlatformError.h"
 #include "text/win/WideText.h"
+#include "win/Handles.h"
 
 namespace scrivanta {
 
@@ -19,6 +23,17 @@ HWND MakeChild(HWND parent, const wchar_t* className, int controlId, DWORD style
     ThrowLastError("CreateWindowEx");
   }
   return child;
+}
+
+// In steps, so that the panels stay where they are while figures change.
+int PanelWidth(HDC context, const std::u16string& text) {
+  if (text.empty()) {
+    return 0;
+  }
+  SIZE size{};
+  GetTextExtentPoint32W(context, ToWide(text).c_str(), static_cast<int>(text.size()), &size);
+  const int step = size.cy;
+  return (size.cx / step + 2) * step;
 }
 
 }  // namespace
@@ -47,6 +62,48 @@ void FrmMainBars::SetWork(const std::u16string& work) {
     work_ = work;
     Refresh();
   }
+}
+
+void FrmMainBars::SetPanels(const PerStatusPanel<std::u16string>& texts) {
+  if (texts == panels_) {
+    return;
+  }
+  for (std::size_t i = 0; i < texts.size(); ++i) {
+    if (texts[i] != panels_[i]) {
+      SendMessageW(statusBar_, SB_SETTEXTW, i + 1, reinterpret_cast<LPARAM>(ToWide(texts[i]).c_str()));
+    }
+  }
+  panels_ = texts;
+  LayOut();
+}
+
+void FrmMainBars::LayOut() {
+  const WindowDeviceContext context(statusBar_);
+  const HGDIOBJ before =
+      SelectObject(context.get(), reinterpret_cast<HGDIOBJ>(SendMessageW(statusBar_, WM_GETFONT, 0, 0)));
+  PerStatusPanel<int> widths{};
+  std::ranges::transform(panels_, widths.begin(),
+                         [&](const std::u16string& text) { return PanelWidth(context.get(), text); });
+  SelectObject(context.get(), before);
+  RECT inner{};
+  GetClientRect(statusBar_, &inner);
+  const int grip = GetSystemMetricsForDpi(SM_CXVSCROLL, GetDpiForWindow(statusBar_));
+  std::vector<int> edges = StatusPanelEdges(inner.right, grip, widths);
+  if (edges != edges_) {
+    edges_ = std::move(edges);
+    SendMessageW(statusBar_, SB_SETPARTS, edges_.size(), reinterpret_cast<LPARAM>(edges_.data()));
+  }
+}
+
+std::optional<StatusPanel> FrmMainBars::PanelOf(std::size_t part) {
+  return part >= 1 && part <= kStatusPanelCount ? std::optional(static_cast<StatusPanel>(part - 1)) : std::nullopt;
+}
+
+RECT FrmMainBars::BoundsOf(StatusPanel panel) const {
+  RECT bounds{};
+  SendMessageW(statusBar_, SB_GETRECT, static_cast<WPARAM>(panel) + 1, reinterpret_cast<LPARAM>(&bounds));
+  MapWindowPoints(statusBar_, nullptr, reinterpret_cast<POINT*>(&bounds), 2);
+  return bounds;
 }
 
 void FrmMainBars::ShowProgress(std::optional<int> percent) {

@@ -1,13 +1,15 @@
-// The status bar, whose one panel holds the path of the document, and the progress bar of the main window.
+// The status bar, whose first panel holds the path of the document, and the progress bar of the main window.
 #pragma once
 
 #include <windows.h>
 
+#include <cstddef>
 #include <filesystem>
 #include <optional>
 #include <string>
+#include <vector>
 
-#include "shell/window/MainLayout.h"
+#include "shell/window/StatusPanels.h"
 
 namespace scrivanta {
 
@@ -17,10 +19,18 @@ class FrmMainBars {
   HWND statusBar() const noexcept { return statusBar_; }
   HWND progressBar() const noexcept { return progressBar_; }
 
-  // What the panel shows: a note of the work in hand, else the path with a remark.
+  // What the first panel shows: a note of the work in hand, else the path with a remark.
   void SetPath(const std::filesystem::path& path);
   void SetRemark(const std::u16string& remark);
   void SetWork(const std::u16string& work);
+
+  // What the others show. They are laid out again when the bar or its font has changed.
+  void SetPanels(const PerStatusPanel<std::u16string>& texts);
+  void LayOut();
+  // What a click on the bar has met: the number of a panel as its notification has it.
+  static std::optional<StatusPanel> PanelOf(std::size_t part);
+  // On the screen.
+  RECT BoundsOf(StatusPanel panel) const;
 
   // In percent; nothing hides the bar.
   void ShowProgress(std::optional<int> percent);
@@ -33,6 +43,8 @@ class FrmMainBars {
   std::u16string path_;
   std::u16string remark_;
   std::u16string work_;
+  PerStatusPanel<std::u16string> panels_;
+  std::vector<int> edges_;
 };
 
 }  // namespace scrivanta

@@ -50,6 +50,9 @@ class FrmMainEditor final : public Editor, public EditBox {
   DocumentHistory& history() noexcept { return history_; }
   const ControlView& view() const noexcept { return control_; }
   bool HasFormatting() const noexcept { return control_.hasFormatting(); }
+  // Where the lines of the text begin, and the selection as the control has it.
+  const LineBreakIndex& breaks() const noexcept { return history_.text().breaks(); }
+  ControlRange ControlSelection() const { return control_.Selection(); }
   bool HasSelection() const { return !control_.Selection().empty(); }
   bool canUndo() const noexcept { return history_.canUndo(); }
   bool canRedo() const noexcept { return history_.canRedo(); }
@@ -97,7 +100,6 @@ class FrmMainEditor final : public Editor, public EditBox {
     PARAFORMAT2 paragraphs;
   };
 
-  const LineBreakIndex& breaks() const noexcept { return history_.text().breaks(); }
   void NoteFormatChange();
   void RequireWritable() const;
   void SelectPairAt(std::size_t start);

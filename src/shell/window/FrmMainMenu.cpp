@@ -13,12 +13,8 @@ namespace scrivanta {
 
 namespace {
 
-std::wstring ShownText(const MenuEntry& entry) {
-  std::wstring text = ToWide(entry.caption);
-  if (!entry.shortcut.empty()) {
-    text += L'\t' + ToWide(entry.shortcut);
-  }
-  return text;
+std::wstring TextWithShortcut(std::u16string_view caption, std::u16string_view shortcut) {
+  return shortcut.empty() ? ToWide(caption) : ToWide(caption) + L'\t' + ToWide(shortcut);
 }
 
 // "Ctrl+Shift+S", "F3".
@@ -66,10 +62,12 @@ OwnedMenu BuildMainMenu() {
   for (const MenuEntry& entry : MenuTree()) {
     if (entry.level == MenuLevel::kBar) {
       popup = CreatePopupMenu();
-      AppendMenuW(bar.get(), MF_POPUP, reinterpret_cast<UINT_PTR>(popup), ShownText(entry).c_str());
+      AppendMenuW(bar.get(), MF_POPUP, reinterpret_cast<UINT_PTR>(popup),
+                  TextWithShortcut(entry.caption, entry.shortcut).c_str());
     } else if (entry.level == MenuLevel::kEntry) {
       AppendMenuW(popup, entry.IsSeparator() ? MF_SEPARATOR : MF_STRING,
-                  static_cast<UINT_PTR>(*MenuCommandId(entry.controlName)), ShownText(entry).c_str());
+                  static_cast<UINT_PTR>(*MenuCommandId(entry.controlName)),
+                  TextWithShortcut(entry.caption, entry.shortcut).c_str());
     }
   }
   return bar;
@@ -87,6 +85,21 @@ OwnedAccelerators BuildAccelerators() {
                             static_cast<WORD>(*MenuCommandId(other.controlName))});
   }
   return OwnedAccelerators(CreateAcceleratorTableW(accelerators.data(), static_cast<int>(accelerators.size())));
+}
+
+void OpenChoices(HWND owner, POINT at, const std::vector<MenuChoice>& choices) {
+  const OwnedMenu menu(CreatePopupMenu());
+  for (std::size_t i = 0; i < choices.size(); ++i) {
+    const MenuChoice& choice = choices[i];
+    const UINT flags = choice.IsSeparator() ? MF_SEPARATOR
+                                            : MF_STRING | (choice.isAvailable ? MF_ENABLED : MF_GRAYED) |
+                                                  (choice.isChecked ? MF_CHECKED : MF_UNCHECKED);
+    AppendMenuW(menu.get(), flags, i + 1, TextWithShortcut(choice.caption, choice.shortcut).c_str());
+  }
+  const int chosen = TrackPopupMenu(menu.get(), TPM_RETURNCMD | TPM_NONOTIFY, at.x, at.y, 0, owner, nullptr);
+  if (chosen > 0) {
+    choices[static_cast<std::size_t>(chosen) - 1].run();
+  }
 }
 
 void EnableMenuEntries(HMENU bar, const std::function<bool(std::string_view controlName)>& isAvailable) {

@@ -1,11 +1,13 @@
-// The menu bar of the main window, built from shell/MenuTree.h.
+// The menus of the main window: the bar, built from shell/MenuTree.h, and those that open at a place.
 #pragma once
 
 #include <windows.h>
 
 #include <functional>
 #include <string_view>
+#include <vector>
 
+#include "shell/window/MenuChoice.h"
 #include "win/Handles.h"
 
 namespace scrivanta {
@@ -15,5 +17,9 @@ OwnedAccelerators BuildAccelerators();
 
 // Enables those entries of the bar's menus whose command is available now.
 void EnableMenuEntries(HMENU bar, const std::function<bool(std::string_view controlName)>& isAvailable);
+
+// Opens a menu at a point of the screen, waits for the user and runs what is chosen. Where it would leave the screen
+// below, it stands above the point.
+void OpenChoices(HWND owner, POINT at, const std::vector<MenuChoice>& choices);
 
 }  // namespace scrivanta

@@ -17,6 +17,7 @@ struct WorkbenchState {
   bool canUndo = false;
   bool canRedo = false;
   bool canPaste = false;
+  bool isReadOnly = false;
 
   bool operator==(const WorkbenchState&) const = default;
 };

@@ -45,6 +45,10 @@ std::u16string CaptionOf(HMENU menu, int position) {
   return caption.substr(0, caption.find(u'\t'));
 }
 
+void WaitForPopup() {
+  WaitUntil("a menu to open", [] { return !TopWindows(GetCurrentProcessId(), kMenuClass).empty(); });
+}
+
 // The first of the controls, however deep, that shows a tree; null when there is none.
 HWND TreeIn(HWND window) {
   HWND found = nullptr;
@@ -304,11 +308,42 @@ std::u16string App::Caption() const {
 }
 
 std::u16string App::Status() const {
+  return StatusPart(0);
+}
+
+std::u16string App::StatusPart(std::size_t part) const {
   const HWND bar = GetDlgItem(MainWindow(), StatusBar1);
-  std::wstring text(LOWORD(Send(bar, SB_GETTEXTLENGTHW)) + std::size_t{1}, L'\0');
-  Send(bar, SB_GETTEXTW, 0, reinterpret_cast<LPARAM>(text.data()));
+  std::wstring text(LOWORD(Send(bar, SB_GETTEXTLENGTHW, part)) + std::size_t{1}, L'\0');
+  Send(bar, SB_GETTEXTW, part, reinterpret_cast<LPARAM>(text.data()));
   text.pop_back();
   return FromWide(text);
+}
+
+std::u16string App::Panel(StatusPanel panel) const {
+  return StatusPart(static_cast<std::size_t>(panel) + 1);
+}
+
+void App::ExpectPanel(StatusPanel panel, std::u16string_view text) const {
+  ExpectShown("a panel of the status bar", text, [&] { return Panel(panel); });
+}
+
+void App::PostClickOn(StatusPanel panel) const {
+  const HWND bar = GetDlgItem(MainWindow(), StatusBar1);
+  RECT bounds{};
+  Send(bar, SB_GETRECT, static_cast<WPARAM>(panel) + 1, reinterpret_cast<LPARAM>(&bounds));
+  const LPARAM at = MAKELPARAM((bounds.left + bounds.right) / 2, (bounds.top + bounds.bottom) / 2);
+  PostMessageW(bar, WM_LBUTTONDOWN, MK_LBUTTON, at);
+  PostMessageW(bar, WM_LBUTTONUP, 0, at);
+}
+
+void App::ClickPanel(StatusPanel panel) {
+  PostClickOn(panel);
+  Settle();
+}
+
+void App::OpenPanelMenu(StatusPanel panel) {
+  PostClickOn(panel);
+  WaitForPopup();
 }
 
 std::optional<int> App::Progress() const {
@@ -381,12 +416,12 @@ void App::ClickTrayIcon() {
 
 void App::OpenTrayMenu() {
   PostMessageW(MainWindow(), kTrayMessage, kTrayIconId, WM_RBUTTONUP);
-  WaitUntil("the menu of the tray icon", [] { return !TopWindows(GetCurrentProcessId(), kMenuClass).empty(); });
+  WaitForPopup();
 }
 
-void App::ChooseInTrayMenu(char16_t accessKey) {
+void App::ChooseInPopup(char16_t accessKey) {
   PostMessageW(MainWindow(), WM_CHAR, accessKey, 0);
-  WaitUntil("the menu of the tray icon to go", [] { return TopWindows(GetCurrentProcessId(), kMenuClass).empty(); });
+  WaitUntil("the menu to go", [] { return TopWindows(GetCurrentProcessId(), kMenuClass).empty(); });
   Settle();
 }
 

@@ -17,6 +17,7 @@
 #include <thread>
 #include <vector>
 
+#include "shell/window/StatusPanels.h"
 #include "shell/workbench/Prompts.h"
 #include "window/driver/DialogDriver.h"
 #include "window/driver/EditBoxDriver.h"
@@ -101,15 +102,24 @@ class App {
   // The window itself is asked, not a picture of the tray.
   bool HasTrayIcon() const;
   void ClickTrayIcon();
-  // With the right button; an entry of the menu is chosen by its access key.
+  // With the right button: opens a menu.
   void OpenTrayMenu();
-  void ChooseInTrayMenu(char16_t accessKey);
+  // In a menu that has opened at a place, by the access key of the entry.
+  void ChooseInPopup(char16_t accessKey);
+
+  // A panel of the status bar beside the path; a click on it that opens a menu, and one that does something else.
+  std::u16string Panel(StatusPanel panel) const;
+  void ExpectPanel(StatusPanel panel, std::u16string_view text) const;
+  void ClickPanel(StatusPanel panel);
+  void OpenPanelMenu(StatusPanel panel);
 
  private:
   bool HasQuestion() const;
   HWND FindMainWindow() const;
   void BringToFront() const;
   void DismissOne() const;
+  std::u16string StatusPart(std::size_t part) const;
+  void PostClickOn(StatusPanel panel) const;
 
   std::thread thread_;
   std::atomic<HWND> window_{nullptr};
