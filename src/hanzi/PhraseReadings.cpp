@@ -5,6 +5,7 @@
 #include <numeric>
 
 #include "hanzi/SurnameTable.h"
+#include "text/Encoding.h"
 
 namespace scrivanta {
 
@@ -21,24 +22,45 @@ SyllableNumbers NumberSyllables() {
   return numbers;
 }
 
+std::u16string Itself(std::u16string_view phrase) {
+  return std::u16string(phrase);
+}
+
+std::u16string InGbk(std::u16string_view phrase) {
+  const std::string bytes = Encode(Encoding::kGbk, phrase);
+  std::u16string units;
+  for (std::size_t at = 0; at + 1 < bytes.size(); at += 2) {
+    units +=
+        static_cast<char16_t>(static_cast<unsigned char>(bytes[at]) << 8U | static_cast<unsigned char>(bytes[at + 1]));
+  }
+  return units;
+}
+
 }  // namespace
 
 const PhraseReadings& PhraseReadings::OfTexts() noexcept {
-  static const PhraseReadings readings{Phrases()};
+  static const PhraseReadings readings(Phrases(), Itself);
   return readings;
 }
 
 const PhraseReadings& PhraseReadings::OfSurnames() noexcept {
-  static const PhraseReadings readings{Surnames()};
+  static const PhraseReadings readings(Surnames(), Itself);
   return readings;
 }
 
-PhraseReadings::PhraseReadings(std::span<const PhraseRow> rows) {
+const PhraseReadings& PhraseReadings::OfTextsInGbk() {
+  static const PhraseReadings readings(Phrases(), InGbk);
+  return readings;
+}
+
+PhraseReadings::PhraseReadings(std::span<const PhraseRow> rows, std::u16string (*unitsOf)(std::u16string_view)) {
   const SyllableNumbers numbers = NumberSyllables();
   for (const PhraseRow& row : rows) {
-    phrases_.push_back({row.phrase, syllables_.size()});
-    if (row.phrase.size() > 1) {
-      beginnings_[PlaceOf(row.phrase[0], row.phrase[1])] = true;
+    const std::u16string units = unitsOf(row.phrase);
+    phrases_.push_back({units, syllables_.size()});
+    mostCharacters_ = std::max(mostCharacters_, units.size());
+    if (units.size() > 1) {
+      beginnings_[PlaceOf(units[0], units[1])] = true;
     }
     std::u16string_view rest = row.syllables;
     while (!rest.empty()) {
@@ -50,28 +72,26 @@ PhraseReadings::PhraseReadings(std::span<const PhraseRow> rows) {
   std::ranges::sort(phrases_, {}, &Phrase::characters);
   for (const Phrase& phrase : phrases_) {
     ++begins_[phrase.characters.front() + 1U];
+    seconds_ += phrase.characters.size() > 1 ? phrase.characters[1] : u'\0';
   }
   std::partial_sum(begins_.begin(), begins_.end(), begins_.begin());
 }
 
-// Narrows the phrases down character by character; of those that begin alike the shortest stands first.
+// The second character is looked for in a place of its own, for that leaves few; of those that begin alike the shortest
+// stands first.
 PhraseReadings::Syllables PhraseReadings::FindAtBeginning(std::u16string_view text) const noexcept {
   if (text.empty()) {
     return {};
   }
-  const Phrase* longest = nullptr;
-  std::span<const Phrase> candidates(phrases_.begin() + begins_[text[0]], phrases_.begin() + begins_[text[0] + 1U]);
-  for (std::size_t length = 1; !candidates.empty(); ++length) {
-    if (candidates.front().characters.size() == length) {
-      longest = &candidates.front();
-      candidates = candidates.subspan(1);
+  const std::size_t begin = begins_[text[0]];
+  const auto ofFirst = std::u16string_view(seconds_).substr(begin, begins_[text[0] + 1U] - begin);
+  const Phrase* longest = !ofFirst.empty() && ofFirst.front() == 0 ? &phrases_[begin] : nullptr;
+  if (text.size() > 1) {
+    const auto alike = std::ranges::equal_range(ofFirst, text[1]);
+    const Phrase* phrase = &phrases_[begin] + (alike.begin() - ofFirst.begin());
+    for (std::size_t i = 0; i < alike.size(); ++i, ++phrase) {
+      longest = text.starts_with(phrase->characters) ? phrase : longest;
     }
-    if (length == text.size()) {
-      break;
-    }
-    const auto unit = [length](const Phrase& phrase) { return phrase.characters[length]; };
-    const auto alike = std::ranges::equal_range(candidates, text[length], {}, unit);
-    candidates = {alike.begin(), alike.end()};
   }
   if (longest == nullptr) {
     return {};

@@ -1,7 +1,9 @@
 #include "tables/PinyinInitials.h"
 
 #include <algorithm>
+#include <optional>
 
+#include "tables/GbkInitials.h"
 #include "text/CharacterBytes.h"
 #include "text/CodePoints.h"
 #include "text/DecimalText.h"
@@ -60,16 +62,32 @@ class InitialsOfLine {
         ofUnits_ += Passes(itself) || IsHighSurrogate(itself) ? itself : u'\0';
       }
     }
+    if (options.encoding == Encoding::kGbk && options.readAs == ReadAs::kText && doubtful == nullptr) {
+      gbk_.emplace(letters_, ofUnits_);
+    }
   }
 
   // In the encoding of the lines; valid until the next call.
   std::string_view Of(std::string_view line, std::uint64_t number) {
+    bytes_.resize(std::max(bytes_.size(), line.size() * kMostBytesOfUnit));
+    end_ = gbk_ ? gbk_->Put(line, bytes_.data()) : nullptr;
+    if (end_ == nullptr) {
+      ReadCharacters(line, number);
+    }
+    const std::string_view initials(bytes_.data(), end_);
+    return options_.firstOnly ? initials.substr(0, CharacterBytes(options_.encoding, initials)) : initials;
+  }
+
+ private:
+  static constexpr std::size_t kBasicPlane = 0x10000;
+  static constexpr std::size_t kMostBytesOfUnit = 4;
+
+  void ReadCharacters(std::string_view line, std::uint64_t number) {
     text_.clear();
     DecodeAppend(options_.encoding, line, text_);
     if (doubtful_ != nullptr) {
       ListDoubtful(number);
     }
-    bytes_.resize(std::max(bytes_.size(), text_.size() * kMostBytesOfUnit));
     end_ = bytes_.data();
     std::size_t at = 0;
     ForEachPhrase(text_, options_.readAs, [&](std::size_t begin, PhraseReadings::Syllables syllables) {
@@ -78,13 +96,7 @@ class InitialsOfLine {
       at = begin + syllables.size();
     });
     TakeUnits(at, text_.size());
-    const std::string_view initials(bytes_.data(), end_);
-    return options_.firstOnly ? initials.substr(0, CharacterBytes(options_.encoding, initials)) : initials;
   }
-
- private:
-  static constexpr std::size_t kBasicPlane = 0x10000;
-  static constexpr std::size_t kMostBytesOfUnit = 4;
 
   // What no phrase holds. All but ASCII, which is rare here, is looked at more closely.
   void TakeUnits(std::size_t at, std::size_t behind) {
@@ -135,6 +147,8 @@ class InitialsOfLine {
   std::string letters_;  // by syllable
   // What a unit gives: 0 for nothing, a high surrogate for itself.
   std::u16string ofUnits_;
+  // Where it can be had; what it does not read is decoded.
+  std::optional<GbkInitials> gbk_;
   std::u16string text_;
   std::vector<Reading> readings_;
   std::string bytes_;

@@ -26,6 +26,7 @@ TEST(HanziTest, ReadsCharactersInTheirPhrases) {
   constexpr Case kCases[] = {
       {u"重庆", u"chóng qìng"},
       {u"重", u"zhòng?"},
+      {u"不便宜", u"bù pián yí"},  // and 不便 of the same characters
       // A phrase that begins earlier keeps the later one away.
       {u"双重庆祝", u"shuāng chóng qìng zhù"},
       {u"银行行长", u"yín háng háng zhǎng"},

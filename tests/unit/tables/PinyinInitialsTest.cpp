@@ -1,3 +1,5 @@
+#include <random>
+
 #include <gtest/gtest.h>
 
 #include "support/ScriptedWorkbench.h"
@@ -12,17 +14,22 @@ struct Result {
   std::u16string doubtful;
 };
 
-Result Initials(std::u16string_view text, InitialsOptions options) {
-  const std::string bytes = Encode(options.encoding, text);
+std::string AddedInitials(const std::string& bytes, const InitialsOptions& options,
+                          std::vector<DoubtfulCharacter>* doubtful) {
   MemorySource source(bytes);
   NoProgress progress;
   LineReader in(source, LineEnds::kCrLfOrLf, progress);
   StringSink sink;
   LineWriter out(sink);
-  std::vector<DoubtfulCharacter> doubtful;
-  AddInitials(in, out, options, &doubtful);
+  AddInitials(in, out, options, doubtful);
   out.Flush();
-  Result result{Decode(options.encoding, sink.bytes()), {}};
+  return sink.bytes();
+}
+
+Result Initials(std::u16string_view text, InitialsOptions options) {
+  std::vector<DoubtfulCharacter> doubtful;
+  const std::string bytes = Encode(options.encoding, text);
+  Result result{Decode(options.encoding, AddedInitials(bytes, options, &doubtful)), {}};
   for (const DoubtfulCharacter& character : doubtful) {
     result.doubtful += DescribeDoubtful(character) + u"\n";
   }
@@ -55,6 +62,25 @@ TEST(PinyinInitials, ListWhatIsDoubtful) {
   EXPECT_EQ(Initials(u"單", {.small = true, .readAs = ReadAs::kName}).doubtful, u"");
   // A character that is not known passes.
   EXPECT_EQ(Initials(u"\U00020BB7a兙", {.place = InitialsPlace::kOnly}).lines, u"\U00020BB7a兙\r\n");
+}
+
+// Bytes of GBK are read as they stand while nothing is listed; listing decodes them.
+TEST(PinyinInitials, AreTheSameWhetherDoubtfulOnesAreListedOrNot) {
+  constexpr std::u16string_view kPieces[] = {u"重庆", u"重",   u"长",         u"长春", u"不",   u"了",     u"一行",
+                                             u"行长", u"单于", u"a",          u"9",    u" ",    u"，",     u"Ａ",
+                                             u"あ",   u"€",    u"\U00020BB7", u"兙",   u"\r\n", u"\xDC81", u"\uE000"};
+  std::minstd_rand random(3);
+  for (int round = 0; round < 2000; ++round) {
+    std::u16string text;
+    for (int i = 0; i < 12; ++i) {
+      text += kPieces[random() % std::size(kPieces)];
+    }
+    // A character may end in the middle.
+    std::string bytes = Encode(Encoding::kGbk, text);
+    bytes.resize(bytes.size() - random() % 2);
+    std::vector<DoubtfulCharacter> doubtful;
+    ASSERT_EQ(AddedInitials(bytes, {}, nullptr), AddedInitials(bytes, {}, &doubtful)) << round;
+  }
 }
 
 struct ScriptedInitialsView final : public InitialsView {
