@@ -1,4 +1,4 @@
-// The rows of a large second table that are partners of a few keys of the first, as far as they are held at a time.
+// The rows of a second table that are partners of keys of the first, as far as they are held at a time.
 #pragma once
 
 #include <cstddef>

@@ -41,27 +41,6 @@ std::uint32_t RowsByKey::Find(std::string_view key) const {
   return slots_.empty() ? kNone : slots_[SlotOf(key, HashOf(key))];
 }
 
-std::uint32_t RowsByKey::FindMarked(std::string_view key) const {
-  const std::uint32_t hash = HashOf(key);
-  if (!marks_[hash % kMarks]) {
-    return kNone;
-  }
-  const std::uint32_t found = slots_[SlotOf(key, hash)];
-  return found != kNone && keys_[found].isMarked ? found : kNone;
-}
-
-void RowsByKey::Mark(std::uint32_t key) {
-  keys_[key].isMarked = true;
-  marks_[keys_[key].hash % kMarks] = true;
-}
-
-void RowsByKey::UnmarkAll() {
-  marks_.assign(kMarks, false);
-  for (Key& key : keys_) {
-    key.isMarked = false;
-  }
-}
-
 // Where the key stands, or would stand.
 std::size_t RowsByKey::SlotOf(std::string_view key, std::uint32_t hash) const {
   std::size_t slot = hash & (slots_.size() - 1);

@@ -25,11 +25,8 @@ class RowsByKey {
   std::size_t rowCount() const noexcept { return rows_.size(); }
   std::size_t keyCount() const noexcept { return keys_.size(); }
 
-  void Mark(std::uint32_t key);
-  void UnmarkAll();
+  void Mark(std::uint32_t key) { keys_[key].isMarked = true; }
   bool IsMarked(std::uint32_t key) const { return keys_[key].isMarked; }
-  // The key's number; kNone also when it is not marked. Quick for nearly all that are not, while few are.
-  std::uint32_t FindMarked(std::string_view key) const;
 
  private:
   struct Key {
@@ -45,15 +42,12 @@ class RowsByKey {
     std::uint32_t next = kNone;
   };
 
-  static constexpr std::size_t kMarks = 0x400000;
-
   std::size_t SlotOf(std::string_view key, std::uint32_t hash) const;
   void Grow();
 
   std::string text_;  // of all keys
   std::vector<Key> keys_;
   std::vector<Row> rows_;
-  std::vector<bool> marks_ = std::vector<bool>(kMarks);  // by hash, whether a marked key may have it
   std::vector<std::uint32_t> slots_;  // numbers of keys; a power of two of them, at most half of them taken
 };
 

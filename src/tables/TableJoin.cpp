@@ -1,9 +1,11 @@
 #include "tables/TableJoin.h"
 
 #include <algorithm>
+#include <deque>
 #include <optional>
 
 #include "tables/JoinedRows.h"
+#include "tables/PartnerSpool.h"
 #include "tables/PartnersByKey.h"
 #include "tables/SecondRows.h"
 
@@ -66,12 +68,12 @@ void JoinWithHeldSecond(const OpenTable& openFirst, const OpenTable& openSecond,
 }
 
 // Holds the keys of the first table and as many partners as it may: those of some rows of the first table after the
-// other, with a reading of the second for each lot of them.
+// other, a lot. The partners of the lots wait in temporary files.
 class JoinWithStreamedSecond {
  public:
   JoinWithStreamedSecond(const OpenTable& openFirst, const OpenTable& openSecond, const JoinOptions& options,
-                         JoinedRows& joined)
-      : openFirst_(openFirst), openSecond_(openSecond), options_(options), joined_(joined) {}
+                         JoinedRows& joined, Progress& progress)
+      : openFirst_(openFirst), openSecond_(openSecond), options_(options), joined_(joined), progress_(progress) {}
 
   void Run() {
     for (RecordReader first = OpenRows(openFirst_, options_); first.Next();) {
@@ -79,18 +81,15 @@ class JoinWithStreamedSecond {
     }
     partners_.emplace(rows_.keyCount());
     bytes_.resize(rows_.keyCount());
-    const bool holdsAll = LookThroughSecond();
+    LookThroughSecond();
     RecordReader first = OpenRows(openFirst_, options_);
-    for (std::uint32_t begin = 0; begin < rows_.rowCount();) {
-      const std::uint32_t end = holdsAll ? static_cast<std::uint32_t>(rows_.rowCount()) : EndOfLot(begin);
-      if (!holdsAll) {
-        HoldPartners(begin, end);
+    if (!all_) {
+      JoinRows(first, 0, static_cast<std::uint32_t>(rows_.rowCount()));
+    } else {
+      DivideIntoLots();
+      for (std::size_t lot = 0; lot < lotEnds_.size(); lot += kLotsAtATime) {
+        JoinLots(first, lot, std::min(lot + kLotsAtATime, lotEnds_.size()));
       }
-      for (std::uint32_t row = begin; row < end; ++row) {
-        first.Next();
-        JoinRow(first, rows_.KeyOfRow(row));
-      }
-      begin = end;
     }
     if (joined_.KeepsUnmatchedSecond()) {
       WriteUnmatchedSecond();
@@ -98,9 +97,14 @@ class JoinWithStreamedSecond {
   }
 
  private:
-  // Counts what the partners of each key take, and lists the rows that have none. Whether all partners could be held.
-  bool LookThroughSecond() {
-    bool holdsAll = true;
+  // Each has a temporary file for a while.
+  static constexpr std::size_t kLotsAtATime = 64;
+  static constexpr std::size_t kHeldOfLot = 128 * 1024;  // bytes, of those that wait
+  static constexpr std::uint32_t kNoLot = 0xFFFFFFFF;
+
+  // Counts what the partners of each key take, and lists the rows that have none. The partners are held while they may
+  // be, else all wait in a file.
+  void LookThroughSecond() {
     for (RecordReader second = OpenRows(openSecond_, options_); second.Next();) {
       const std::uint32_t key = rows_.Find(joined_.KeyOfSecond(second));
       if (key == RowsByKey::kNone) {
@@ -110,50 +114,74 @@ class JoinWithStreamedSecond {
       tail_.clear();
       joined_.AppendTail(second, tail_);
       bytes_[key] += tail_.size() + PartnersByKey::kBytesOfRow;
-      if (holdsAll) {
-        partners_->Add(key, tail_);
-        holdsAll = partners_->bytes() <= options_.heldBytes;
-      }
-    }
-    return holdsAll;
-  }
-
-  // The lot takes rows, but one at least, until their partners would be too many. The keys are marked.
-  std::uint32_t EndOfLot(std::uint32_t begin) {
-    rows_.UnmarkAll();
-    std::size_t bytes = 0;
-    std::uint32_t row = begin;
-    for (; row < rows_.rowCount(); ++row) {
-      const std::uint32_t key = rows_.KeyOfRow(row);
-      if (rows_.IsMarked(key)) {
+      if (all_) {
+        all_->Add(key, tail_);
         continue;
       }
-      bytes += bytes_[key];
-      if (bytes > options_.heldBytes && row > begin) {
-        break;
+      partners_->Add(key, tail_);
+      if (partners_->bytes() > options_.heldBytes) {
+        SpoolHeldPartners();
       }
-      rows_.Mark(key);
     }
-    return row;
   }
 
-  void HoldPartners(std::uint32_t begin, std::uint32_t end) {
+  void SpoolHeldPartners() {
+    all_.emplace(kHeldOfLot);
+    for (std::uint32_t key = 0; key < rows_.keyCount(); ++key) {
+      ForEachPartner(key, [&](std::string_view tail) { all_->Add(key, tail); });
+    }
     partners_->Clear();
-    const auto hasPartners = [this](std::uint32_t row) { return bytes_[rows_.KeyOfRow(row)] > 0; };
-    bool any = false;
-    for (std::uint32_t row = begin; row < end && !any; ++row) {
-      any = hasPartners(row);
-    }
-    if (!any) {
-      return;
-    }
-    for (RecordReader second = OpenRows(openSecond_, options_); second.Next();) {
-      const std::uint32_t key = rows_.FindMarked(joined_.KeyOfSecond(second));
-      if (key != RowsByKey::kNone) {
-        tail_.clear();
-        joined_.AppendTail(second, tail_);
-        partners_->Add(key, tail_);
+  }
+
+  // A lot takes rows, but one at least, until their partners would be too many.
+  void DivideIntoLots() {
+    std::vector<std::uint32_t> lotOfKey(rows_.keyCount(), kNoLot);  // the last that has it
+    std::uint64_t bytes = 0;
+    for (std::uint32_t row = 0; row < rows_.rowCount(); ++row) {
+      const std::uint32_t key = rows_.KeyOfRow(row);
+      auto lot = static_cast<std::uint32_t>(lotEnds_.size());
+      if (lotOfKey[key] != lot && bytes > 0 && bytes + bytes_[key] > options_.heldBytes) {
+        lotEnds_.push_back(row);
+        ++lot;
+        bytes = 0;
       }
+      bytes += lotOfKey[key] == lot ? 0 : bytes_[key];
+      lotOfKey[key] = lot;
+    }
+    lotEnds_.push_back(static_cast<std::uint32_t>(rows_.rowCount()));
+  }
+
+  void JoinLots(RecordReader& first, std::size_t begin, std::size_t end) {
+    std::deque<PartnerSpool> lots;
+    for (std::size_t lot = begin; lot < end; ++lot) {
+      lots.emplace_back(kHeldOfLot);
+    }
+    all_->ForEach(progress_, [&](std::uint32_t key, std::string_view tail) {
+      std::size_t last = lotEnds_.size();
+      for (std::uint32_t row = rows_.FirstRow(key); row != RowsByKey::kNone; row = rows_.NextRow(row)) {
+        const std::size_t lot = LotOfRow(row);
+        if (lot != last && lot >= begin && lot < end) {
+          lots[lot - begin].Add(key, tail);
+        }
+        last = lot;
+      }
+    });
+    for (std::size_t lot = begin; lot < end; ++lot) {
+      partners_->Clear();
+      lots[lot - begin].ForEach(progress_,
+                                [&](std::uint32_t key, std::string_view tail) { partners_->Add(key, tail); });
+      JoinRows(first, lot == 0 ? 0 : lotEnds_[lot - 1], lotEnds_[lot]);
+    }
+  }
+
+  std::size_t LotOfRow(std::uint32_t row) const {
+    return static_cast<std::size_t>(std::ranges::upper_bound(lotEnds_, row) - lotEnds_.begin());
+  }
+
+  void JoinRows(RecordReader& first, std::uint32_t begin, std::uint32_t end) {
+    for (std::uint32_t row = begin; row < end; ++row) {
+      first.Next();
+      JoinRow(first, rows_.KeyOfRow(row));
     }
   }
 
@@ -163,8 +191,12 @@ class JoinWithStreamedSecond {
       return;
     }
     joined_.TakeFirst(first);
+    ForEachPartner(key, [this](std::string_view tail) { joined_.WriteWith(tail); });
+  }
+
+  void ForEachPartner(std::uint32_t key, const auto& visit) {
     for (std::uint32_t row = partners_->FirstRow(key); row != PartnersByKey::kNone; row = partners_->NextRow(row)) {
-      joined_.WriteWith(partners_->Tail(row));
+      visit(partners_->Tail(row));
     }
   }
 
@@ -182,9 +214,12 @@ class JoinWithStreamedSecond {
   const OpenTable& openSecond_;
   const JoinOptions& options_;
   JoinedRows& joined_;
+  Progress& progress_;
   RowsByKey rows_;                         // of the first table
   std::vector<std::uint64_t> bytes_;       // of the partners, by key; 0 where there are none
-  std::optional<PartnersByKey> partners_;  // by the same keys
+  std::optional<PartnersByKey> partners_;  // of all rows or of a lot, by the same keys
+  std::optional<PartnerSpool> all_;        // partners, when they are too many to be held
+  std::vector<std::uint32_t> lotEnds_;     // the row behind each lot
   std::string tail_;
 };
 
@@ -207,7 +242,7 @@ JoinCounts JoinTables(const OpenTable& openFirst, const OpenTable& openSecond, c
   }
   // Holding the second needs fewer readings, so it is held while the tables are of about the same size.
   if (secondSize.bytes / 2 > firstSize.bytes) {
-    JoinWithStreamedSecond(openFirst, openSecond, options, joined).Run();
+    JoinWithStreamedSecond(openFirst, openSecond, options, joined, progress).Run();
   } else {
     JoinWithHeldSecond(openFirst, openSecond, options, joined);
   }

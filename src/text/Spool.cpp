@@ -37,7 +37,7 @@ TemporaryFile::~TemporaryFile() {
 }
 
 void Spool::Write(std::string_view bytes) {
-  if (file_ == nullptr && memory_.size() + bytes.size() <= kMemoryLimit) {
+  if (file_ == nullptr && memory_.size() + bytes.size() <= memoryLimit_) {
     memory_.append(bytes);
   } else {
     if (file_ == nullptr) {

@@ -31,7 +31,9 @@ class Spool final : public ByteSink, public ByteSource {
  public:
   static constexpr std::size_t kMemoryLimit = 8 * 1024 * 1024;  // bytes
 
-  explicit Spool(std::filesystem::path folder = std::filesystem::temp_directory_path()) : folder_(std::move(folder)) {}
+  explicit Spool(std::filesystem::path folder = std::filesystem::temp_directory_path(),
+                 std::size_t memoryLimit = kMemoryLimit)
+      : folder_(std::move(folder)), memoryLimit_(memoryLimit) {}
 
   void Write(std::string_view bytes) override;
   // Reads from the beginning, again after each Rewind. Nothing is written after the first Read.
@@ -43,6 +45,7 @@ class Spool final : public ByteSink, public ByteSource {
   void WriteToFile(std::string_view bytes);
 
   std::filesystem::path folder_;
+  std::size_t memoryLimit_;
   std::string memory_;
   std::unique_ptr<TemporaryFile> file_;  // holds all of it, once there is one
   std::uint64_t size_ = 0;

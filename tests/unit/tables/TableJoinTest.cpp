@@ -87,7 +87,7 @@ Joined Join(const std::string& first, const std::string& second, const JoinOptio
 TEST(TableJoinTest, JoinsTablesOfAnySizesLikeAPlainComparison) {
   std::mt19937 random(1);  // the same numbers in every run
   for (const auto& [firstRows, secondRows] :
-       {std::pair(40U, 40U), {90U, 7U}, {7U, 90U}, {30U, 90U}, {1U, 9U}, {9U, 1U}}) {
+       {std::pair(40U, 40U), {90U, 7U}, {7U, 90U}, {30U, 90U}, {80U, 200U}, {1U, 9U}, {9U, 1U}}) {
     const Rows first = RandomRows(random, firstRows, 30, "a");
     const Rows second = RandomRows(random, secondRows, 30, "b");
     for (const JoinKind kind : {JoinKind::kInner, JoinKind::kLeft, JoinKind::kRight, JoinKind::kFull}) {
