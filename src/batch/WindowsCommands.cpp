@@ -5,8 +5,11 @@
 #include <CLI/CLI.hpp>
 
 #include "batch/BatchCommand.h"
+#include "batch/TextInput.h"
+#include "text/DecimalText.h"
 #include "text/LineWriter.h"
 #include "windows/RelativeCoordinates.h"
+#include "windows/input/InputScript.h"
 
 namespace scrivanta {
 
@@ -78,13 +81,27 @@ BatchWork ConfigureRelativeCoordinates(CLI::App& parser) {
   return [arguments](BatchContext& context) { return RunRelativeCoordinates(*arguments, context); };
 }
 
+ExitStatus RunListInput(BatchContext& context) {
+  const std::u16string script = TextInput(context).ReadAll();
+  LineWriter out(context.output);
+  for (const InputStepText& step : DescribeSteps(ParseInputScript(script))) {
+    out.WriteLine(Encode(context.encoding, DecimalText(step.line) + u"\t" + step.text));
+  }
+  out.Flush();
+  return ExitStatus::kDone;
+}
+
 }  // namespace
 
 std::vector<BatchCommand> WindowsBatchCommands() {
   return {{.name = "relative-coordinates",
            .description = "Make the co-ordinates in a script relative to a point",
            .example = "scrivanta-batch relative-coordinates --origin 100,200 clicks.txt -o relative.txt",
-           .configure = ConfigureRelativeCoordinates}};
+           .configure = ConfigureRelativeCoordinates},
+          {.name = "list-input",
+           .description = "List what lines of keys and mouse would do, without doing it",
+           .example = "scrivanta-batch list-input actions.txt -o list.txt",
+           .configure = [](CLI::App&) -> BatchWork { return RunListInput; }}};
 }
 
 }  // namespace scrivanta

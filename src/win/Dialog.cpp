@@ -41,6 +41,7 @@ Dialog::~Dialog() {
 
 int Dialog::ShowModal(HWND owner) {
   modal_ = true;
+  takesFocus_ = true;
   wasOpened_ = false;
   const INT_PTR result =
       DialogBoxParamW(host_.instance, MAKEINTRESOURCEW(templateId_), owner, &Procedure, reinterpret_cast<LPARAM>(this));
@@ -53,8 +54,24 @@ int Dialog::ShowModal(HWND owner) {
 }
 
 void Dialog::ShowModeless(HWND owner) {
+  CreateModeless(owner, true);
+  ShowWindow(handle_, SW_SHOWNORMAL);
+  SetForegroundWindow(handle_);
+}
+
+void Dialog::ShowAside(HWND owner) {
+  CreateModeless(owner, false);
+  const RECT screen = WorkAreas().front();
+  RECT own{};
+  GetWindowRect(handle_, &own);
+  SetWindowPos(handle_, nullptr, screen.right - (own.right - own.left), screen.bottom - (own.bottom - own.top), 0, 0,
+               SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE | SWP_SHOWWINDOW);
+}
+
+void Dialog::CreateModeless(HWND owner, bool takesFocus) {
   if (handle_ == nullptr) {
     modal_ = false;
+    takesFocus_ = takesFocus;
     const HWND window = CreateDialogParamW(host_.instance, MAKEINTRESOURCEW(templateId_), owner, &Procedure,
                                            reinterpret_cast<LPARAM>(this));
     opening_.Rethrow();
@@ -62,8 +79,6 @@ void Dialog::ShowModeless(HWND owner) {
       ThrowLastError("CreateDialogParam");
     }
   }
-  ShowWindow(handle_, SW_SHOWNORMAL);
-  SetForegroundWindow(handle_);
 }
 
 void Dialog::Close(int result) {
@@ -224,7 +239,7 @@ INT_PTR Dialog::Open(HWND window) noexcept {
       DestroyWindow(failed);
     }
   }
-  return focusOn_ ? FALSE : TRUE;
+  return focusOn_ || !takesFocus_ ? FALSE : TRUE;
 }
 
 void Dialog::ShowOwnersIcon() {

@@ -32,6 +32,8 @@ class Dialog {
   int ShowModal(HWND owner);
   // Shows the dialog beside its owner, or brings it to the front when it is open already.
   void ShowModeless(HWND owner);
+  // The same in the corner of the screen, while the keys stay with whatever program has them.
+  void ShowAside(HWND owner);
   // Ends a modal dialog with the result, destroys a modeless one.
   void Close(int result = IDCANCEL);
 
@@ -77,6 +79,7 @@ class Dialog {
   WindowHost& host() const noexcept { return host_; }
 
  private:
+  void CreateModeless(HWND owner, bool takesFocus);
   static INT_PTR CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
   INT_PTR Handle(UINT message, WPARAM wParam, LPARAM lParam);
   INT_PTR Open(HWND window) noexcept;
@@ -90,6 +93,7 @@ class Dialog {
   HWND toolTips_ = nullptr;
   std::optional<int> focusOn_;
   bool modal_ = false;
+  bool takesFocus_ = true;
   bool wasOpened_ = false;
   bool dragByBody_ = false;
   HeldFailure opening_;

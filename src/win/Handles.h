@@ -12,6 +12,7 @@ using OwnedMenu = Owner<NullableTraits<HMENU, DestroyMenu>>;
 using OwnedAccelerators = Owner<NullableTraits<HACCEL, DestroyAcceleratorTable>>;
 using OwnedFont = Owner<NullableTraits<HGDIOBJ, DeleteObject>>;
 using OwnedDeviceContext = Owner<NullableTraits<HDC, DeleteDC>>;
+using OwnedHook = Owner<NullableTraits<HHOOK, UnhookWindowsHookEx>>;
 using OwnedIcon = Owner<NullableTraits<HICON, DestroyIcon>>;
 using OwnedLibrary = Owner<NullableTraits<HMODULE, FreeLibrary>>;
 using OwnedRegistryKey = Owner<NullableTraits<HKEY, RegCloseKey>>;

@@ -26,6 +26,12 @@ std::vector<HWND> TopLevelWindows() {
   return std::move(windows.list);
 }
 
+bool IsOurs(HWND window) {
+  DWORD process = 0;
+  GetWindowThreadProcessId(window, &process);
+  return process == GetCurrentProcessId();
+}
+
 }  // namespace
 
 std::vector<std::u16string> TopLevelWindowTitles() {
@@ -47,20 +53,38 @@ std::vector<std::u16string> VisibleWindowTitles() {
   return titles;
 }
 
-std::optional<POINT> TopLevelClientCorner(std::u16string_view title) {
+HWND FindTopLevelWindow(std::u16string_view title, WindowsOf windowsOf) {
   HWND found = nullptr;
   for (const HWND window : TopLevelWindows()) {
-    const std::u16string other = IsWindowVisible(window) != FALSE ? WindowText(window) : std::u16string();
+    if (IsWindowVisible(window) == FALSE || (windowsOf == WindowsOf::kOtherPrograms && IsOurs(window))) {
+      continue;
+    }
+    const std::u16string other = WindowText(window);
     if (other == title) {
-      found = window;
-      break;
+      return window;
     }
     if (found == nullptr && other.find(title) != std::u16string::npos) {
       found = window;
     }
   }
+  return found;
+}
+
+std::optional<POINT> ClientCornerOf(HWND window) {
   POINT corner{};
-  return found != nullptr && ClientToScreen(found, &corner) != FALSE ? std::optional(corner) : std::nullopt;
+  return window != nullptr && IsIconic(window) == FALSE && ClientToScreen(window, &corner) != FALSE
+             ? std::optional(corner)
+             : std::nullopt;
+}
+
+void BringNextProgramToFront() {
+  for (const HWND window : TopLevelWindows()) {
+    if (IsWindowVisible(window) != FALSE && IsWindowEnabled(window) != FALSE && IsIconic(window) == FALSE &&
+        !IsOurs(window) && GetWindowTextLengthW(window) > 0) {
+      SetForegroundWindow(window);
+      return;
+    }
+  }
 }
 
 }  // namespace scrivanta

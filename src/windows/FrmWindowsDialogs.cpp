@@ -2,6 +2,7 @@
 
 #include "win/TopLevelWindows.h"
 #include "windows/FrmRelativeCoordinates.h"
+#include "windows/input/FrmSendInput.h"
 
 namespace scrivanta {
 
@@ -10,12 +11,17 @@ void FrmWindowsDialogs::ShowCoordinates(CoordinatesDialog& dialog) {
   window.ShowModal(owner_());
 }
 
+void FrmWindowsDialogs::ShowSendInput(SendInputDialog& dialog) {
+  FrmSendInput window(host_, dialog);
+  window.ShowModal(owner_());
+}
+
 std::vector<std::u16string> FrmWindowsDialogs::Captions() const {
   return VisibleWindowTitles();
 }
 
 std::optional<ScreenPoint> FrmWindowsDialogs::ClientCorner(std::u16string_view caption) const {
-  const auto corner = TopLevelClientCorner(caption);
+  const auto corner = ClientCornerOf(FindTopLevelWindow(caption, WindowsOf::kAllPrograms));
   return corner ? std::optional(ScreenPoint{corner->x, corner->y}) : std::nullopt;
 }
 

@@ -17,6 +17,7 @@ class FrmWindowsDialogs final : public WindowsDialogs, public WindowPlaces {
   FrmWindowsDialogs(WindowHost& host, std::function<HWND()> owner) : host_(host), owner_(std::move(owner)) {}
 
   void ShowCoordinates(CoordinatesDialog& dialog) override;
+  void ShowSendInput(SendInputDialog& dialog) override;
 
   std::vector<std::u16string> Captions() const override;
   std::optional<ScreenPoint> ClientCorner(std::u16string_view caption) const override;

@@ -3,11 +3,20 @@
 #include "shell/workbench/CommandTable.h"
 #include "windows/CoordinatesDialog.h"
 #include "windows/WindowsDialogs.h"
+#include "windows/input/SendInputDialog.h"
 
 namespace scrivanta {
 
-void RegisterWindowsCommands(CommandTable& table, WindowsDialogs& dialogs, const WindowPlaces& places);
+// The desktop as the commands see it.
+struct DesktopParts {
+  const WindowPlaces& places;
+  InputDevice& input;
+  MakeStopKey makeStopKey;
+};
+
+void RegisterWindowsCommands(CommandTable& table, WindowsDialogs& dialogs, const DesktopParts& parts);
 
 void mnuZuoBiaoToXiangDuiZuoBiao(Workbench& workbench, WindowsDialogs& dialogs, const WindowPlaces& places);
+void mnuSendInput(Workbench& workbench, WindowsDialogs& dialogs, const DesktopParts& parts);
 
 }  // namespace scrivanta

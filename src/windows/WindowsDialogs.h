@@ -7,11 +7,14 @@
 namespace scrivanta {
 
 class CoordinatesDialog;
+class SendInputDialog;
 
 class WindowsDialogs : public Interface {
  public:
   // FrmRelativeCoordinates, modal: comes back when it is closed.
   virtual void ShowCoordinates(CoordinatesDialog& dialog) = 0;
+  // FrmSendInput, likewise.
+  virtual void ShowSendInput(SendInputDialog& dialog) = 0;
 };
 
 }  // namespace scrivanta

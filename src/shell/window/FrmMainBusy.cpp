@@ -75,7 +75,14 @@ void FrmMainBusy::ShowPercent(int percent) {
 }
 
 void FrmMainBusy::OfferToStop() {
-  interrupt_.ShowModeless(mainWindow_);
+  DWORD process = 0;
+  GetWindowThreadProcessId(GetForegroundWindow(), &process);
+  // Who works in another program meanwhile is not disturbed there.
+  if (process == GetCurrentProcessId()) {
+    interrupt_.ShowModeless(mainWindow_);
+  } else {
+    interrupt_.ShowAside(mainWindow_);
+  }
 }
 
 void FrmMainBusy::EnableMenuBar(bool enable) const {

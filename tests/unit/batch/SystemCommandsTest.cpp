@@ -83,5 +83,14 @@ TEST(RelativeCoordinatesCommand, TakesFamilyAndOrigin) {
   }
 }
 
+TEST(ListInputCommand, TellsStepsOrTheFault) {
+  const auto run = [](std::string_view script) { return RunBatchOn(script, {"list-input", "--encoding", "utf-8"}); };
+  EXPECT_EQ(run("循环 2\n单击 1 2\n结束").output, "1\t重复2次：\r\n2\t　　单击左键 (1, 2)\r\n");
+  const BatchResult bad = run("等待 1\n点击");
+  EXPECT_EQ(bad.status, 3);
+  EXPECT_EQ(bad.errors, "scrivanta-batch: line 2 is no action: 点击\n");
+  EXPECT_EQ(bad.output, "");
+}
+
 }  // namespace
 }  // namespace scrivanta::testing

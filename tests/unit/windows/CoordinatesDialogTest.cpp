@@ -19,6 +19,7 @@ class OneWindow final : public WindowPlaces {
 class PressConvert final : public WindowsDialogs, private CoordinatesView {
  public:
   void ShowCoordinates(CoordinatesDialog& dialog) override { dialog.Convert(*this); }
+  void ShowSendInput(SendInputDialog&) override {}
 
   CoordinatesForm form;
   bool closed = false;
