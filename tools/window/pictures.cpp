@@ -9,6 +9,7 @@
 #include <filesystem>
 #include <string>
 
+#include "shell/window/FrmOptionsControls.h"
 #include "text/win/WideText.h"
 #include "window/driver/FirstRun.h"
 #include "window/driver/ProgramProcess.h"
@@ -58,6 +59,22 @@ void TakeDialogPicture(const ProgramProcess& program, const DialogPicture& pictu
   WaitUntil("the dialog to go", [dialog] { return IsWindow(dialog) == FALSE || IsWindowVisible(dialog) == FALSE; });
 }
 
+// Its button stands in the options, which show where the ini file is on this machine.
+void TakeKeysPicture(const ProgramProcess& program, const std::filesystem::path& file) {
+  program.Menu("mnuOptions");
+  const HWND options =
+      WaitFor("the options", [&] { return FindTopWindow(program.processId(), kDialogClass, u"选项"); });
+  PostMessageW(GetDlgItem(options, CmdKeys), BM_CLICK, 0, 0);
+  const HWND keys = WaitFor("the keys", [&] { return FindTopWindow(program.processId(), kDialogClass, u"快捷键"); });
+  program.WaitUntilDrawn();
+  WaitUntil("the dialog to be drawn", [keys] { return IsDrawn(keys); });
+  TakeScreenshot(BoundsOf(keys), file);
+  for (const HWND dialog : {keys, options}) {
+    PostMessageW(dialog, WM_CLOSE, 0, 0);
+    WaitUntil("the dialog to go", [dialog] { return IsWindow(dialog) == FALSE; });
+  }
+}
+
 void TakePictures(const std::filesystem::path& samples, const std::filesystem::path& images) {
   const ProgramProcess program(u'"' + (samples / L"notes.txt").u16string() + u'"');
   WaitUntil("the document to open", [&] { return !program.Text().empty(); });
@@ -79,6 +96,7 @@ void TakePictures(const std::filesystem::path& samples, const std::filesystem::p
   for (const DialogPicture& picture : kDialogs) {
     TakeDialogPicture(program, picture, images);
   }
+  TakeKeysPicture(program, images / L"keys.png");
   program.Close();
   program.WaitForEnd();
 }
@@ -92,6 +110,7 @@ int wmain(int argc, wchar_t** argv) {
     std::fputs("usage: pictures SAMPLES IMAGES\n", stderr);
     return 2;
   }
+  SetProcessDPIAware();  // the pictures are cut out in the pixels of the screen
   try {
     scrivanta::ForgetEarlierRuns();
     scrivanta::TakePictures(argv[1], argv[2]);

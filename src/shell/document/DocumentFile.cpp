@@ -355,8 +355,14 @@ void DocumentFile::OpenAsked() {
 void DocumentFile::OpenDropped(std::span<const std::filesystem::path> paths) {
   if (paths.size() > 1) {
     workbench_.prompts().Ask({.text = u"每次只能打开一个文件！", .icon = Icon::kWarning});
-  } else if (!paths.empty() && OfferToSave(kTextFilter, WithoutName::kCancel)) {
-    Load(paths.front());
+  } else if (!paths.empty()) {
+    OpenNamed(paths.front());
+  }
+}
+
+void DocumentFile::OpenNamed(const std::filesystem::path& path) {
+  if (OfferToSave(kTextFilter, WithoutName::kCancel)) {
+    Load(path);
   }
 }
 

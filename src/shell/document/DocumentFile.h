@@ -66,6 +66,8 @@ class DocumentFile final : public Document {
   bool SaveTo(const std::filesystem::path& path);
 
   void OpenAsked();
+  // As one that is dropped.
+  void OpenNamed(const std::filesystem::path& path);
   void OpenDropped(std::span<const std::filesystem::path> paths);
   void Save();
   // Whether the document has been saved.

@@ -7,8 +7,11 @@
 #include <utility>
 #include <vector>
 
+#include <windowsx.h>
+
 #include "shell/window/CommandLine.h"
-#include "shell/window/FormatChoices.h"
+#include "shell/window/CommandReasons.h"
+#include "shell/window/EditBoxMenu.h"
 #include "shell/window/FrmMainControls.h"
 #include "shell/window/FrmMainMenu.h"
 #include "shell/window/FrmMainTimers.h"
@@ -16,6 +19,7 @@
 #include "shell/window/MainLayout.h"
 #include "shell/window/MenuTree.h"
 #include "shell/window/Options.h"
+#include "shell/window/RecentMenu.h"
 #include "shell/window/WindowPlacement.h"
 #include "shell/workbench/FailureMessage.h"
 #include "text/PlatformFile.h"
@@ -29,6 +33,8 @@ namespace scrivanta {
 
 namespace {
 
+// Of the entries for the documents used last, behind those of the commands.
+constexpr int kFirstRecentId = 50001;
 constexpr UINT kSnapshotInterval = 100;  // milliseconds
 constexpr UINT kIdleInterval = 20;       // milliseconds
 // Posted by the window to itself: a question must not stand in the midst of an activation.
@@ -87,8 +93,9 @@ void FrmMain::Open(std::u16string_view commandLine) {
       commandLine.empty() ? ReadOptions(settings_).defaultFile : PathOfText(DocumentPathOf(commandLine));
   untitledCaption_ = NumberedCaption(kProgramTitle, TopLevelWindowTitles());
   Create(windowClass_, ToWide(untitledCaption_), WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN, {0, 0, 0, 0});
-  SetMenu(handle(), BuildMainMenu().Release());
-  host().loop.SetAccelerators(handle(), BuildAccelerators());
+  SetMenu(handle(), BuildMainMenu(keyMap_).Release());
+  ownFileEntries_ = GetMenuItemCount(FileMenu());
+  host().loop.SetAccelerators(handle(), BuildAccelerators(keyMap_));
   tray_.Create(handle(), icon_);
   const int show = RestoreSettings();
   RefreshState();
@@ -195,6 +202,12 @@ std::optional<LRESULT> FrmMain::OnStateMessage(UINT message, WPARAM wParam, LPAR
       return 0;
     case WM_INITMENUPOPUP:
       RefreshMenu();
+      if (reinterpret_cast<HMENU>(wParam) == FileMenu()) {
+        ShowRecentDocuments();
+      }
+      return 0;
+    case WM_MENUSELECT:
+      ShowWhyGrey(LOWORD(wParam), HIWORD(wParam));
       return 0;
     case WM_DESTROY:
       tray_.Destroy();
@@ -245,7 +258,10 @@ void FrmMain::OnCommand(int id, int notification) {
     }
   } else if (!work_.IsBusy()) {
     keys_.FinishComposition();
-    if (!keys_.isComposing()) {
+    const auto recent = static_cast<std::size_t>(id - kFirstRecentId);
+    if (id >= kFirstRecentId && recent < recentChoices_.size()) {
+      RunGuarded(recentChoices_[recent].run);
+    } else if (!keys_.isComposing()) {
       RunCommand(id);
     }
   }
@@ -265,9 +281,9 @@ void FrmMain::OnStatusClick(std::size_t part) {
   if (panel == StatusPanel::kPlace) {
     OnCommand(*MenuCommandId("mnuGotoLine"), 0);
   } else if (panel == StatusPanel::kEncoding) {
-    OpenPanelMenu(*panel, EncodingChoices(documentFile_));
+    OpenEncodingMenu();
   } else if (panel == StatusPanel::kLineEnds) {
-    OpenPanelMenu(*panel, LineEndChoices(documentFile_));
+    OpenLineEndsMenu();
   }
 }
 
@@ -276,15 +292,54 @@ void FrmMain::OpenPanelMenu(StatusPanel panel, const std::vector<MenuChoice>& ch
   RunGuarded([&] { OpenChoices(handle(), {bounds.left, bounds.top}, choices); });
 }
 
+// By a key the menu opens at the corner of the box.
+void FrmMain::OpenEditBoxMenu(LPARAM place) {
+  POINT at{GET_X_LPARAM(place), GET_Y_LPARAM(place)};
+  if (place == -1) {
+    at = {};
+    ClientToScreen(editor_.box(), &at);
+  }
+  if (work_.IsBusy()) {
+    return;
+  }
+  const WorkbenchState state = State();
+  const EditBoxMenu menu{[&](std::string_view controlName) { return CanRun(commands_, controlName, state); },
+                         [this](std::string_view controlName) { return keyMap_.ShownKey(controlName); },
+                         [this](std::string_view controlName) { OnCommand(*MenuCommandId(controlName), 0); }};
+  RunGuarded([&] { OpenChoices(handle(), at, menu.Choices(recentCommands_.List())); });
+}
+
+void FrmMain::SetKeys(const KeyMap& keys) {
+  keyMap_ = keys;
+  ShowKeys(GetMenu(handle()), keyMap_);
+  host().loop.SetAccelerators(handle(), BuildAccelerators(keyMap_));
+}
+
+HMENU FrmMain::FileMenu() const {
+  return GetSubMenu(GetMenu(handle()), 0);
+}
+
+void FrmMain::ShowRecentDocuments() {
+  recentChoices_ = RecentChoices(recentDocuments_, documentFile_, prompts_);
+  ShowBehind(FileMenu(), ownFileEntries_, recentChoices_, kFirstRecentId);
+}
+
+void FrmMain::ShowWhyGrey(int commandId, UINT flags) {
+  const MenuEntry* const entry = (flags & MF_POPUP) == 0 ? MenuEntryOf(commandId) : nullptr;
+  bars_.SetHint(entry == nullptr || entry->IsSeparator() ? std::u16string()
+                                                         : WhyUnavailable(commands_, entry->controlName, State()));
+}
+
 void FrmMain::RunCommand(int commandId) {
   const MenuEntry* entry = MenuEntryOf(commandId);
-  if (entry == nullptr || !IsAvailable(entry->controlName, State())) {
+  if (entry == nullptr || !CanRun(commands_, entry->controlName, State())) {
     return;
   }
   {
     const UndoCommand step(editor_.history(), editor_.view());
     commands_.Run(entry->controlName, *this);
   }
+  RunGuarded([&] { recentCommands_.Note(entry->controlName); });
   RefreshState();
 }
 
@@ -300,8 +355,14 @@ bool FrmMain::RunGuarded(const std::function<void()>& action) {
   }
 }
 
-std::optional<LRESULT> FrmMain::OnEditBoxMessage(UINT message, WPARAM wParam, LPARAM) {
+std::optional<LRESULT> FrmMain::OnEditBoxMessage(UINT message, WPARAM wParam, LPARAM lParam) {
   switch (message) {
+    case WM_RBUTTONUP:  // not every control makes of it what the next is
+      SendMessageW(editor_.box(), WM_CONTEXTMENU, reinterpret_cast<WPARAM>(editor_.box()), GetMessagePos());
+      return 0;
+    case WM_CONTEXTMENU:
+      OpenEditBoxMenu(lParam);
+      return 0;
     case WM_DROPFILES:  // not opened from here, for the document that is opened takes the box away
       PostMessageW(handle(), message, wParam, 0);
       return 0;
@@ -457,6 +518,11 @@ void FrmMain::ShowPath(const std::filesystem::path& path) {
   SetWindowTextW(handle(), ToWide(caption).c_str());
 }
 
+void FrmMain::NoteUse(const std::filesystem::path& path) {
+  desktop_.NoteRecentDocument(path);
+  RunGuarded([&] { recentDocuments_.Note(path); });
+}
+
 void FrmMain::LayOut() {
   RECT inner{};
   GetClientRect(handle(), &inner);
@@ -473,7 +539,8 @@ void FrmMain::LayOut() {
 
 void FrmMain::RefreshMenu() {
   const WorkbenchState state = State();
-  EnableMenuEntries(GetMenu(handle()), [&](std::string_view controlName) { return IsAvailable(controlName, state); });
+  EnableMenuEntries(GetMenu(handle()),
+                    [&](std::string_view controlName) { return CanRun(commands_, controlName, state); });
   shownState_ = state;
 }
 
@@ -506,10 +573,6 @@ WorkbenchState FrmMain::State() const {
           .canRedo = editor_.canRedo(),
           .canPaste = editor_.canPaste(),
           .isReadOnly = editor_.IsReadOnly()};
-}
-
-bool FrmMain::IsAvailable(std::string_view controlName, const WorkbenchState& state) const {
-  return commands_.IsAvailable(controlName, state) && !(state.isReadOnly && ChangesDocument(controlName));
 }
 
 // A message belongs to the window that the user works in, which may be a dialog.

@@ -12,6 +12,7 @@
 
 #include "shell/document/DocumentFile.h"
 #include "shell/document/DocumentRecovery.h"
+#include "shell/window/FormatChoices.h"
 #include "shell/window/FrmMainBars.h"
 #include "shell/window/FrmMainBusy.h"
 #include "shell/window/FrmMainEditor.h"
@@ -19,8 +20,11 @@
 #include "shell/window/FrmMainLook.h"
 #include "shell/window/FrmMainPrompts.h"
 #include "shell/window/FrmMainTray.h"
+#include "shell/window/KeyMap.h"
 #include "shell/window/MainWindow.h"
 #include "shell/window/MenuChoice.h"
+#include "shell/window/RecentCommands.h"
+#include "shell/window/RecentDocuments.h"
 #include "shell/window/ScrivantaDesktop.h"
 #include "shell/window/StatusPanels.h"
 #include "shell/window/WindowWork.h"
@@ -61,6 +65,9 @@ class FrmMain final : public Window, public Workbench, public MainWindow, privat
   void KeepPlacement() override;
   void RequestClose() override;
   void SetWordWrap(bool wraps) override { editor_.SetWordWrap(wraps); }
+  void SetKeys(const KeyMap& keys) override;
+  void OpenEncodingMenu() override { OpenPanelMenu(StatusPanel::kEncoding, EncodingChoices(documentFile_)); }
+  void OpenLineEndsMenu() override { OpenPanelMenu(StatusPanel::kLineEnds, LineEndChoices(documentFile_)); }
   void Undo() override { editor_.Undo(); }
   void Redo() override { editor_.Redo(); }
 
@@ -72,6 +79,10 @@ class FrmMain final : public Window, public Workbench, public MainWindow, privat
   void OnNotify(const NMHDR& notification);
   void OnStatusClick(std::size_t part);
   void OpenPanelMenu(StatusPanel panel, const std::vector<MenuChoice>& choices);
+  void OpenEditBoxMenu(LPARAM place);
+  HMENU FileMenu() const;
+  void ShowRecentDocuments();
+  void ShowWhyGrey(int commandId, UINT flags);
   void OnSize(WPARAM kind);
   void HandFocusOn();
   void OnDrop(HDROP drop);
@@ -96,7 +107,7 @@ class FrmMain final : public Window, public Workbench, public MainWindow, privat
   void SetReadOnly(bool readOnly) override { editor_.SetReadOnly(readOnly); }
   void NoteChanged(bool isChanged) override;
   void ShowPath(const std::filesystem::path& path) override;
-  void NoteUse(const std::filesystem::path& path) override { desktop_.NoteRecentDocument(path); }
+  void NoteUse(const std::filesystem::path& path) override;
   void ShowProgressBar(std::optional<int> percent) override { bars_.ShowProgress(percent); }
 
   void MakeControls();
@@ -116,7 +127,6 @@ class FrmMain final : public Window, public Workbench, public MainWindow, privat
   void HandleEditorChange();
   void HandleEditorSelection();
   WorkbenchState State() const;
-  bool IsAvailable(std::string_view controlName, const WorkbenchState& state) const;
   HWND PromptOwner() const;
 
   Settings& settings_;
@@ -134,6 +144,11 @@ class FrmMain final : public Window, public Workbench, public MainWindow, privat
   FrmMainEditor editor_;
   FrmMainKeys keys_;
   FrmMainTray tray_;
+  KeyMap keyMap_{settings_};
+  RecentDocuments recentDocuments_{settings_};
+  RecentCommands recentCommands_{settings_};
+  std::vector<MenuChoice> recentChoices_;
+  int ownFileEntries_ = 0;
   StatusPanels panels_;
   FrmMainBusy busy_;
   WindowWork work_{busy_, clock_};

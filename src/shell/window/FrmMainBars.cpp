@@ -64,6 +64,13 @@ void FrmMainBars::SetWork(const std::u16string& work) {
   }
 }
 
+void FrmMainBars::SetHint(const std::u16string& hint) {
+  if (hint != hint_) {
+    hint_ = hint;
+    Refresh();
+  }
+}
+
 void FrmMainBars::SetPanels(const PerStatusPanel<std::u16string>& texts) {
   if (texts == panels_) {
     return;
@@ -117,7 +124,10 @@ void FrmMainBars::ShowProgress(std::optional<int> percent) {
 }
 
 void FrmMainBars::Refresh() {
-  const std::u16string text = !work_.empty() ? work_ : remark_.empty() ? path_ : path_ + u"    " + remark_;
+  const std::u16string text = !hint_.empty()    ? hint_
+                              : !work_.empty()  ? work_
+                              : remark_.empty() ? path_
+                                                : path_ + u"    " + remark_;
   SendMessageW(statusBar_, SB_SETTEXTW, 0, reinterpret_cast<LPARAM>(ToWide(text).c_str()));
   UpdateWindow(statusBar_);
 }

@@ -19,10 +19,12 @@ class FrmMainBars {
   HWND statusBar() const noexcept { return statusBar_; }
   HWND progressBar() const noexcept { return progressBar_; }
 
-  // What the first panel shows: a note of the work in hand, else the path with a remark.
+  // What the first panel shows: a note of the work in hand or of a menu, else the path with a remark.
   void SetPath(const std::filesystem::path& path);
   void SetRemark(const std::u16string& remark);
   void SetWork(const std::u16string& work);
+  // While a menu is open, about its entry.
+  void SetHint(const std::u16string& hint);
 
   // What the others show. They are laid out again when the bar or its font has changed.
   void SetPanels(const PerStatusPanel<std::u16string>& texts);
@@ -43,6 +45,7 @@ class FrmMainBars {
   std::u16string path_;
   std::u16string remark_;
   std::u16string work_;
+  std::u16string hint_;
   PerStatusPanel<std::u16string> panels_;
   std::vector<int> edges_;
 };

@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "shell/window/FrmKeys.h"
 #include "shell/window/FrmOptionsControls.h"
 #include "text/PlatformFile.h"
 
@@ -34,12 +35,18 @@ bool FrmOptions::OnCommand(int controlId, int) {
     case CmdDefaultFile:
       BrowseForDefaultFile();
       return true;
+    case CmdKeys:
+      if (const std::optional<KeyMap> keys = FrmKeys(host(), options_.keys).Ask(handle())) {
+        options_.keys = *keys;
+      }
+      return true;
     case IDOK:  // Enter
     case CmdOK:
       options_ = {.wraps = !IsChecked(ChkNoRet),
                   .allEnglish = IsChecked(ChkEngLish),
                   .usesRegExpObject = IsChecked(ChkRegExpObject),
-                  .defaultFile = PathOfText(ControlText(TxtDefaultFile))};
+                  .defaultFile = PathOfText(ControlText(TxtDefaultFile)),
+                  .keys = options_.keys};
       Close(CmdOK);
       return true;
     case CmdQuit:

@@ -13,3 +13,4 @@
 #define TxtIniFile 3209
 #define ChkRegExpObject 3210
 #define LblEngLish 3211
+#define CmdKeys 3212

@@ -7,6 +7,7 @@ namespace scrivanta {
 
 class EditBox;
 class DocumentFile;
+class KeyMap;
 
 class MainWindow : public Interface {
  public:
@@ -16,6 +17,10 @@ class MainWindow : public Interface {
   // Shuts the program down once the command has ended, unless the user calls it off.
   virtual void RequestClose() = 0;
   virtual void SetWordWrap(bool wraps) = 0;
+  virtual void SetKeys(const KeyMap& keys) = 0;
+  // The menu of a panel of the status bar.
+  virtual void OpenEncodingMenu() = 0;
+  virtual void OpenLineEndsMenu() = 0;
   virtual void Undo() = 0;
   virtual void Redo() = 0;
 };

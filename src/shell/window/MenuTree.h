@@ -19,7 +19,8 @@ struct MenuEntry {
   std::string_view controlName;
   std::u16string_view caption;  // without the shortcut; "-" is a separator
   MenuLevel level = MenuLevel::kEntry;
-  std::u16string_view shortcut = {};  // as shown: "Ctrl+Shift+S", "F3"
+  std::u16string_view shortcut = {};       // as shown: "Ctrl+Shift+S", "F3"
+  std::u16string_view olderShortcut = {};  // another one, not shown in the menu
 
   bool IsSeparator() const noexcept { return caption == u"-"; }
 };

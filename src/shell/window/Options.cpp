@@ -22,7 +22,8 @@ Options ReadOptions(const Settings& settings) {
   return {.wraps = !IsOn(settings, kNoWrapping, kOn),
           .allEnglish = IsOn(settings, kAllEnglish, kOn),
           .usesRegExpObject = IsOn(settings, kRegExpObject, kOff),
-          .defaultFile = PathOfText(settings.Get(kDefaultFile, Store::kRegistry, kWindowSection))};
+          .defaultFile = PathOfText(settings.Get(kDefaultFile, Store::kRegistry, kWindowSection)),
+          .keys = {}};
 }
 
 void SaveOptions(const Options& options, Settings& settings) {
@@ -32,14 +33,18 @@ void SaveOptions(const Options& options, Settings& settings) {
                     {std::u16string(kRegExpObject), flag(options.usesRegExpObject)},
                     {std::u16string(kDefaultFile), TextOfPath(options.defaultFile)}},
                    Store::kRegistry, kWindowSection);
+  options.keys.Save(settings);
 }
 
 namespace {
 
 void mnuOptions(Workbench& workbench, MainWindow& window, OptionsDialog& dialog) {
-  if (const std::optional<Options> options = dialog.Ask(workbench, ReadOptions(workbench.settings()))) {
+  Options present = ReadOptions(workbench.settings());
+  present.keys = KeyMap(workbench.settings());
+  if (const std::optional<Options> options = dialog.Ask(workbench, present)) {
     SaveOptions(*options, workbench.settings());
     window.SetWordWrap(options->wraps);
+    window.SetKeys(options->keys);
   }
 }
 

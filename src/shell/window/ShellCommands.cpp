@@ -72,6 +72,11 @@ void AddDocumentCommands(CommandTable& table, MainWindow& window) {
   table.Add("mnuExit", {[&window](Workbench&) { window.RequestClose(); }});
 }
 
+void AddFormatMenus(CommandTable& table, MainWindow& window) {
+  table.Add("mnuEncoding", {[&window](Workbench&) { window.OpenEncodingMenu(); }});
+  table.Add("mnuLineEnds", {[&window](Workbench&) { window.OpenLineEndsMenu(); }});
+}
+
 void AddUndoCommands(CommandTable& table, MainWindow& window) {
   table.Add("mnuUndo",
             {[&window](Workbench&) { window.Undo(); }, [](const WorkbenchState& state) { return state.canUndo; }});
@@ -106,6 +111,7 @@ void AddSelectionCommands(CommandTable& table) {
 
 void RegisterShellCommands(CommandTable& table, MainWindow& window) {
   AddDocumentCommands(table, window);
+  AddFormatMenus(table, window);
   AddUndoCommands(table, window);
   AddClipboardCommands(table, window.editBox());
   AddFormatCommands(table, window.editBox());

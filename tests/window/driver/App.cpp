@@ -45,10 +45,6 @@ std::u16string CaptionOf(HMENU menu, int position) {
   return caption.substr(0, caption.find(u'\t'));
 }
 
-void WaitForPopup() {
-  WaitUntil("a menu to open", [] { return !TopWindows(GetCurrentProcessId(), kMenuClass).empty(); });
-}
-
 // The first of the controls, however deep, that shows a tree; null when there is none.
 HWND TreeIn(HWND window) {
   HWND found = nullptr;
@@ -417,6 +413,10 @@ void App::ClickTrayIcon() {
 void App::OpenTrayMenu() {
   PostMessageW(MainWindow(), kTrayMessage, kTrayIconId, WM_RBUTTONUP);
   WaitForPopup();
+}
+
+void App::WaitForPopup() const {
+  WaitUntil("a menu to open", [] { return !TopWindows(GetCurrentProcessId(), kMenuClass).empty(); });
 }
 
 void App::ChooseInPopup(char16_t accessKey) {

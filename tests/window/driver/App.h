@@ -104,7 +104,8 @@ class App {
   void ClickTrayIcon();
   // With the right button: opens a menu.
   void OpenTrayMenu();
-  // In a menu that has opened at a place, by the access key of the entry.
+  // A menu that opens at a place: waited for, and chosen from by the access key of the entry.
+  void WaitForPopup() const;
   void ChooseInPopup(char16_t accessKey);
 
   // A panel of the status bar beside the path; a click on it that opens a menu, and one that does something else.

@@ -25,10 +25,14 @@ class WrappingWindow final : public MainWindow {
   void KeepPlacement() override {}
   void RequestClose() override {}
   void SetWordWrap(bool wrap) override { wraps = wrap; }
+  void SetKeys(const KeyMap& chosen) override { keys = chosen; }
+  void OpenEncodingMenu() override {}
+  void OpenLineEndsMenu() override {}
   void Undo() override {}
   void Redo() override {}
 
   std::optional<bool> wraps;
+  KeyMap keys;
 };
 
 TEST(Options, AreKeptAndAppliedOnlyWhenTheUserSaysSo) {

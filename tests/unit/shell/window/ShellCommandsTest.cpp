@@ -20,6 +20,9 @@ class RecordingWindow final : public MainWindow, public EditBox {
   void KeepPlacement() override { done.emplace_back("keep placement"); }
   void RequestClose() override { done.emplace_back("close"); }
   void SetWordWrap(bool) override {}
+  void SetKeys(const KeyMap&) override {}
+  void OpenEncodingMenu() override {}
+  void OpenLineEndsMenu() override {}
   void Undo() override { done.emplace_back("undo"); }
   void Redo() override { done.emplace_back("redo"); }
 

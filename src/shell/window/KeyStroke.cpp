@@ -1,0 +1,102 @@
+#include "shell/window/KeyStroke.h"
+
+#include <algorithm>
+#include <array>
+
+#include "text/DecimalText.h"
+
+namespace scrivanta {
+
+namespace {
+
+constexpr std::uint16_t kInsert = 0x2D;
+constexpr std::uint16_t kDelete = 0x2E;
+constexpr std::uint16_t kF1 = 0x70;
+constexpr int kFunctionKeys = 12;
+
+bool IsFunctionKey(std::uint16_t code) {
+  return code >= kF1 && code < kF1 + kFunctionKeys;
+}
+
+bool IsFigure(std::uint16_t code) {
+  return code >= u'0' && code <= u'9';
+}
+
+bool IsLetter(std::uint16_t code) {
+  return code >= u'A' && code <= u'Z';
+}
+
+// Empty for keys that have none here.
+std::u16string NameOf(std::uint16_t code) {
+  if (IsLetter(code) || IsFigure(code)) {
+    return {static_cast<char16_t>(code)};
+  }
+  if (IsFunctionKey(code)) {
+    return u"F" + DecimalText(code - kF1 + 1);
+  }
+  return code == kInsert ? u"Insert" : code == kDelete ? u"Delete" : u"";
+}
+
+struct Reserved {
+  std::u16string_view key;
+  std::u16string_view reason;
+};
+
+constexpr std::u16string_view kOfInputMethods = u"是输入法的键";
+constexpr std::u16string_view kOfEditBox = u"是编辑框自己的键";
+constexpr std::u16string_view kOfSystem = u"是系统的键";
+
+constexpr std::array kReserved = {
+    Reserved{u"Ctrl+Shift+F", kOfInputMethods},  // simplified and traditional characters
+    Reserved{u"Ctrl+Shift+B", kOfInputMethods},  // the keyboard on the screen
+    Reserved{u"Ctrl+Shift+M", kOfInputMethods},  // the menu of characters
+    Reserved{u"Ctrl+Shift+C", kOfEditBox},
+    Reserved{u"Ctrl+Shift+V", kOfEditBox},
+    Reserved{u"Ctrl+Shift+Delete", kOfEditBox},
+    Reserved{u"Ctrl+Delete", kOfEditBox},
+    Reserved{u"Insert", kOfEditBox},
+    Reserved{u"Delete", kOfEditBox},
+    Reserved{u"F10", kOfSystem},
+    Reserved{u"Shift+F10", kOfSystem},
+};
+
+}  // namespace
+
+std::optional<KeyStroke> ParseKeyStroke(std::u16string_view text) {
+  KeyStroke key;
+  const auto take = [&text](std::u16string_view prefix) {
+    const bool found = text.starts_with(prefix);
+    text.remove_prefix(found ? prefix.size() : 0);
+    return found;
+  };
+  key.ctrl = take(u"Ctrl+");
+  key.shift = take(u"Shift+");
+  constexpr std::uint16_t kCodes = 0x100;
+  for (key.code = 1; key.code < kCodes; ++key.code) {
+    if (!text.empty() && NameOf(key.code) == text) {
+      return key;
+    }
+  }
+  return std::nullopt;
+}
+
+std::u16string KeyStrokeText(const KeyStroke& key) {
+  return (key.ctrl ? u"Ctrl+" : u"") + std::u16string(key.shift ? u"Shift+" : u"") + NameOf(key.code);
+}
+
+std::u16string WhyNoCommandMayHave(const KeyStroke& key) {
+  if (NameOf(key.code).empty()) {
+    return u"不能用作快捷键，可以用字母、数字、F1 到 F12、Insert 和 Delete";
+  }
+  if (!key.ctrl && (IsLetter(key.code) || IsFigure(key.code))) {
+    return u"要和 Ctrl 一起按，否则打不出这个字";
+  }
+  if (key.ctrl && key.shift && IsFigure(key.code)) {
+    return std::u16string(kOfInputMethods);  // it chooses one
+  }
+  const std::u16string text = KeyStrokeText(key);
+  const auto* const found = std::ranges::find(kReserved, text, &Reserved::key);
+  return found == kReserved.end() ? std::u16string() : std::u16string(found->reason);
+}
+
+}  // namespace scrivanta
