@@ -8,6 +8,7 @@
 #include "crypto/NumericCipher.h"
 #include "crypto/RijndaelText.h"
 #include "shell/workbench/FailureMessage.h"
+#include "shell/workbench/ReplaceSelected.h"
 #include "text/Bytes.h"
 #include "text/DecimalText.h"
 #include "text/ExplainedError.h"
@@ -145,7 +146,7 @@ void mnuEncryptSelectedText(Workbench& workbench, CryptoDialogs& dialogs) {
     return;
   }
   const auto& [key, selection] = *given;
-  workbench.editor().ReplaceSelection(key.useRijndael ? EncryptWithDigits(selection, key.digits)
+  ReplaceSelected(workbench.editor(), key.useRijndael ? EncryptWithDigits(selection, key.digits)
                                                       : TextEncrypt(selection, NumericKey(key.digits)));
   if (const std::u16string cut = CutOf(key); !cut.empty()) {
     workbench.ShowStatus(u"密钥 " + DecimalText(key.digits.size()) + u" 位，" + cut);
@@ -164,7 +165,7 @@ void mnuDeEncryptSelectedText(Workbench& workbench, CryptoDialogs& dialogs) {
   const std::optional<std::u16string> text = key.useRijndael ? DecryptRijndael(workbench, selection, key, tell)
                                                              : TextDecrypt(selection, NumericKey(key.digits));
   if (text) {
-    workbench.editor().ReplaceSelection(*text);
+    ReplaceSelected(workbench.editor(), *text);
   } else {
     workbench.ShowStatus(u"没有解密：选中的不是完整的密文，或密钥不对");
   }

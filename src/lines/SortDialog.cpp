@@ -61,16 +61,11 @@ bool SortDialog::IsStillCaptured() const {
                                   : editor.Selection() == input_.selection && editor.SelectedText() == input_.OwnText();
 }
 
-// The window stays open, so what was sorted is captured and, when it was a selection, selected again. The range stays.
+// The window stays open, so what was sorted is captured again. The range stays.
 void SortDialog::PutBack(SortView& view, const ResultFile& result) {
   const std::u16string from = view.From();
   const std::u16string to = view.To();
   PutResultBack(workbench_, input_, result);
-  if (!input_.selection.empty()) {
-    Editor& editor = workbench_.editor();
-    const TextPos start = input_.selection.start;
-    editor.SetSelection({start, editor.Selection().end().value - start.value});
-  }
   Capture(view);
   view.SetRange(from, to);
 }

@@ -62,7 +62,8 @@ void RtfReader::Read() {
   if (!rtf_.starts_with("{\\rtf") || rtf_.size() > std::numeric_limits<std::uint32_t>::max()) {
     return;
   }
-  while (at_ < rtf_.size()) {
+  // A control may add a NUL behind the last brace.
+  while (at_ < rtf_.size() && (rtf_[at_] != '\0' || !outer_.empty())) {
     ReadItem();
   }
   DropLastParagraphEnd();
@@ -83,10 +84,12 @@ void RtfReader::ReadItem() {
   }
   switch (c) {
     case '{':
+      out_.OpenGroup();
       outer_.push_back(group_);
       isGroupStart_ = true;
       break;
     case '}':
+      out_.CloseGroup();
       if (!outer_.empty()) {
         group_ = outer_.back();
         outer_.pop_back();
@@ -129,7 +132,7 @@ void RtfReader::ReadControl() {
       break;
     case '*':
       if (isGroupStart_) {
-        group_.destination = Destination::kNoText;
+        TakeMarkedDestination();
       }
       break;
     case '\\':
@@ -151,6 +154,17 @@ void RtfReader::ReadControl() {
       break;
   }
   isGroupStart_ = false;
+}
+
+// Readers that do not know the word behind the mark pass over the group; here all such groups hold no text.
+void RtfReader::TakeMarkedDestination() {
+  if (group_.destination == Destination::kText && rtf_.substr(at_, 1) == "\\") {
+    const auto isLetter = [](char c) { return IsLetter(c); };
+    const std::string_view rest = rtf_.substr(at_ + 1);
+    const auto length = std::ranges::find_if_not(rest, isLetter) - rest.begin();
+    out_.TakeDestination(rest.substr(0, static_cast<std::size_t>(length)));
+  }
+  group_.destination = Destination::kNoText;
 }
 
 RtfReader::ControlWord RtfReader::TakeControlWord(std::size_t begin) {
@@ -188,14 +202,18 @@ void RtfReader::Handle(const ControlWord& word) {
         static_cast<std::uint32_t>(std::clamp<int>(word.number.value_or(1), 0, static_cast<int>(kMostSkipped)));
   } else if (word.name == "par" || word.name == "sect") {
     AddLineBreak(word.begin);
-  } else if (word.name == "v") {
-    group_.isHidden = word.number.value_or(1) != 0;
   } else if (!HandleFont(word) && !HandleDestination(word)) {
+    if (word.name == "v") {
+      group_.isHidden = word.number.value_or(1) != 0;
+    }
     const auto* named = std::find_if(kNamedCharacters.begin(), kNamedCharacters.end(),
                                      [&](const NamedCharacter& candidate) { return candidate.word == word.name; });
     if (named != kNamedCharacters.end()) {
       Add(named->character, word.begin);
     }
+  }
+  if (group_.destination == Destination::kText) {
+    out_.TakeWord(word.name, word.number);
   }
 }
 
@@ -227,6 +245,9 @@ bool RtfReader::HandleDestination(const ControlWord& word) {
     return true;
   }
   if (std::binary_search(kOtherDestinations.begin(), kOtherDestinations.end(), word.name)) {
+    if (group_.destination == Destination::kText) {
+      out_.TakeDestination(word.name);
+    }
     group_.destination = Destination::kNoText;
     return true;
   }
@@ -314,17 +335,16 @@ void RtfReader::Add(char16_t unit, Bytes bytes) {
   if (!ShowsText()) {
     return;
   }
-  const RtfText::Context context{out_.text_.size(), CharsetNow() == Charset::kChinese, group_.skippedAfterUnicode};
-  if (out_.contexts_.empty() || !out_.contexts_.back().HoldsSameAs(context)) {
-    out_.contexts_.push_back(context);
-  }
-  out_.text_ += unit;
-  out_.places_.push_back({static_cast<std::uint32_t>(bytes.begin), static_cast<std::uint32_t>(bytes.end)});
+  behindLineBreak_.reset();
+  out_.TakeUnit({unit, bytes.begin, bytes.end, CharsetNow() == Charset::kChinese, group_.skippedAfterUnicode});
 }
 
 void RtfReader::AddLineBreak(std::size_t begin) {
   Add(u'\r', begin);
   Add(u'\n', at_);
+  if (ShowsText()) {
+    behindLineBreak_ = at_;
+  }
 }
 
 RtfReader::Charset RtfReader::CharsetNow() const {
@@ -333,13 +353,9 @@ RtfReader::Charset RtfReader::CharsetNow() const {
 }
 
 void RtfReader::DropLastParagraphEnd() {
-  if (!out_.text_.ends_with(u"\r\n")) {
-    return;
-  }
   constexpr std::string_view kNothing("\r\n}\0", 4);
-  if (rtf_.find_first_not_of(kNothing, out_.places_.back().end) == std::string_view::npos) {
-    out_.text_.resize(out_.text_.size() - 2);
-    out_.places_.resize(out_.places_.size() - 2);
+  if (behindLineBreak_ && rtf_.find_first_not_of(kNothing, *behindLineBreak_) == std::string_view::npos) {
+    out_.DropLastLineBreak();
   }
 }
 

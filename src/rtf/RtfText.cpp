@@ -51,8 +51,31 @@ bool WouldContinueControlWord(std::string_view rtf, char next) {
 
 }  // namespace
 
+class RtfText::Builder final : public RtfSink {
+ public:
+  explicit Builder(RtfText& out) : out_(out) {}
+
+  void TakeUnit(const RtfUnit& unit) override {
+    const Context context{out_.text_.size(), unit.isChineseCharset, unit.skippedAfterUnicode};
+    if (out_.contexts_.empty() || !out_.contexts_.back().HoldsSameAs(context)) {
+      out_.contexts_.push_back(context);
+    }
+    out_.text_ += unit.unit;
+    out_.places_.push_back({static_cast<std::uint32_t>(unit.begin), static_cast<std::uint32_t>(unit.end)});
+  }
+
+  void DropLastLineBreak() override {
+    out_.text_.resize(out_.text_.size() - 2);
+    out_.places_.resize(out_.places_.size() - 2);
+  }
+
+ private:
+  RtfText& out_;
+};
+
 RtfText::RtfText(std::string_view rtf) : rtf_(rtf) {
-  RtfReader(rtf, *this).Read();
+  Builder builder(*this);
+  RtfReader(rtf, builder).Read();
 }
 
 bool RtfText::IsInOnePiece(const Replacement& replacement) const {

@@ -35,7 +35,7 @@ class RtfText {
   Outcome Replace(std::span<const Replacement> replacements) const;
 
  private:
-  friend class RtfReader;
+  class Builder;
 
   struct Place {
     std::uint32_t begin = 0;  // bytes

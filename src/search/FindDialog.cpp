@@ -17,6 +17,7 @@
 #include "search/FindTokens.h"
 #include "search/Highlight.h"
 #include "shell/workbench/FormKey.h"
+#include "shell/workbench/ReplaceSelected.h"
 #include "shell/workbench/ResultFiles.h"
 #include "text/DecimalText.h"
 #include "text/ExplainedError.h"
@@ -51,16 +52,13 @@ std::u16string SplitRemark(std::size_t split) {
   return u"，另有" + DecimalText(split) + u"处被格式代码分开，未替换";
 }
 
-// The text is shown again where it was.
 void PutTextBack(Editor& editor, std::u16string_view text, TextRange selection) {
-  const ScrollPosition scroll = editor.Scroll();
   if (selection.empty()) {
     editor.SetText(text);
-    editor.SetSelection({selection.start, 0});
-  } else {
-    editor.ReplaceSelection(text);
-    editor.SetSelection({selection.start, editor.Selection().start.value - selection.start.value});
+    return;
   }
+  const ScrollPosition scroll = editor.Scroll();
+  ReplaceSelected(editor, text);
   editor.SetScroll(scroll);
 }
 

@@ -265,6 +265,16 @@ void RichEdit::SetScrollPosition(POINT position) {
   Send(EM_SETSCROLLPOS, 0, reinterpret_cast<LPARAM>(&position));
 }
 
+LONG RichEdit::FirstVisible() const {
+  return static_cast<LONG>(Send(EM_LINEINDEX, static_cast<WPARAM>(Send(EM_GETFIRSTVISIBLELINE))));
+}
+
+POINT RichEdit::PlaceOf(LONG position) const {
+  POINTL place{};
+  Send(EM_POSFROMCHAR, reinterpret_cast<WPARAM>(&place), position);
+  return {place.x, place.y};
+}
+
 CHARFORMAT2W RichEdit::SelectionFormat() const {
   CHARFORMAT2W format{};
   format.cbSize = sizeof(format);
@@ -321,6 +331,10 @@ std::size_t RichEdit::LineCount() const {
 
 std::size_t RichEdit::LineOf(LONG position) const {
   return static_cast<std::size_t>(Send(EM_EXLINEFROMCHAR, 0, position));
+}
+
+LONG RichEdit::LineStart(LONG position) const {
+  return static_cast<LONG>(Send(EM_LINEINDEX, LineOf(position)));
 }
 
 DWORD RichEdit::EventMask() const {

@@ -60,6 +60,9 @@ class RichEdit {
   // What is to be scrolled to the upper left corner, in pixels of the whole text.
   POINT ScrollPosition() const;
   void SetScrollPosition(POINT position);
+  // The first unit of the topmost line that is seen, and where a unit stands, in pixels of the window.
+  LONG FirstVisible() const;
+  POINT PlaceOf(LONG position) const;
 
   CHARFORMAT2W SelectionFormat() const;
   void SetSelectionFormat(const CHARFORMAT2W& format);
@@ -76,6 +79,8 @@ class RichEdit {
   // Lines as shown, wrapped lines counted singly.
   std::size_t LineCount() const;
   std::size_t LineOf(LONG position) const;
+  // Where the line of a position begins.
+  LONG LineStart(LONG position) const;
 
   DWORD EventMask() const;
   void SetEventMask(DWORD mask);

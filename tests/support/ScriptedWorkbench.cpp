@@ -6,6 +6,7 @@
 
 #include "text/PathParts.h"
 #include "text/PlatformFile.h"
+#include "text/TextPieces.h"
 
 namespace scrivanta::testing {
 
@@ -25,6 +26,12 @@ std::u16string WithLineBreaks(std::u16string_view text) {
     result += u"\r\n";
   }
   return result;
+}
+
+// As a control has the text that a document has with CR LF.
+std::u16string WithoutLineFeeds(std::u16string text) {
+  std::erase(text, u'\n');
+  return text;
 }
 
 class ScriptedWork final : public BusyWork, public Progress {
@@ -79,10 +86,13 @@ std::size_t ScriptedEditor::CaretDisplayLine() const {
 
 void ScriptedEditor::SetText(std::u16string_view text) {
   ++changes;
+  const std::u16string before = WithoutLineFeeds(text_);
+  const std::size_t caret = WithoutLineFeeds(text_.substr(0, selection_.end().value)).size();
   text_ = WithLineBreaks(text);
+  const std::u16string after = WithoutLineFeeds(text_);
+  const std::size_t newCaret = PlaceAfter(MatchTexts(before, after), before, caret);
   rtf.clear();  // the formatting is gone
-  selection_ = {};
-  scroll = {};
+  selection_ = {{WithLineBreaks(after.substr(0, newCaret)).size()}, 0};
 }
 
 void ScriptedEditor::ReplaceSelection(std::u16string_view text) {

@@ -1,9 +1,14 @@
 // Rich text that the edit control does not give back as a whole.
 #include <windows.h>
 
+#include <array>
 #include <string>
 
+#include "search/FrmFindControls.h"
+#include "text/DecimalText.h"
+#include "text/win/WideText.h"
 #include "window/driver/Clipboard.h"
+#include "window/driver/WindowProbe.h"
 #include "window/driver/WindowTest.h"
 
 namespace scrivanta {
@@ -11,6 +16,27 @@ namespace {
 
 class RichTextTest : public WindowTest {
  protected:
+  // Of each unit: b for bold, r for red, x for both, | for the end of a line.
+  std::string Formats() const {
+    const EditBoxDriver box = app.Editor();
+    const TextRange selection = box.Selection();
+    const std::u16string text = box.Text();
+    std::string formats;
+    for (std::size_t at = 0; at < text.size(); ++at) {
+      if (text[at] == u'\r') {
+        formats += '|';
+      } else if (text[at] != u'\n') {
+        box.Select({{at}, 1});
+        const CHARFORMAT2W format = box.SelectionFormat();
+        const bool isRed = (format.dwEffects & CFE_AUTOCOLOR) == 0 && format.crTextColor == RGB(255, 0, 0);
+        const bool isBold = (format.dwEffects & CFE_BOLD) != 0;
+        formats += isRed && isBold ? 'x' : isRed ? 'r' : isBold ? 'b' : '-';
+      }
+    }
+    box.Select(selection);
+    return formats;
+  }
+
   // A bitmap of one point between two words.
   const std::string withPicture =
       "{\\rtf1\\ansi\\ansicpg936 one{\\pict\\dibitmap0\\picw1\\pich1\\picwgoal300\\pichgoal300 "
@@ -40,6 +66,90 @@ TEST_F(RichTextTest, ACommandThatChangesNothingTakesNoFormats) {
   app.Menu("mnuTrimLine");
   app.Editor().SelectText(u"标题");
   EXPECT_NE(app.Editor().SelectionFormat().dwEffects & CFE_BOLD, 0U);
+}
+
+// What stays brings its formats along: lines that lose their blanks, that go elsewhere, that have places replaced.
+TEST_F(RichTextTest, CommandsLeaveTheFormatsOfWhatStays) {
+  app.Start();
+  app.Open(folder.Write(u"格式.rtf",
+                        "{\\rtf1\\ansi\\ansicpg936{\\fonttbl{\\f0\\fnil\\fcharset134 SimSun;}}"
+                        "{\\colortbl ;\\red255\\green0\\blue0;}\\uc1\\pard\\f0\\fs21 "
+                        "  pear \\b two\\b0  \\par\\par \\cf1 fig\\cf0  one\\par\\par   \\b apple\\b0  two}"));
+  app.ExpectText(u"  pear two \r\n\r\nfig one\r\n\r\n  apple two");
+  EXPECT_EQ(Formats(), "-------bbb-||rrr----||--bbbbb----");
+
+  app.Editor().SelectText(u"ig");
+  app.Editor().Select({app.Editor().Selection().start, 0});
+  app.Menu("mnuTrimLine");
+  app.ExpectText(u"pear two\r\n\r\nfig one\r\n\r\napple two");
+  EXPECT_EQ(Formats(), "-----bbb||rrr----||bbbbb----");
+  app.Menu("mnuDelEmptyLine");
+  app.ExpectText(u"pear two\r\nfig one\r\napple two");
+  EXPECT_EQ(Formats(), "-----bbb|rrr----|bbbbb----");
+  EXPECT_EQ(app.Editor().Selection(), (TextRange{{11}, 0}));
+
+  app.Menu("mnuFind");
+  DialogDriver find = app.ExpectDialog(u"查找");
+  find.Type(Combo1, u"apple").Press(CmdFilter);
+  app.ExpectText(u"apple two\r\npear two\r\nfig one");
+  EXPECT_EQ(Formats(), "bbbbb----|-----bbb|rrr----");
+  EXPECT_EQ(app.Editor().Selection(), (TextRange{{22}, 0}));
+  find.Type(Combo1, u"e").Type(Combo2, u"E+").Press(CmdReplaceAll);
+  app.ExpectText(u"applE+ two\r\npE+ar two\r\nfig onE+");
+  EXPECT_EQ(Formats(), "bbbbbb----|------bbb|rrr-----");
+  for (int step = 0; step < 4; ++step) {
+    app.Menu("mnuUndo");
+  }
+  app.ExpectText(u"  pear two \r\n\r\nfig one\r\n\r\n  apple two");
+  EXPECT_EQ(Formats(), "-------bbb-||rrr----||--bbbbb----");
+}
+
+TEST_F(RichTextTest, FormatsThatHaveToGoAreSaidToGo) {
+  app.Start();
+  app.Open(folder.Write(
+      u"表格.rtf",
+      "{\\rtf1\\ansi\\ansicpg936\\b one\\b0\\par\\trowd\\cellx1000\\cellx2000 two\\intbl\\cell three\\intbl"
+      "\\cell\\row\\pard four\\par}"));
+  app.Menu("mnuFind");
+  app.ExpectDialog(u"查找").Type(Combo1, u"four").Press(CmdFilter);
+  EXPECT_TRUE(app.Text().starts_with(u"four\r\none"));
+  app.ExpectRemark(u"格式没有保留（有图片或表格等），可以撤消");
+  app.Menu("mnuUndo");
+  EXPECT_TRUE(app.Text().starts_with(u"one"));
+  EXPECT_TRUE(Formats().starts_with("bbb|"));
+}
+
+TEST_F(RichTextTest, TheViewAndTheCaretStayWithTheirLines) {
+  app.Start();
+  std::u16string lines;
+  for (int line = 1; line <= 400; ++line) {
+    lines += std::u16string(line % 3 == 0 ? 1 : 0, u'\n') + DecimalText(line) + u" 行 \n";
+  }
+  app.Open(folder.Write(u"行.txt", Utf8(lines)));
+  const auto top = [this] {
+    const HWND box = app.Editor().window();
+    std::array<wchar_t, 40> line = {39};
+    const auto first = static_cast<WPARAM>(SendMessageW(box, EM_GETFIRSTVISIBLELINE, 0, 0));
+    const auto length = SendMessageW(box, EM_GETLINE, first, reinterpret_cast<LPARAM>(line.data()));
+    const std::u16string text = FromWide({line.data(), static_cast<std::size_t>(length)});
+    return text.substr(0, text.find(u' '));
+  };
+  app.Editor().SelectText(u"200 行");
+  app.Editor().Select({app.Editor().Selection().start, 0});
+  app.Press("Right");
+  while (top() == u"\r") {  // one that goes
+    SendMessageW(app.Editor().window(), EM_LINESCROLL, 0, 1);
+  }
+  const std::u16string shown = top();
+  ASSERT_NE(shown, u"1");
+  for (const char* const command : {"mnuTrimLine", "mnuDelEmptyLine"}) {
+    app.Menu(command);
+    app.Settle();
+    EXPECT_EQ(Shown(top()), Shown(shown)) << command;
+    app.Editor().Insert(u"x");
+    EXPECT_NE(app.Text().find(u"\n2x00 行"), std::u16string::npos) << command;
+    app.Menu("mnuUndo");
+  }
 }
 
 // The control ends at the picture what it gives and reports no error.

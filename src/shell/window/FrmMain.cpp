@@ -37,6 +37,7 @@ namespace {
 constexpr int kFirstRecentId = 50001;
 constexpr UINT kSnapshotInterval = 100;  // milliseconds
 constexpr UINT kIdleInterval = 20;       // milliseconds
+constexpr char16_t kFormatsLost[] = u"格式没有保留（有图片或表格等），可以撤消";
 // Posted by the window to itself: a question must not stand in the midst of an activation.
 constexpr UINT kLookAtFile = WM_APP;
 
@@ -82,7 +83,7 @@ FrmMain::FrmMain(WindowHost& host, Folders folders, Settings& settings, const Re
       taskbarCreated_(RegisterWindowMessageW(L"TaskbarCreated")),
       folders_(std::move(folders)),
       prompts_(host, [this] { return PromptOwner(); }),
-      editor_({[this] { HandleEditorChange(); }, [this] { HandleEditorSelection(); }},
+      editor_({[this] { HandleEditorChange(); }, [this] { HandleEditorSelection(); }, [this] { HandleLostFormats(); }},
               {[this] { return StartWork(); }, [this] { TakeUpEditBox(); }}),
       keys_(host, editor_, clock_, [this](const std::function<void()>& action) { RunGuarded(action); }),
       tray_([this](int commandId) { OnCommand(commandId, 0); }),
@@ -558,13 +559,24 @@ void FrmMain::RefreshState() {
 
 void FrmMain::HandleEditorChange() {
   documentFile_.NoteChange();
+  areFormatsLost_ = false;
   bars_.SetRemark({});
   RefreshState();
 }
 
 void FrmMain::HandleEditorSelection() {
+  areFormatsLost_ = false;
   bars_.SetRemark({});
   RefreshState();
+}
+
+void FrmMain::HandleLostFormats() {
+  areFormatsLost_ = true;
+  bars_.SetRemark(kFormatsLost);
+}
+
+void FrmMain::ShowStatus(const std::u16string& text) {
+  bars_.SetRemark(areFormatsLost_ ? text + u"，" + kFormatsLost : text);
 }
 
 WorkbenchState FrmMain::State() const {

@@ -58,7 +58,7 @@ class FrmMain final : public Window, public Workbench, public MainWindow, privat
   const Folders& folders() const override { return folders_; }
   const RegExpEngine& regExpEngine() const override { return regExpEngine_; }
   std::unique_ptr<BusyWork> StartWork() override { return work_.Start(); }
-  void ShowStatus(const std::u16string& text) override { bars_.SetRemark(text); }
+  void ShowStatus(const std::u16string& text) override;
 
   EditBox& editBox() override { return editor_; }
   DocumentFile& documentFile() override { return documentFile_; }
@@ -126,6 +126,7 @@ class FrmMain final : public Window, public Workbench, public MainWindow, privat
   void RefreshState();
   void HandleEditorChange();
   void HandleEditorSelection();
+  void HandleLostFormats();
   WorkbenchState State() const;
   HWND PromptOwner() const;
 
@@ -157,6 +158,7 @@ class FrmMain final : public Window, public Workbench, public MainWindow, privat
   std::optional<Subclass> editBoxMessages_;
   std::u16string untitledCaption_;
   std::optional<WorkbenchState> shownState_;
+  bool areFormatsLost_ = false;  // by what changed the document last
   bool isClosingAsked_ = false;
   bool mayEndSession_ = false;
 };

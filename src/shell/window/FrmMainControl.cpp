@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <limits>
+#include <ranges>
 #include <utility>
 
 #include "shell/window/FrmMainControls.h"
@@ -37,6 +38,23 @@ bool IsFasterAsWhole(std::span<const ControlEdit> edits, std::size_t breaks, std
   return time > static_cast<double>(length) + kOfCreation;
 }
 
+// Whether an edit would change something in a row of a table, or beside it: controls do not live through that. A row
+// stands between two marks; some controls have an LF behind the line break at each of its ends.
+bool TouchesTable(std::u16string_view text, std::span<const ControlEdit> edits) {
+  constexpr std::u16string_view kMarks = u"\n\xFFF9\xFFFB";
+  if (text.find_first_of(kMarks) == std::u16string_view::npos) {
+    return false;
+  }
+  return std::ranges::any_of(edits, [&](const ControlEdit& edit) {
+    const std::u16string_view before = text.substr(0, edit.start.value);
+    const auto marks =
+        std::ranges::count_if(before, [&](char16_t unit) { return kMarks.find(unit) != std::u16string_view::npos; });
+    const std::size_t begin = before.size() - std::min<std::size_t>(before.size(), 2);
+    const std::size_t end = edit.removedRange().end().value + 2;
+    return marks % 2 != 0 || text.substr(begin, end - begin).find_first_of(kMarks) != std::u16string_view::npos;
+  });
+}
+
 }  // namespace
 
 CHARRANGE FrmMainControl::ToPlatform(ControlRange range) {
@@ -65,6 +83,10 @@ void FrmMainControl::Replace(std::span<const ControlEdit> edits) {
     return;
   }
   const QuietRichEdit quiet(box_);
+  ReplaceEach(edits);
+}
+
+void FrmMainControl::ReplaceEach(std::span<const ControlEdit> edits) {
   for (const ControlEdit& edit : edits) {
     box_.Select(ToPlatform(edit.removedRange()));
     box_.ReplaceSelection(edit.inserted);
@@ -139,6 +161,104 @@ void FrmMainControl::LoadRtf(const RtfByLines& rtf) {
   fresh.box().LoadRtfByLines(rtf, work->progress());
   fresh.box().Select({0, 0});
   Show(fresh, true);
+}
+
+bool FrmMainControl::Rearrange(const TextPieces& pieces, std::u16string_view controlText) {
+  const std::u16string before = box_.Text();
+  const LONG top = box_.FirstVisible();
+  const LONG topPlace = box_.PlaceOf(top).y;
+  const LONG scrolledAside = box_.ScrollPosition().x;
+  const LONG newTop = Clip(PlaceAfter(pieces, before, static_cast<std::size_t>(top)));
+  const LONG newCaret = Clip(PlaceAfter(pieces, before, Selection().end().value));
+  return PutTogether({{{0}, before.size()}, pieces, controlText}, [&](RichEdit& box) {
+    box.Select({newCaret, newCaret});
+    const LONG toTop = box.PlaceOf(box.LineStart(newTop)).y - topPlace;
+    box.SetScrollPosition({scrolledAside, box.ScrollPosition().y + toTop});
+  });
+}
+
+bool FrmMainControl::RearrangePart(ControlRange part, const TextPieces& pieces, std::u16string_view controlText) {
+  const POINT scrolledTo = box_.ScrollPosition();
+  const LONG caret = Clip(part.start.value + controlText.size());
+  return PutTogether({part, pieces, controlText}, [&](RichEdit& box) {
+    box.SetScrollPosition(scrolledTo);
+    box.Select({caret, caret});
+  });
+}
+
+bool FrmMainControl::PutTogether(const NewText& after, const ShowPlace& showPlace) {
+  if (hasFormatting_ && (ReplaceInPlace(after, showPlace) || LoadRearranged(after, showPlace))) {
+    return true;
+  }
+  const bool hadFormatting = hasFormatting_;
+  const std::unique_ptr<BusyWork> work = host_.startWork();
+  FreshRichEdit fresh(box_, RichTextBox0);
+  fresh.box().LoadText(WholeText(after), work->progress());
+  showPlace(fresh.box());
+  Show(fresh, false);
+  return !hadFormatting;
+}
+
+std::u16string FrmMainControl::WholeText(const NewText& after) const {
+  std::u16string text = box_.Text();
+  text.replace(after.part.start.value, after.part.length, after.text);
+  return text;
+}
+
+// Whatever there is beside the changes stays, pictures and tables too. False, and nothing is done, when lines have
+// gone elsewhere, or when it would take longer than to load the whole.
+bool FrmMainControl::ReplaceInPlace(const NewText& after, const ShowPlace& showPlace) {
+  if (!KeepsOrder(after.pieces)) {
+    return false;
+  }
+  std::vector<ControlEdit> edits;
+  for (const TextChange& change : ChangesOf(after.pieces, after.part.length) | std::views::reverse) {
+    const ControlPos start{after.part.start.value + change.oldStart};
+    edits.push_back(
+        {start, Read({start, change.oldLength}), std::u16string(after.text.substr(change.newStart, change.newLength))});
+  }
+  if (IsFasterAsWhole(edits, box_.LineCount(), Length()) || TouchesTable(box_.Text(), edits)) {
+    return false;
+  }
+  const QuietRichEdit quiet(box_);
+  ReplaceEach(edits);
+  showPlace(box_);
+  return true;
+}
+
+// Nothing when the rich text holds what cannot be taken apart. A control may leave out the end of the line before the
+// last one when that is empty.
+std::optional<FormattedText> FrmMainControl::Formatted() const {
+  const std::u16string text = box_.Text();
+  std::optional<FormattedText> formatted = FormattedText::Read(box_.Rtf());
+  if (formatted && formatted->text() + u'\r' == text) {
+    formatted = FormattedText(text, formatted->formats());
+  }
+  return formatted && formatted->text() == text ? std::move(formatted) : std::nullopt;
+}
+
+// False, and nothing is done, when the rich text holds what cannot be taken apart.
+bool FrmMainControl::LoadRearranged(const NewText& after, const ShowPlace& showPlace) {
+  const std::optional<FormattedText> before = Formatted();
+  if (!before) {
+    return false;
+  }
+  TextPieces pieces{{0, after.part.start.value, true}};
+  for (TextPiece piece : after.pieces) {
+    piece.from += after.part.start.value;
+    pieces.push_back(piece);
+  }
+  pieces.push_back({after.part.end().value, before->text().size() - after.part.end().value, true});
+  const std::u16string text = WholeText(after);
+  const std::unique_ptr<BusyWork> work = host_.startWork();
+  FreshRichEdit fresh(box_, RichTextBox0);
+  fresh.box().LoadRtfByLines(before->Rearranged(pieces, text).ToRtf(), work->progress());
+  if (fresh.box().Text() != text) {
+    return false;
+  }
+  showPlace(fresh.box());
+  Show(fresh, true);
+  return true;
 }
 
 std::optional<std::u16string> FrmMainControl::TextOfRtf(std::string_view bytes) {

@@ -7,8 +7,10 @@
 #include <optional>
 #include <span>
 
+#include "rtf/FormattedText.h"
 #include "shell/history/DocumentHistory.h"
 #include "shell/workbench/Workbench.h"
+#include "text/TextPieces.h"
 #include "win/FreshRichEdit.h"
 #include "win/RichEdit.h"
 
@@ -42,6 +44,12 @@ class FrmMainControl final : public UndoTarget {
   bool LoadRtf(std::string_view bytes);
   void LoadRtf(const RtfByLines& rtf);
 
+  // The part becomes another text, of which these are the pieces; what is kept keeps its formats. The first for the
+  // whole: the line at the top stays there and the caret in its line, wherever the lines have gone. The other leaves
+  // the caret behind the new text. False when the formats are gone.
+  bool Rearrange(const TextPieces& pieces, std::u16string_view controlText);
+  bool RearrangePart(ControlRange part, const TextPieces& pieces, std::u16string_view controlText);
+
   // What another text would be like in the control. The text of a rich text, nothing when the bytes are none; and the
   // lines that a text is wrapped to.
   std::optional<std::u16string> TextOfRtf(std::string_view bytes);
@@ -55,7 +63,20 @@ class FrmMainControl final : public UndoTarget {
   static CHARRANGE ToPlatform(ControlRange range);
 
  private:
+  struct NewText {
+    ControlRange part;  // that it takes the place of
+    const TextPieces& pieces;
+    std::u16string_view text;
+  };
+  using ShowPlace = std::function<void(RichEdit&)>;
+
   void ReplaceWhole(std::span<const ControlEdit> edits);
+  void ReplaceEach(std::span<const ControlEdit> edits);
+  std::optional<FormattedText> Formatted() const;
+  std::u16string WholeText(const NewText& after) const;
+  bool PutTogether(const NewText& after, const ShowPlace& showPlace);
+  bool ReplaceInPlace(const NewText& after, const ShowPlace& showPlace);
+  bool LoadRearranged(const NewText& after, const ShowPlace& showPlace);
   void Show(FreshRichEdit& fresh, bool hasFormatting);
 
   RichEdit& box_;

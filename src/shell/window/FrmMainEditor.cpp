@@ -137,20 +137,46 @@ void FrmMainEditor::RequireWritable() const {
 
 void FrmMainEditor::SetText(std::u16string_view text) {
   RequireWritable();
-  if (text != Text()) {  // else it would only take the formatting away
-    ReplaceText(text, nullptr);
+  const std::u16string before = history_.text().ControlText({{0}, history_.text().length()});
+  const std::u16string after = ToControlText(text);
+  if (before == after) {
+    return;  // no step
   }
+  bool keepsFormats = true;
+  Rebuild([&](const RichText&) {
+    keepsFormats = control_.Rearrange(MatchTexts(before, after), after);
+    return true;
+  });
+  NoteFormats(keepsFormats);
 }
 
 void FrmMainEditor::ReplaceSelection(std::u16string_view text) {
   RequireWritable();
-  const UndoCommand step(history_, control_);
   const ControlRange selection = control_.Selection();
-  const ControlEdit edit{selection.start, control_.Read(selection), ToControlText(text)};
+  const std::u16string after = ToControlText(text);
+  if (HasFormatting() && !selection.empty()) {
+    bool keepsFormats = true;
+    Rebuild([&](const RichText&) {
+      const TextPieces pieces = MatchTexts(history_.text().ControlText(selection), after);
+      keepsFormats = control_.RearrangePart(selection, pieces, after);
+      box_.ScrollToCaret();
+      return true;
+    });
+    NoteFormats(keepsFormats);
+    return;
+  }
+  const UndoCommand step(history_, control_);
+  const ControlEdit edit{selection.start, control_.Read(selection), after};
   control_.Replace({&edit, 1});
   box_.ScrollToCaret();
   history_.NoteChange(control_, std::chrono::steady_clock::now());
   listener_.onChange();
+}
+
+void FrmMainEditor::NoteFormats(bool areKept) const {
+  if (!areKept) {
+    listener_.onFormatsLost();
+  }
 }
 
 bool FrmMainEditor::SetRtf(std::string_view rtf) {

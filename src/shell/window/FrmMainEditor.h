@@ -17,10 +17,12 @@ namespace scrivanta {
 
 class FrmMainEditor final : public Editor, public EditBox {
  public:
-  // Told of every change of the document, and of every move of the selection.
+  // Told of every change of the document, of every move of the selection, and when a change could not keep the formats
+  // of what stays.
   struct Listener {
     std::function<void()> onChange;
     std::function<void()> onSelection;
+    std::function<void()> onFormatsLost;
   };
 
   FrmMainEditor(Listener listener, FrmMainControl::Host host)
@@ -102,6 +104,7 @@ class FrmMainEditor final : public Editor, public EditBox {
 
   void NoteFormatChange();
   void RequireWritable() const;
+  void NoteFormats(bool areKept) const;
   void SelectPairAt(std::size_t start);
   bool ReplaceSelectionQuietly(std::string_view rtf);
   // What `load` does to the document, formatting and all, as one step of undo; unless it returns false. It is given the

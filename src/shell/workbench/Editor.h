@@ -45,7 +45,9 @@ class Editor : public Interface {
   virtual std::size_t CaretDisplayLine() const = 0;
 
   // Both change the document: they mark it as changed and are one step of undo. A lone CR or LF in the text becomes a
-  // line break, as everything shown does.
+  // line break, as everything shown does. What is in the old text and in the new one (TextPieces) keeps its formats.
+  // After the first the line at the top is still there and the caret still in its line, wherever the lines have gone;
+  // after the second the caret stands behind the text.
   virtual void SetText(std::u16string_view text) = 0;
   virtual void ReplaceSelection(std::u16string_view text) = 0;
 

@@ -1,5 +1,6 @@
 #include "shell/workbench/ResultFiles.h"
 
+#include "shell/workbench/ReplaceSelected.h"
 #include "text/AtomicFile.h"
 #include "text/LineReader.h"
 #include "text/LineWriter.h"
@@ -27,7 +28,7 @@ void ReplaceCaptured(Workbench& workbench, const CapturedInput& input, std::u16s
   if (editor.Selection() != input.selection) {
     editor.SetSelection(input.selection);
   }
-  editor.ReplaceSelection(text);
+  ReplaceSelected(editor, text);
 }
 
 }  // namespace

@@ -65,9 +65,11 @@ TEST(ResultFiles, PutBackWhereItWasCaptured) {
   const CapturedInput input = CaptureInput(workbench);
   workbench.editor().SetSelection({{0}, 1});
   ResultFile result(workbench, u"Result.txt");
-  result.Write("2\r\n");
+  result.Write("two\r\n2\r\n");
   PutResultBack(workbench, input, result);
-  EXPECT_EQ(workbench.editor().Text(), u"one 2");
+  EXPECT_EQ(workbench.editor().Text(), u"one two\r\n2");
+  // It is selected, for the next command.
+  EXPECT_EQ(workbench.editor().SelectedText(), u"two\r\n2");
 }
 
 // What is no text in the document's own encoding may be half a character in that of the files.
