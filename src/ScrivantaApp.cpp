@@ -14,6 +14,7 @@
 #include "shell/window/FrmOptions.h"
 #include "shell/window/ScrivantaDesktop.h"
 #include "shell/window/ShellCommands.h"
+#include "shell/window/View.h"
 #include "shell/workbench/CommandTable.h"
 #include "win/ComApartment.h"
 #include "win/MessageLoop.h"
@@ -53,6 +54,7 @@ int RunApp(HINSTANCE instance, const std::u16string& commandLine, std::atomic<HW
   FrmMain mainWindow(host, FindFolders(iniFile), settings, regExpEngine, commands);
   FrmOptions options(host, [&mainWindow] { return mainWindow.handle(); });
   RegisterShellCommands(commands, mainWindow);
+  RegisterViewCommands(commands, mainWindow);
   RegisterOptionsCommand(commands, mainWindow, options);
   SubsystemServices services;
   const auto subsystems = OpenSubsystems({.windows = host,

@@ -317,6 +317,11 @@ void RichEdit::SetWordWrap(bool wraps) {
   Send(EM_SETTARGETDEVICE, 0, wraps ? 0 : 1);
 }
 
+void RichEdit::SetZoom(int percent) {
+  constexpr int kWhole = 100;
+  Send(EM_SETZOOM, percent == kWhole ? 0 : static_cast<WPARAM>(percent), percent == kWhole ? 0 : kWhole);
+}
+
 void RichEdit::SetReadOnly(bool readOnly) {
   Send(EM_SETREADONLY, readOnly ? TRUE : FALSE);
 }

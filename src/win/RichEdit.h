@@ -74,6 +74,7 @@ class RichEdit {
   void SetFormatOfAll(const CHARFORMAT2W& format);
 
   void SetWordWrap(bool wraps);
+  void SetZoom(int percent);
   void SetReadOnly(bool readOnly);
   bool IsReadOnly() const;
   // Lines as shown, wrapped lines counted singly.

@@ -20,6 +20,7 @@
 #include "shell/window/MenuTree.h"
 #include "shell/window/Options.h"
 #include "shell/window/RecentMenu.h"
+#include "shell/window/View.h"
 #include "shell/window/WindowPlacement.h"
 #include "shell/workbench/FailureMessage.h"
 #include "text/PlatformFile.h"
@@ -40,6 +41,8 @@ constexpr UINT kIdleInterval = 20;       // milliseconds
 constexpr char16_t kFormatsLost[] = u"格式没有保留（有图片或表格等），可以撤消";
 // Posted by the window to itself: a question must not stand in the midst of an activation.
 constexpr UINT kLookAtFile = WM_APP;
+// The same when the edit box has been drawn.
+constexpr UINT kBoxIsDrawn = WM_APP + 1;
 
 int SystemDotsPerInch() {
   return static_cast<int>(GetDpiForSystem());
@@ -120,6 +123,8 @@ int FrmMain::RestoreSettings() {
   const TwipRect placement = normal ? *normal : ReadPlacement(settings_);
   Place(handle(), FitPlacement(placement, areas), SystemDotsPerInch());
   editor_.SetWordWrap(ReadOptions(settings_).wraps);
+  editor_.SetZoom(ReadZoom(settings_));
+  SetLineNumbers(ReadLineNumbers(settings_));
   return normal ? SW_SHOWMAXIMIZED : SW_SHOW;
 }
 
@@ -194,6 +199,14 @@ std::optional<LRESULT> FrmMain::OnStateMessage(UINT message, WPARAM wParam, LPAR
     case kLookAtFile:
       OnLookAtFile();
       return 0;
+    case kBoxIsDrawn:
+      if (lineNumbers_.Follow(editor_.box(), editor_.breaks())) {
+        LayOut();
+      }
+      return 0;
+    case WM_DRAWITEM:
+      lineNumbers_.Draw(*reinterpret_cast<const DRAWITEMSTRUCT*>(lParam), editor_.box(), editor_.breaks());
+      return TRUE;
     case WM_QUERYENDSESSION:  // the user logs off
       return MayEndSession() ? TRUE : FALSE;
     case WM_ENDSESSION:
@@ -222,6 +235,7 @@ std::optional<LRESULT> FrmMain::OnStateMessage(UINT message, WPARAM wParam, LPAR
 void FrmMain::MakeControls() {
   bars_.Create(handle());
   editor_.Create(handle());
+  lineNumbers_.Create(handle());
   // Takes the focus while text is taken back, so that the box does not scroll with the caret.
   CreateWindowExW(0, L"BUTTON", L"", WS_CHILD, 0, 0, 0, 0, handle(),
                   reinterpret_cast<HMENU>(static_cast<INT_PTR>(cmdDummy)), nullptr, nullptr);
@@ -310,6 +324,11 @@ void FrmMain::OpenEditBoxMenu(LPARAM place) {
   RunGuarded([&] { OpenChoices(handle(), at, menu.Choices(recentCommands_.List())); });
 }
 
+void FrmMain::SetLineNumbers(bool shown) {
+  lineNumbers_.Show(shown);
+  LayOut();
+}
+
 void FrmMain::SetKeys(const KeyMap& keys) {
   keyMap_ = keys;
   ShowKeys(GetMenu(handle()), keyMap_);
@@ -364,6 +383,15 @@ std::optional<LRESULT> FrmMain::OnEditBoxMessage(UINT message, WPARAM wParam, LP
     case WM_CONTEXTMENU:
       OpenEditBoxMenu(lParam);
       return 0;
+    case WM_MOUSEWHEEL:
+      if ((GET_KEYSTATE_WPARAM(wParam) & MK_CONTROL) == 0) {
+        return std::nullopt;
+      }
+      OnCommand(*MenuCommandId(GET_WHEEL_DELTA_WPARAM(wParam) > 0 ? "mnuZoomIn" : "mnuZoomOut"), 0);
+      return 0;
+    case WM_PAINT:
+      PostMessageW(handle(), kBoxIsDrawn, 0, 0);
+      return std::nullopt;
     case WM_DROPFILES:  // not opened from here, for the document that is opened takes the box away
       PostMessageW(handle(), message, wParam, 0);
       return 0;
@@ -533,7 +561,10 @@ void FrmMain::LayOut() {
   const auto dpi = static_cast<int>(GetDpiForWindow(handle()));
   const auto layout = LayOutMainWindow(PixelsToTwips(inner.right, dpi), PixelsToTwips(inner.bottom, dpi));
   if (layout) {
-    Place(editor_.box(), layout->editBox, dpi);
+    const int numbers = PixelsToTwips(lineNumbers_.Width(editor_.box(), editor_.breaks()), dpi);
+    const auto& [left, top, width, height] = layout->editBox;
+    Place(lineNumbers_.window(), {0, top, numbers, height}, dpi);
+    Place(editor_.box(), {left + numbers, top, width - numbers, height}, dpi);
     Place(bars_.progressBar(), layout->progressBar, dpi);
   }
 }

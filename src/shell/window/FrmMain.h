@@ -17,6 +17,7 @@
 #include "shell/window/FrmMainBusy.h"
 #include "shell/window/FrmMainEditor.h"
 #include "shell/window/FrmMainKeys.h"
+#include "shell/window/FrmMainLineNumbers.h"
 #include "shell/window/FrmMainLook.h"
 #include "shell/window/FrmMainPrompts.h"
 #include "shell/window/FrmMainTray.h"
@@ -65,6 +66,8 @@ class FrmMain final : public Window, public Workbench, public MainWindow, privat
   void KeepPlacement() override;
   void RequestClose() override;
   void SetWordWrap(bool wraps) override { editor_.SetWordWrap(wraps); }
+  void SetZoom(int percent) override { editor_.SetZoom(percent); }
+  void SetLineNumbers(bool shown) override;
   void SetKeys(const KeyMap& keys) override;
   void OpenEncodingMenu() override { OpenPanelMenu(StatusPanel::kEncoding, EncodingChoices(documentFile_)); }
   void OpenLineEndsMenu() override { OpenPanelMenu(StatusPanel::kLineEnds, LineEndChoices(documentFile_)); }
@@ -143,6 +146,7 @@ class FrmMain final : public Window, public Workbench, public MainWindow, privat
   FrmMainBars bars_;
   FrmMainLook look_;
   FrmMainEditor editor_;
+  FrmMainLineNumbers lineNumbers_;
   FrmMainKeys keys_;
   FrmMainTray tray_;
   KeyMap keyMap_{settings_};

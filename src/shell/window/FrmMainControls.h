@@ -8,3 +8,4 @@
 #define StatusBar1 1003
 #define ProgressBar1 1004
 #define cmdDummy 1005
+#define LineNumbers1 1006

@@ -9,6 +9,7 @@
 #include "text/Surrogates.h"
 #include "text/win/WideText.h"
 #include "win/Clipboard.h"
+#include "win/FontDialog.h"
 
 namespace scrivanta {
 
@@ -327,6 +328,28 @@ void FrmMainEditor::SetFont(const FontDescription& font) {
   box_.SetDefaultFormat(format);
   box_.SetFormatOfAll(format);
   listener_.onChange();
+}
+
+std::optional<FontDescription> FrmMainEditor::AskForFont(const FontDescription& preset) {
+  constexpr double kTenths = 10;
+  const std::optional<FontChoice> chosen =
+      ShowFontDialog(GetActiveWindow(), {.name = preset.name,
+                                         .tenthsOfPoint = static_cast<int>(std::lround(preset.size * kTenths)),
+                                         .colour = preset.colour,
+                                         .bold = preset.bold,
+                                         .italic = preset.italic,
+                                         .underline = preset.underline,
+                                         .strikeThrough = preset.strikeThrough});
+  if (!chosen) {
+    return std::nullopt;
+  }
+  return FontDescription{.name = chosen->name,
+                         .size = chosen->tenthsOfPoint / kTenths,
+                         .colour = chosen->colour,
+                         .bold = chosen->bold,
+                         .italic = chosen->italic,
+                         .underline = chosen->underline,
+                         .strikeThrough = chosen->strikeThrough};
 }
 
 void FrmMainEditor::CopyFormat() {

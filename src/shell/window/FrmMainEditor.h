@@ -32,6 +32,7 @@ class FrmMainEditor final : public Editor, public EditBox {
   // Another window after each change of the whole.
   HWND box() const noexcept { return box_.handle(); }
   void SetWordWrap(bool wraps) { box_.SetWordWrap(wraps); }
+  void SetZoom(int percent) { box_.SetZoom(percent); }
   // What is read-only is changed by no command: those that would throw ExplainedError.
   void SetReadOnly(bool readOnly) { box_.SetReadOnly(readOnly); }
   bool IsReadOnly() const { return box_.IsReadOnly(); }
@@ -95,6 +96,7 @@ class FrmMainEditor final : public Editor, public EditBox {
   void SetEffect(TextEffect effect, bool on) override;
   FontDescription Font() const override;
   void SetFont(const FontDescription& font) override;
+  std::optional<FontDescription> AskForFont(const FontDescription& preset) override;
 
  private:
   struct StoredFormat {

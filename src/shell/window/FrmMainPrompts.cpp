@@ -128,7 +128,10 @@ std::u16string FrmMainPrompts::Input(const InputQuestion& question) {
                        .preset = question.preset,
                        .ok = u"确定",
                        .cancel = u"取消",
-                       .hidden = question.hidden});
+                       .hidden = question.hidden,
+                       .hasFields = question.hasFields,
+                       .assistant = question.assistant,
+                       .assist = question.assist});
   const Asking asking(*this);
   return box.Ask(asking.owner());
 }

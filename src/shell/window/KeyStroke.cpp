@@ -14,6 +14,15 @@ constexpr std::uint16_t kDelete = 0x2E;
 constexpr std::uint16_t kF1 = 0x70;
 constexpr int kFunctionKeys = 12;
 
+struct NamedKey {
+  std::uint16_t code;
+  std::u16string_view name;
+};
+
+constexpr std::array kNamed = {NamedKey{kInsert, u"Insert"}, NamedKey{kDelete, u"Delete"}, NamedKey{0xBB, u"+"},
+                               NamedKey{0xBD, u"-"},         NamedKey{0x6B, u"Num+"},      NamedKey{0x6D, u"Num-"},
+                               NamedKey{0x60, u"Num0"}};
+
 bool IsFunctionKey(std::uint16_t code) {
   return code >= kF1 && code < kF1 + kFunctionKeys;
 }
@@ -34,7 +43,8 @@ std::u16string NameOf(std::uint16_t code) {
   if (IsFunctionKey(code)) {
     return u"F" + DecimalText(code - kF1 + 1);
   }
-  return code == kInsert ? u"Insert" : code == kDelete ? u"Delete" : u"";
+  const auto* const named = std::ranges::find(kNamed, code, &NamedKey::code);
+  return named == kNamed.end() ? std::u16string() : std::u16string(named->name);
 }
 
 struct Reserved {
@@ -88,7 +98,8 @@ std::u16string WhyNoCommandMayHave(const KeyStroke& key) {
   if (NameOf(key.code).empty()) {
     return u"不能用作快捷键，可以用字母、数字、F1 到 F12、Insert 和 Delete";
   }
-  if (!key.ctrl && (IsLetter(key.code) || IsFigure(key.code))) {
+  const bool types = !IsFunctionKey(key.code) && key.code != kInsert && key.code != kDelete;
+  if (!key.ctrl && types) {
     return u"要和 Ctrl 一起按，否则打不出这个字";
   }
   if (key.ctrl && key.shift && IsFigure(key.code)) {

@@ -17,7 +17,8 @@ struct KeyStroke {
   friend auto operator<=>(const KeyStroke&, const KeyStroke&) = default;
 };
 
-// Of letters, figures, function keys, Insert and Delete; nothing for other texts and keys.
+// Of letters, figures, function keys, Insert, Delete and some with signs ("Ctrl++", "Ctrl+Num-"); nothing for other
+// texts and keys.
 std::optional<KeyStroke> ParseKeyStroke(std::u16string_view text);
 std::u16string KeyStrokeText(const KeyStroke& key);
 

@@ -17,6 +17,8 @@ class MainWindow : public Interface {
   // Shuts the program down once the command has ended, unless the user calls it off.
   virtual void RequestClose() = 0;
   virtual void SetWordWrap(bool wraps) = 0;
+  virtual void SetZoom(int percent) = 0;
+  virtual void SetLineNumbers(bool shown) = 0;
   virtual void SetKeys(const KeyMap& keys) = 0;
   // The menu of a panel of the status bar.
   virtual void OpenEncodingMenu() = 0;

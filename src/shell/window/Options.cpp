@@ -33,7 +33,6 @@ void SaveOptions(const Options& options, Settings& settings) {
                     {std::u16string(kRegExpObject), flag(options.usesRegExpObject)},
                     {std::u16string(kDefaultFile), TextOfPath(options.defaultFile)}},
                    Store::kRegistry, kWindowSection);
-  options.keys.Save(settings);
 }
 
 namespace {
@@ -44,6 +43,7 @@ void mnuOptions(Workbench& workbench, MainWindow& window, OptionsDialog& dialog)
   if (const std::optional<Options> options = dialog.Ask(workbench, present)) {
     SaveOptions(*options, workbench.settings());
     window.SetWordWrap(options->wraps);
+    options->keys.Save(workbench.settings());
     window.SetKeys(options->keys);
   }
 }

@@ -42,7 +42,15 @@ void mnuAllcaps(Workbench& workbench) {
 
 void mnuFont(Workbench& workbench, EditBox& box) {
   const FontDescription font = box.Font();
-  const std::u16string line = workbench.prompts().Input({.prompt = u"字体设置：", .preset = FontToLine(font)});
+  const auto choose = [&](const std::u16string& typed) {
+    const std::optional<FontDescription> chosen = box.AskForFont(ApplyFontLine(font, typed));
+    return chosen ? FontToLine(*chosen) : typed;
+  };
+  const std::u16string line = workbench.prompts().Input({.prompt = u"字体设置：",
+                                                         .preset = FontToLine(font),
+                                                         .hasFields = true,
+                                                         .assistant = u"选择(&C)...",
+                                                         .assist = choose});
   if (!line.empty()) {
     box.SetFont(ApplyFontLine(font, line));
   }

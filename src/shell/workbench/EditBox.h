@@ -1,6 +1,8 @@
 // What the commands of the editor ask of its edit box beyond the text: clipboard and character formats.
 #pragma once
 
+#include <optional>
+
 #include "shell/workbench/FontLine.h"
 #include "text/Interface.h"
 
@@ -23,6 +25,8 @@ class EditBox : public Interface {
   // The font of the whole box.
   virtual FontDescription Font() const = 0;
   virtual void SetFont(const FontDescription& font) = 0;
+  // The platform's dialog; nothing when it was cancelled.
+  virtual std::optional<FontDescription> AskForFont(const FontDescription& preset) = 0;
 };
 
 }  // namespace scrivanta

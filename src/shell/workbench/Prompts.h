@@ -3,6 +3,7 @@
 #pragma once
 
 #include <filesystem>
+#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
@@ -29,6 +30,11 @@ struct InputQuestion {
   std::u16string title = u"Scrivanta";
   std::u16string preset = {};
   bool hidden = false;  // shows dots in place of what is typed
+  // The preset is a line of fields: the box is as wide as they are, and the caret stands at their beginning.
+  bool hasFields = false;
+  // A third button, and what it makes of the text that is typed.
+  std::u16string assistant = {};
+  std::function<std::u16string(const std::u16string& typed)> assist = nullptr;
 };
 
 struct FileQuestion {

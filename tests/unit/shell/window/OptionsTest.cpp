@@ -2,6 +2,7 @@
 
 #include "shell/window/ChosenRegExpEngine.h"
 #include "shell/window/Options.h"
+#include "shell/window/View.h"
 #include "support/ScriptedWorkbench.h"
 
 namespace scrivanta {
@@ -25,6 +26,8 @@ class WrappingWindow final : public MainWindow {
   void KeepPlacement() override {}
   void RequestClose() override {}
   void SetWordWrap(bool wrap) override { wraps = wrap; }
+  void SetZoom(int percent) override { zoom = percent; }
+  void SetLineNumbers(bool shown) override { numbers = shown; }
   void SetKeys(const KeyMap& chosen) override { keys = chosen; }
   void OpenEncodingMenu() override {}
   void OpenLineEndsMenu() override {}
@@ -33,6 +36,8 @@ class WrappingWindow final : public MainWindow {
 
   std::optional<bool> wraps;
   KeyMap keys;
+  int zoom = 0;
+  bool numbers = false;
 };
 
 TEST(Options, AreKeptAndAppliedOnlyWhenTheUserSaysSo) {
@@ -59,6 +64,49 @@ TEST(Options, AreKeptAndAppliedOnlyWhenTheUserSaysSo) {
   EXPECT_EQ(dialog.shown, before);
   EXPECT_EQ(window.wraps, false);
   EXPECT_EQ(settings.Get(u"LineReturn", Store::kRegistry, u"Settings"), u"1");
+}
+
+TEST(View, IsChangedByCommandsAndKept) {
+  testing::ScriptedWorkbench workbench;
+  const Settings& settings = workbench.settings();
+  WrappingWindow window;
+  CommandTable table;
+  RegisterViewCommands(table, window);
+  EXPECT_EQ(ReadZoom(settings), 100);
+  table.Run("mnuZoomIn", workbench);
+  table.Run("mnuZoomIn", workbench);
+  EXPECT_EQ(window.zoom, 125);
+  EXPECT_EQ(ReadZoom(settings), 125);
+  EXPECT_EQ(workbench.status, u"显示比例 125%");
+  table.Run("mnuZoomReset", workbench);
+  table.Run("mnuZoomOut", workbench);
+  EXPECT_EQ(window.zoom, 90);
+
+  KeyMap keys;
+  keys.Assign("mnuPrint", std::nullopt);
+  keys.Save(workbench.settings());
+  table.Run("mnuWordWrap", workbench);
+  EXPECT_EQ(window.wraps, true);
+  EXPECT_TRUE(ReadOptions(settings).wraps);
+  EXPECT_EQ(KeyMap(settings), keys) << "the keys of the user are none of its business";
+  table.Run("mnuWordWrap", workbench);
+  EXPECT_EQ(window.wraps, false);
+
+  table.Run("mnuLineNumbers", workbench);
+  EXPECT_TRUE(window.numbers);
+  EXPECT_TRUE(ReadLineNumbers(settings));
+}
+
+TEST(View, ZoomStaysWithinItsSteps) {
+  EXPECT_EQ(NextZoom(400, true), 400);
+  EXPECT_EQ(NextZoom(50, false), 50);
+  EXPECT_EQ(NextZoom(103, true), 110);
+  EXPECT_EQ(NextZoom(103, false), 100);
+  testing::ScriptedWorkbench workbench;
+  for (const auto& [text, zoom] : {std::pair(u"9999", 400), {u"-5", 50}, {u"x", 50}, {u"120", 120}}) {
+    workbench.settings().Save(u"Zoom", text, Store::kRegistry, kWindowSection);
+    EXPECT_EQ(ReadZoom(workbench.settings()), zoom);
+  }
 }
 
 TEST(Options, ChooseWhatSearchesPatterns) {

@@ -20,6 +20,8 @@ class RecordingWindow final : public MainWindow, public EditBox {
   void KeepPlacement() override { done.emplace_back("keep placement"); }
   void RequestClose() override { done.emplace_back("close"); }
   void SetWordWrap(bool) override {}
+  void SetZoom(int) override {}
+  void SetLineNumbers(bool) override {}
   void SetKeys(const KeyMap&) override {}
   void OpenEncodingMenu() override {}
   void OpenLineEndsMenu() override {}
@@ -34,11 +36,20 @@ class RecordingWindow final : public MainWindow, public EditBox {
   void SetEffect(TextEffect effect, bool on) override { effects.emplace_back(effect, on); }
   FontDescription Font() const override { return font; }
   void SetFont(const FontDescription& wanted) override { font = wanted; }
+  std::optional<FontDescription> AskForFont(const FontDescription& preset) override {
+    if (chosenName.empty()) {
+      return std::nullopt;
+    }
+    FontDescription chosen = preset;
+    chosen.name = chosenName;
+    return chosen;
+  }
 
   std::vector<std::string> done;
   std::vector<std::pair<TextEffect, bool>> effects;
   bool hasEffect = false;
   FontDescription font{.name = u"宋体", .size = 10.5};
+  std::u16string chosenName;  // in the platform's dialog, which is cancelled while there is none
 };
 
 class ShellCommandsTest : public ::testing::Test {
@@ -101,7 +112,12 @@ TEST_F(ShellCommandsTest, TheFontLineIsAppliedUnlessItIsEmpty) {
             u"字体：宋体|字号：10.5|颜色：0|粗体：False|斜体：False|下划线：False|删除线：False");
   const FontDescription expected = {.name = u"宋体", .size = 16, .bold = true};
   EXPECT_EQ(window.font, expected);
-  workbench.prompts().Will(std::u16string());
+  workbench.prompts().Will(std::u16string(), [this] {
+    const auto& assist = workbench.prompts().inputs.back().assist;
+    EXPECT_EQ(assist(u"字号：12"), u"字号：12");
+    window.chosenName = u"黑体";
+    EXPECT_EQ(assist(u"字号：12"), u"字体：黑体|字号：12|颜色：0|粗体：True|斜体：False|下划线：False|删除线：False");
+  });
   Run("mnuFont");
   EXPECT_EQ(window.font, expected);
 }
