@@ -10,6 +10,13 @@ FreshRichEdit::~FreshRichEdit() {
   }
 }
 
+void FreshRichEdit::ShowAbove() {
+  box_.SetReadOnly(true);
+  box_.Select({0, 0});
+  SetWindowPos(box_.handle(), HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE | SWP_SHOWWINDOW);
+  UpdateWindow(box_.handle());
+}
+
 void FreshRichEdit::TakePlace() {
   const HWND old = old_.handle();
   const HWND fresh = box_.handle();

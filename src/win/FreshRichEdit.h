@@ -17,6 +17,9 @@ class FreshRichEdit {
 
   RichEdit& box() noexcept { return box_; }
 
+  // Shows it above the other one, for reading, until this goes.
+  void ShowAbove();
+
   // Takes over place, identifier, focus, event mask and whatever else the user could tell the two apart by. The old
   // control is destroyed, and the RichEdit that stood for it stands for this one.
   void TakePlace();

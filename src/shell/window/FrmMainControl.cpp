@@ -16,6 +16,24 @@ LONG Clip(std::size_t position) {
   return static_cast<LONG>(std::min<std::size_t>(position, std::numeric_limits<LONG>::max()));
 }
 
+// In characters. Less is loaded before anybody could read.
+constexpr std::size_t kLeastForFirstPage = 200'000;
+
+// Whole lines, more than a screen shows.
+std::u16string_view FirstPage(std::u16string_view text) {
+  constexpr std::size_t kLongest = 16'384;
+  constexpr std::size_t kMostLines = 150;
+  std::size_t end = 0;
+  for (std::size_t line = 0; line < kMostLines; ++line) {
+    const std::size_t next = text.find(u"\r\n", end);
+    if (next > kLongest) {
+      break;
+    }
+    end = next + 2;
+  }
+  return text.substr(0, end == 0 ? kLongest : end);
+}
+
 std::size_t BreaksIn(std::u16string_view text) {
   return static_cast<std::size_t>(std::ranges::count(text, u'\r'));
 }
@@ -131,6 +149,17 @@ void FrmMainControl::Select(ControlRange range) {
   box_.Select(ToPlatform(range));
   box_.ScrollToCaret();
   box_.SetEventMask(eventMask);
+}
+
+void FrmMainControl::LoadDocument(std::u16string_view text) {
+  std::optional<FreshRichEdit> firstPage;
+  if (text.size() > kLeastForFirstPage) {
+    NoProgress progress;
+    firstPage.emplace(box_, RichTextBox0);
+    firstPage->box().LoadText(ToControlText(FirstPage(text)), progress);
+    firstPage->ShowAbove();
+  }
+  LoadText(text);
 }
 
 void FrmMainControl::LoadText(std::u16string_view text) {

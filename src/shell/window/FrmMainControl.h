@@ -38,6 +38,8 @@ class FrmMainControl final : public UndoTarget {
   void Rebuild(const RichText& richText, std::u16string_view documentText) override;
   void Select(ControlRange range) override;
 
+  // A new document of plain text. Of a large one the first page can be read while the rest is loaded.
+  void LoadDocument(std::u16string_view text);
   // The whole anew, from its beginning: without formatting; from the bytes of a rich text. False when they are none,
   // and nothing is changed.
   void LoadText(std::u16string_view text);

@@ -76,7 +76,7 @@ void FrmMainEditor::HandleSelection() {
 }
 
 void FrmMainEditor::ShowDocument(std::u16string_view text) {
-  control_.LoadText(text);
+  control_.LoadDocument(text);
   history_.Reset(control_);
 }
 
