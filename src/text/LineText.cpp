@@ -64,6 +64,18 @@ std::vector<std::u16string> SplitLines(std::u16string_view text) {
   return lines;
 }
 
+std::u16string TableLine(std::initializer_list<std::u16string_view> fields) {
+  std::u16string line;
+  for (const std::u16string_view field : fields) {
+    for (const char16_t c : field) {
+      line += c == u'\t' || c == u'\r' || c == u'\n' ? u' ' : c;
+    }
+    line += u'\t';
+  }
+  line.pop_back();
+  return line + u"\r\n";
+}
+
 std::string WithLineFeedsOnly(std::string text) {
   if (text.find('\r') == std::string::npos) {
     return text;

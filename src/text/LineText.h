@@ -1,6 +1,7 @@
 // Lines and pieces of text that many parts of the program take apart and put together.
 #pragma once
 
+#include <initializer_list>
 #include <string>
 #include <string_view>
 #include <type_traits>
@@ -36,6 +37,9 @@ void AppendLine(std::u16string& joined, std::u16string_view line);
 std::u16string JoinLines(const std::vector<std::u16string>& lines);
 // The lines between line breaks, without empty ones.
 std::vector<std::u16string> SplitLines(std::u16string_view text);
+
+// A line of a table with tabs, its line break (CR LF) included; tabs and line breaks in a field become blanks.
+std::u16string TableLine(std::initializer_list<std::u16string_view> fields);
 
 // CR LF and CR become LF.
 std::string WithLineFeedsOnly(std::string text);

@@ -19,13 +19,6 @@ BOOL CALLBACK AddWindow(HWND window, LPARAM parameter) {
   return windows.failure.Hold([&] { windows.list.push_back(window); }) ? TRUE : FALSE;
 }
 
-std::vector<HWND> TopLevelWindows() {
-  Windows windows;
-  EnumWindows(&AddWindow, reinterpret_cast<LPARAM>(&windows));
-  windows.failure.Rethrow();
-  return std::move(windows.list);
-}
-
 bool IsOurs(HWND window) {
   DWORD process = 0;
   GetWindowThreadProcessId(window, &process);
@@ -33,6 +26,20 @@ bool IsOurs(HWND window) {
 }
 
 }  // namespace
+
+std::vector<HWND> TopLevelWindows() {
+  Windows windows;
+  EnumWindows(&AddWindow, reinterpret_cast<LPARAM>(&windows));
+  windows.failure.Rethrow();
+  return std::move(windows.list);
+}
+
+std::vector<HWND> ControlsIn(HWND window) {
+  Windows windows;
+  EnumChildWindows(window, &AddWindow, reinterpret_cast<LPARAM>(&windows));
+  windows.failure.Rethrow();
+  return std::move(windows.list);
+}
 
 std::vector<std::u16string> TopLevelWindowTitles() {
   std::vector<std::u16string> titles;

@@ -10,6 +10,11 @@
 
 namespace scrivanta {
 
+// From the front to the back.
+std::vector<HWND> TopLevelWindows();
+// Each followed by the controls in it.
+std::vector<HWND> ControlsIn(HWND window);
+
 std::vector<std::u16string> TopLevelWindowTitles();
 
 // The titles of those that can be seen and have one, each once.

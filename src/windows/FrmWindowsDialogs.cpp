@@ -2,6 +2,7 @@
 
 #include "win/TopLevelWindows.h"
 #include "windows/FrmRelativeCoordinates.h"
+#include "windows/desk/FrmWindows.h"
 #include "windows/input/FrmSendInput.h"
 
 namespace scrivanta {
@@ -13,6 +14,11 @@ void FrmWindowsDialogs::ShowCoordinates(CoordinatesDialog& dialog) {
 
 void FrmWindowsDialogs::ShowSendInput(SendInputDialog& dialog) {
   FrmSendInput window(host_, dialog);
+  window.ShowModal(owner_());
+}
+
+void FrmWindowsDialogs::ShowWindows(WindowsDialog& dialog) {
+  FrmWindows window(host_, dialog);
   window.ShowModal(owner_());
 }
 

@@ -18,6 +18,7 @@ class FrmWindowsDialogs final : public WindowsDialogs, public WindowPlaces {
 
   void ShowCoordinates(CoordinatesDialog& dialog) override;
   void ShowSendInput(SendInputDialog& dialog) override;
+  void ShowWindows(WindowsDialog& dialog) override;
 
   std::vector<std::u16string> Captions() const override;
   std::optional<ScreenPoint> ClientCorner(std::u16string_view caption) const override;

@@ -2,6 +2,7 @@
 
 #include "windows/FrmWindowsDialogs.h"
 #include "windows/WindowsCommands.h"
+#include "windows/desk/ScrivantaWindowDesk.h"
 #include "windows/input/ScrivantaInputDevice.h"
 
 namespace scrivanta {
@@ -13,6 +14,7 @@ struct Windows final : Subsystem {
 
   FrmWindowsDialogs dialogs;
   ScrivantaInputDevice input;
+  ScrivantaWindowDesk desk;
 };
 
 }  // namespace
@@ -20,9 +22,10 @@ struct Windows final : Subsystem {
 std::unique_ptr<Subsystem> OpenWindows(const SubsystemHost& host) {
   auto subsystem = std::make_unique<Windows>(host);
   RegisterWindowsCommands(host.commands, subsystem->dialogs,
-                          {.places = subsystem->dialogs, .input = subsystem->input, .makeStopKey = [] {
-                             return std::make_unique<ScrivantaStopKey>();
-                           }});
+                          {.places = subsystem->dialogs,
+                           .input = subsystem->input,
+                           .makeStopKey = [] { return std::make_unique<ScrivantaStopKey>(); },
+                           .desk = subsystem->desk});
   return subsystem;
 }
 

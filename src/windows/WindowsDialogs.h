@@ -8,6 +8,7 @@ namespace scrivanta {
 
 class CoordinatesDialog;
 class SendInputDialog;
+class WindowsDialog;
 
 class WindowsDialogs : public Interface {
  public:
@@ -15,6 +16,8 @@ class WindowsDialogs : public Interface {
   virtual void ShowCoordinates(CoordinatesDialog& dialog) = 0;
   // FrmSendInput, likewise.
   virtual void ShowSendInput(SendInputDialog& dialog) = 0;
+  // FrmWindows, likewise.
+  virtual void ShowWindows(WindowsDialog& dialog) = 0;
 };
 
 }  // namespace scrivanta

@@ -99,6 +99,7 @@ constexpr auto kExpectedMenu = std::to_array<ExpectedEntry>({
     {"mnuStatistics", u"&S 统计"},
     {"mnuOptions", u"&O 选项..."},
     {"mnuSep12", u"-"},
+    {"mnuWindows", u"&W 窗口与进程..."},
     {"mnuSendInput", u"&K 模拟键盘鼠标..."},
     {"mnuRegistry", u"&G 注册表..."},
     {"mnuTypeLibraries", u"&T 类型库..."},

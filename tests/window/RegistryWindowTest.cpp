@@ -1,10 +1,6 @@
 // The registry's window on a key of the test's own, type libraries, shortcuts.
 #include <windows.h>
 
-#include <commctrl.h>
-
-#include <array>
-
 #include "system/folders/FrmFoldersControls.h"
 #include "system/folders/ScrivantaShortcuts.h"
 #include "system/registry/FrmRegistryControls.h"
@@ -24,26 +20,11 @@ class RegistryWindowTest : public WindowTest {
   RegistryWindowTest() { registry.Delete(key); }
   ~RegistryWindowTest() override { registry.Delete(key); }
 
-  static std::u16string Cell(const DialogDriver& dialog, int list, int row, int column) {
-    std::array<wchar_t, 512> text{};
-    LVITEMW item{};
-    item.iSubItem = column;
-    item.pszText = text.data();
-    item.cchTextMax = static_cast<int>(text.size());
-    Send(dialog.Control(list), LVM_GETITEMTEXTW, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&item));
-    return FromWide(text.data());
-  }
-  static void ChooseRow(const DialogDriver& dialog, int list, int row) {
-    LVITEMW item{};
-    item.stateMask = LVIS_SELECTED | LVIS_FOCUSED;
-    item.state = item.stateMask;
-    Send(dialog.Control(list), LVM_SETITEMSTATE, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&item));
-  }
   // The change that is shown, agreed to.
   void Agree(std::u16string_view before, std::u16string_view after) {
     DialogDriver changes = app.ExpectDialog(u"注册表将这样改变");
-    EXPECT_EQ(Cell(changes, LstChanges, 0, 2), before);
-    EXPECT_EQ(Cell(changes, LstChanges, 0, 3), after);
+    EXPECT_EQ(changes.Cell(LstChanges, 0, 2), before);
+    EXPECT_EQ(changes.Cell(LstChanges, 0, 3), after);
     changes.Press(IDOK);
     changes.WaitUntilGone();
     app.Settle();
@@ -85,10 +66,10 @@ TEST_F(RegistryWindowTest, ChangesAValueAndTakesItBack) {
   app.Menu("mnuRegistry");
   DialogDriver dialog = app.ExpectDialog(u"注册表");
   EXPECT_EQ(dialog.Text(TxtRegistryKey), key);
-  EXPECT_EQ(Cell(dialog, LstRegistryValues, 0, 0), u"名");
-  EXPECT_EQ(Cell(dialog, LstRegistryValues, 0, 2), u"旧");
+  EXPECT_EQ(dialog.Cell(LstRegistryValues, 0, 0), u"名");
+  EXPECT_EQ(dialog.Cell(LstRegistryValues, 0, 2), u"旧");
 
-  ChooseRow(dialog, LstRegistryValues, 0);
+  dialog.ChooseRow(LstRegistryValues, 0);
   dialog.Press(CmdEditValue);
   DialogDriver value = app.ExpectDialog(u"注册表的值");
   value.Choose(CboValueType, u"REG_DWORD").Type(TxtValueData, u"x").Press(IDOK);
@@ -96,7 +77,7 @@ TEST_F(RegistryWindowTest, ChangesAValueAndTakesItBack) {
       .Answer(Answer::kOk);
   value.Type(TxtValueData, u"0x10").Press(IDOK);
   Agree(u"REG_SZ  旧", u"REG_DWORD  0x00000010 (16)");
-  EXPECT_EQ(Cell(dialog, LstRegistryValues, 0, 2), u"0x00000010 (16)");
+  EXPECT_EQ(dialog.Cell(LstRegistryValues, 0, 2), u"0x00000010 (16)");
   EXPECT_EQ(FindValue(registry, key, u"名")->type, RegistryType::kDword);
   const std::u16string remark = dialog.Text(LblRegistryRemark);
   ASSERT_TRUE(remark.starts_with(u"已改变1处；“恢复”读 ")) << Shown(remark);
@@ -118,7 +99,7 @@ TEST_F(RegistryWindowTest, ChangesAValueAndTakesItBack) {
   Agree(u"1个键，0个值", u"（删除）");
   EXPECT_EQ(dialog.Text(TxtRegistryKey), key);
   dialog.Type(TxtRegistryFind, u"旧").Press(CmdRegistryFind);
-  EXPECT_EQ(Cell(dialog, LstRegistryValues, 0, 3), key);
+  EXPECT_EQ(dialog.Cell(LstRegistryValues, 0, 3), key);
   dialog.Press(CmdRegistryToDocument).Press(IDCANCEL);
   dialog.WaitUntilGone();
   app.ExpectText(u"键\t名称\t类型\t数据\r\n" + key + u"\t名\tREG_SZ\t旧\r\n");
@@ -139,8 +120,8 @@ TEST_F(RegistryWindowTest, ShortcutIsMadeFoundWrongAndLedRight) {
   app.Start();
   app.Menu("mnuFolders");
   DialogDriver dialog = app.ExpectDialog(u"特殊文件夹与快捷方式");
-  EXPECT_EQ(Cell(dialog, LstSpecialFolders, 0, 0), u"桌面");
-  EXPECT_TRUE(std::filesystem::path(Cell(dialog, LstSpecialFolders, 0, 1)).is_absolute());
+  EXPECT_EQ(dialog.Cell(LstSpecialFolders, 0, 0), u"桌面");
+  EXPECT_TRUE(std::filesystem::path(dialog.Cell(LstSpecialFolders, 0, 1)).is_absolute());
   dialog.Press(CmdNewShortcut);
   DialogDriver form = app.ExpectDialog(u"快捷方式");
   form.Type(TxtShortcutFile, link.u16string()).Type(TxtShortcutTarget, target.u16string());
@@ -157,7 +138,7 @@ TEST_F(RegistryWindowTest, ShortcutIsMadeFoundWrongAndLedRight) {
   std::filesystem::create_directory(moved);
   std::filesystem::rename(target, moved / u"目标.txt");
   dialog.Type(TxtShortcutPlaces, folder.path().u16string()).Press(CmdListShortcuts);
-  EXPECT_EQ(Cell(dialog, LstShortcuts, 0, 3), u"目标不在");
+  EXPECT_EQ(dialog.Cell(LstShortcuts, 0, 3), u"目标不在");
   EXPECT_FALSE(dialog.IsEnabled(CmdChangeShortcuts));
   dialog.Type(TxtOldBeginning, folder.path().u16string()).Type(TxtNewBeginning, moved.u16string());
   dialog.Press(CmdReplaceBeginning).Press(CmdChangeShortcuts);
@@ -167,7 +148,7 @@ TEST_F(RegistryWindowTest, ShortcutIsMadeFoundWrongAndLedRight) {
   read = ScrivantaShortcuts().Read(link);
   EXPECT_EQ(read.target, (moved / u"目标.txt").u16string());
   EXPECT_EQ(read.arguments, u"/a 参数");
-  EXPECT_EQ(Cell(dialog, LstShortcuts, 0, 3), u"");
+  EXPECT_EQ(dialog.Cell(LstShortcuts, 0, 3), u"");
   dialog.Press(IDCANCEL);
   dialog.WaitUntilGone();
 }

@@ -6,6 +6,7 @@
 #include "system/folders/FileCopies.h"
 #include "text/Bytes.h"
 #include "text/DecimalText.h"
+#include "text/LineText.h"
 #include "text/EnvironmentText.h"
 #include "text/ExplainedError.h"
 #include "text/PlatformFile.h"
@@ -26,16 +27,6 @@ ShortcutRow RowOf(const ListedShortcut& listed) {
           .hotKey = HotKeyText(shortcut.hotKey),
           .corrected = listed.corrected ? listed.corrected->target : std::u16string(),
           .remark = listed.remark};
-}
-
-std::u16string Fields(std::initializer_list<std::u16string_view> fields) {
-  std::u16string line;
-  for (const std::u16string_view field : fields) {
-    line += field;
-    line += u'\t';
-  }
-  line.back() = u'\r';
-  return line + u'\n';
 }
 
 // Throws ExplainedError for what no shortcut can say.
@@ -84,9 +75,9 @@ void FoldersDialog::ListFolder(FoldersView& view, std::size_t row) {
 }
 
 void FoldersDialog::PutFoldersIntoDocument(FoldersView& view) {
-  std::u16string lines = Fields({u"名称", u"文件夹"});
+  std::u16string lines = TableLine({u"名称", u"文件夹"});
   for (const SpecialFolder& folder : listed_) {
-    lines += Fields({folder.name, TextOfPath(folder.path)});
+    lines += TableLine({folder.name, TextOfPath(folder.path)});
   }
   workbench_.editor().ReplaceSelection(lines);
   view.ShowRemark(u"已放入文档" + DecimalText(listed_.size()) + u"行");
@@ -259,10 +250,10 @@ void FoldersDialog::TakeBack(FoldersView& view) {
 }
 
 void FoldersDialog::PutShortcutsIntoDocument(FoldersView& view) {
-  std::u16string lines = Fields({u"快捷方式", u"目标", u"参数", u"起始位置", u"图标", u"快捷键", u"备注"});
+  std::u16string lines = TableLine({u"快捷方式", u"目标", u"参数", u"起始位置", u"图标", u"快捷键", u"备注"});
   for (const ListedShortcut& listed : list_.shortcuts) {
     const ShortcutRow row = RowOf(listed);
-    lines += Fields({row.file, row.target, row.arguments, row.folder, row.icon, row.hotKey, row.remark});
+    lines += TableLine({row.file, row.target, row.arguments, row.folder, row.icon, row.hotKey, row.remark});
   }
   workbench_.editor().ReplaceSelection(lines);
   view.ShowRemark(u"已放入文档" + DecimalText(list_.shortcuts.size()) + u"行");

@@ -4,6 +4,7 @@
 #include <system_error>
 
 #include "text/DecimalText.h"
+#include "text/LineText.h"
 #include "text/PlatformFile.h"
 #include "text/SameFile.h"
 #include "text/UpperCase.h"
@@ -11,18 +12,6 @@
 namespace scrivanta {
 
 namespace {
-
-void AddRow(std::u16string& lines, std::initializer_list<std::u16string_view> fields) {
-  bool isFirst = true;
-  for (const std::u16string_view field : fields) {
-    lines += isFirst ? u"" : u"\t";
-    for (const char16_t c : field) {
-      lines += c == u'\t' || c == u'\r' || c == u'\n' ? u' ' : c;
-    }
-    isFirst = false;
-  }
-  lines += u"\r\n";
-}
 
 std::u16string_view KindText(ReferenceKind kind) {
   switch (kind) {
@@ -74,7 +63,7 @@ Registration RegistrationOf(const RegistryKeys& keys, const TypeLibraryId& id) {
 
 ReferenceTable StartReferenceTable() {
   ReferenceTable table;
-  AddRow(table.lines, {u"种类", u"名称", u"版本", u"文件", u"在不在", u"登记", u"登记的文件", u"编号", u"工程"});
+  table.lines += TableLine({u"种类", u"名称", u"版本", u"文件", u"在不在", u"登记", u"登记的文件", u"编号", u"工程"});
   return table;
 }
 
@@ -99,31 +88,31 @@ void AddReferences(ReferenceTable& table, const std::filesystem::path& project, 
     ++table.references;
     table.missing += isThere ? 0 : 1;
     table.unregistered += reference.id && !registration.isRegistered ? 1 : 0;
-    AddRow(table.lines,
-           {KindText(reference.kind), reference.name.empty() ? registration.name : reference.name,
-            reference.id ? VersionText(*reference.id) : std::u16string(), TextOfPath(file), isThere ? u"在" : u"不在",
-            registration.text, registration.file, reference.id ? reference.id->guid : std::u16string(), projectText});
+    table.lines += TableLine({KindText(reference.kind), reference.name.empty() ? registration.name : reference.name,
+                              reference.id ? VersionText(*reference.id) : std::u16string(), TextOfPath(file),
+                              isThere ? u"在" : u"不在", registration.text, registration.file,
+                              reference.id ? reference.id->guid : std::u16string(), projectText});
   }
   for (const UnreadReference& unread : references.unread) {
-    AddRow(table.lines, {u"看不懂", unread.text, u"", u"", u"", u"", u"", u"",
-                         projectText + u"，第" + DecimalText(unread.line) + u"行"});
+    table.lines += TableLine({u"看不懂", unread.text, u"", u"", u"", u"", u"", u"",
+                              projectText + u"，第" + DecimalText(unread.line) + u"行"});
   }
 }
 
 std::u16string TypeLibraryTable(const std::vector<RegisteredLibrary>& libraries, std::u16string_view filter) {
   const std::u16string wanted = UpperCase(filter);
   std::u16string lines;
-  AddRow(lines, {u"名称", u"版本", u"语言", u"文件", u"在不在", u"位数", u"编号"});
+  lines += TableLine({u"名称", u"版本", u"语言", u"文件", u"在不在", u"位数", u"编号"});
   for (const RegisteredLibrary& library : libraries) {
     if (UpperCase(library.name + u"\n" + library.file + u"\n" + library.id.guid).find(wanted) == wanted.npos) {
       continue;
     }
-    AddRow(lines, {library.name, VersionText(library.id), DecimalText(library.id.language), library.file,
-                   IsThere(PathOfText(FileOfLibrary(library.file))) ? u"在" : u"不在",
-                   library.has32Bit && library.has64Bit ? u"32、64"
-                   : library.has32Bit                   ? u"32"
-                                                        : u"64",
-                   library.id.guid});
+    lines += TableLine({library.name, VersionText(library.id), DecimalText(library.id.language), library.file,
+                        IsThere(PathOfText(FileOfLibrary(library.file))) ? u"在" : u"不在",
+                        library.has32Bit && library.has64Bit ? u"32、64"
+                        : library.has32Bit                   ? u"32"
+                                                             : u"64",
+                        library.id.guid});
   }
   return lines;
 }

@@ -8,6 +8,7 @@
 #include "text/AtomicFile.h"
 #include "text/Bytes.h"
 #include "text/DecimalText.h"
+#include "text/LineText.h"
 #include "text/NaturalOrder.h"
 #include "text/PathParts.h"
 #include "text/PlatformFile.h"
@@ -24,13 +25,6 @@ constexpr std::size_t kMostFound = 10'000;
 void SortValues(std::vector<RegistryValue>& values) {
   std::ranges::sort(
       values, [](const RegistryValue& left, const RegistryValue& right) { return NaturalLess(left.name, right.name); });
-}
-
-std::u16string Field(std::u16string_view text) {
-  std::u16string field(text);
-  std::ranges::replace_if(
-      field, [](char16_t c) { return c == u'\t' || c == u'\r' || c == u'\n'; }, u' ');
-  return field;
 }
 
 }  // namespace
@@ -265,12 +259,9 @@ void RegistryDialog::OpenInEditor() {
 void RegistryDialog::PutIntoDocument(RegistryView& view) {
   std::u16string lines = u"键\t名称\t类型\t数据\r\n";
   for (const RegistryListRow& row : rows_) {
-    lines += Field(row.key);
-    if (!row.isKey) {
-      lines += u"\t" + Field(ShowRegistryName(row.value.name)) + u"\t" + RegistryTypeName(row.value.type) + u"\t" +
-               Field(ShowRegistryData(row.value));
-    }
-    lines += u"\r\n";
+    lines += row.isKey ? TableLine({row.key})
+                       : TableLine({row.key, ShowRegistryName(row.value.name), RegistryTypeName(row.value.type),
+                                    ShowRegistryData(row.value)});
   }
   workbench_.editor().ReplaceSelection(lines);
   view.ShowRemark(u"已放入文档" + DecimalText(rows_.size()) + u"行");

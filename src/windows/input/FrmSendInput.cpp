@@ -17,7 +17,7 @@ FrmSendInput::FrmSendInput(WindowHost& host, SendInputDialog& logic)
     : Dialog(host, IDD_FRM_SEND_INPUT), logic_(logic) {}
 
 void FrmSendInput::OnInit() {
-  list_.Attach(Control(LstInputSteps), {{u"行", 40}, {u"动作", 250}});
+  list_.Attach(Control(LstInputSteps), {{u"行", 40}, {u"动作", 290}});
   constexpr WPARAM kLongestScript = 0x7FFFFFFE;
   SendMessageW(Control(TxtInputScript), EM_LIMITTEXT, kLongestScript, 0);
   SetToolTip(
@@ -28,6 +28,7 @@ void FrmSendInput::OnInit() {
   SetTimer(handle(), kPointerTimer, kPointerInterval, nullptr);
   ShowPointer();
   logic_.Open(*this);
+  FocusOn(CmdCheckInput);  // what is typed does not take the place of all that was brought along
 }
 
 bool FrmSendInput::OnCommand(int controlId, int notification) {

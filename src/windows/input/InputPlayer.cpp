@@ -14,7 +14,7 @@ using std::chrono::milliseconds;
 constexpr milliseconds kStep{10};      // between two looks at whether it is to stop
 constexpr milliseconds kHoldTime{20};  // of a button while the pointer is dragged
 constexpr int kDragSteps = 8;
-constexpr milliseconds kArrival{300};  // of the last keys, before another window may come to the front
+constexpr milliseconds kArrival{300};          // of the last keys, before another window may come to the front
 constexpr milliseconds kActivationTime{2000};  // longest until a window is in front
 
 }  // namespace

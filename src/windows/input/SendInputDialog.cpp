@@ -113,7 +113,7 @@ void SendInputDialog::Play(SendInputView& view) {
 void SendInputDialog::PutIntoDocument(SendInputView& view) {
   std::u16string lines;
   for (const InputStepText& step : DescribeSteps(Parse(view))) {
-    lines += DecimalText(step.line) + u"\t" + step.text + u"\r\n";
+    lines += TableLine({DecimalText(step.line), step.text});
   }
   workbench_.editor().ReplaceSelection(lines);
 }

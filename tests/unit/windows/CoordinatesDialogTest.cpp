@@ -20,6 +20,7 @@ class PressConvert final : public WindowsDialogs, private CoordinatesView {
  public:
   void ShowCoordinates(CoordinatesDialog& dialog) override { dialog.Convert(*this); }
   void ShowSendInput(SendInputDialog&) override {}
+  void ShowWindows(WindowsDialog&) override {}
 
   CoordinatesForm form;
   bool closed = false;

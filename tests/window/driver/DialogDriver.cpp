@@ -100,6 +100,15 @@ DialogDriver& DialogDriver::Choose(int controlId, std::u16string_view item) {
   return *this;
 }
 
+DialogDriver& DialogDriver::ChooseRow(int controlId, int row) {
+  LVITEMW item{};
+  item.stateMask = LVIS_SELECTED | LVIS_FOCUSED;
+  item.state = item.stateMask;
+  Send(Control(controlId), LVM_SETITEMSTATE, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&item));
+  settle_();
+  return *this;
+}
+
 void DialogDriver::Close() {
   PostMessageW(window_, WM_SYSCOMMAND, SC_CLOSE, 0);
   WaitUntilGone();
@@ -142,6 +151,17 @@ std::vector<std::u16string> DialogDriver::Items(int controlId) const {
     items.push_back(FromWide(text));
   }
   return items;
+}
+
+std::u16string DialogDriver::Cell(int controlId, int row, int column) const {
+  constexpr std::size_t kLongestCell = 512;
+  std::array<wchar_t, kLongestCell> text{};
+  LVITEMW item{};
+  item.iSubItem = column;
+  item.pszText = text.data();
+  item.cchTextMax = static_cast<int>(text.size());
+  Send(Control(controlId), LVM_GETITEMTEXTW, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&item));
+  return FromWide(text.data());
 }
 
 std::u16string DialogDriver::ToolTip(int controlId) const {

@@ -24,6 +24,8 @@ class DialogDriver {
   DialogDriver& Press(int controlId);
   // Chooses an item of a combo or list box by its text. Throws DriverFailure when there is none.
   DialogDriver& Choose(int controlId, std::u16string_view item);
+  // A row of a list in columns.
+  DialogDriver& ChooseRow(int controlId, int row);
   void Close();
   void WaitUntilGone() const;
   bool IsOpen() const;
@@ -33,6 +35,8 @@ class DialogDriver {
   bool IsEnabled(int controlId) const;
   bool IsChecked(int controlId) const;
   std::vector<std::u16string> Items(int controlId) const;
+  // What a list in columns shows; empty where it has no such row.
+  std::u16string Cell(int controlId, int row, int column) const;
   // Empty when the control has none.
   std::u16string ToolTip(int controlId) const;
   // The identifier of the control that has the focus.
