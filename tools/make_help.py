@@ -428,7 +428,9 @@ class MenuEntry:
 
 def read_menu(path=ROOT / "src" / "shell" / "window" / "MenuTree.cpp"):
     """The commands of the menu: its entries without separators and without those of the bar."""
-    row = re.compile(r'\{"(mnu\w+)", u"([^"]*)"(, MenuLevel::kBar)?(?:, MenuLevel::kEntry)?(?:, u"([^"]*)")?\}')
+    row = re.compile(
+        r'\{"(mnu\w+)", u"([^"]*)"(, MenuLevel::kBar)?(?:, MenuLevel::kEntry)?(?:, u"([^"]*)"(?:, u"[^"]*")?)?\}'
+    )
     rows = row.findall(path.read_text(encoding="utf-8"))
     entries = [MenuEntry(name, caption.replace("&", ""), shortcut) for name, caption, bar, shortcut in rows if not bar]
     entries = [entry for entry in entries if entry.caption != "-"]
