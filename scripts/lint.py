@@ -33,7 +33,7 @@ ROOMS = {
     "sheets": {"text"},
     "regexp": {"text"},
     "win": {"text", "rtf"},
-    "shell/history": {"text"},
+    "shell/history": {"text", "rtf"},
     "shell/workbench": BELOW_WORKBENCH,
     "shell/settings": {"text", "shell/workbench"},
     "shell/document": BELOW_WORKBENCH | {"shell/workbench"},

@@ -33,46 +33,9 @@ void Append(std::vector<FormatRun>& runs, std::size_t length, const SharedFormat
   }
 }
 
-// Finds runs and lines by places of the text.
-class FormatIndex {
- public:
-  FormatIndex(std::u16string_view text, const TextFormats& formats) : formats_(formats) {
-    std::size_t at = 0;
-    for (const FormatRun& run : formats.runs) {
-      runStarts_.push_back(at);
-      at += run.length;
-    }
-    lineStarts_.push_back(0);
-    for (std::size_t found = text.find(u'\r'); found != std::u16string_view::npos;
-         found = text.find(u'\r', found + 1)) {
-      lineStarts_.push_back(found + 1);
-    }
-  }
-
-  // A place at the end of the text has the format of its last unit.
-  SharedFormat At(std::size_t place) const {
-    return runStarts_.empty() ? NoFormat() : formats_.runs[Find(runStarts_, place)].format;
-  }
-  const SharedFormat& ParagraphAt(std::size_t place) const { return formats_.paragraphs[Find(lineStarts_, place)]; }
-
-  void AppendRuns(std::size_t start, std::size_t length, std::vector<FormatRun>& runs) const {
-    for (std::size_t run = length == 0 ? runStarts_.size() : Find(runStarts_, start);
-         run < runStarts_.size() && runStarts_[run] < start + length; ++run) {
-      const std::size_t begin = std::max(start, runStarts_[run]);
-      const std::size_t end = std::min(start + length, runStarts_[run] + formats_.runs[run].length);
-      Append(runs, end - begin, formats_.runs[run].format);
-    }
-  }
-
- private:
-  static std::size_t Find(const std::vector<std::size_t>& starts, std::size_t place) {
-    return static_cast<std::size_t>(std::ranges::upper_bound(starts, place) - starts.begin()) - 1;
-  }
-
-  const TextFormats& formats_;
-  std::vector<std::size_t> runStarts_;
-  std::vector<std::size_t> lineStarts_;
-};
+std::size_t Find(const std::vector<std::size_t>& starts, std::size_t place) {
+  return static_cast<std::size_t>(std::ranges::upper_bound(starts, place) - starts.begin()) - 1;
+}
 
 // Writes formats as control words, with the tables that these refer to.
 class Writer {
@@ -245,9 +208,28 @@ class Writer {
 
 }  // namespace
 
+bool operator==(const FormatRun& a, const FormatRun& b) {
+  return a.length == b.length && AreSame(a.format, b.format);
+}
+
+bool operator==(const TextFormats& a, const TextFormats& b) {
+  return a.runs == b.runs && std::ranges::equal(a.paragraphs, b.paragraphs, &AreSame);
+}
+
 std::size_t TextFormats::length() const {
   return std::accumulate(runs.begin(), runs.end(), std::size_t{0},
                          [](std::size_t sum, const FormatRun& run) { return sum + run.length; });
+}
+
+TextFormats Joined(const TextFormats& first, const TextFormats& second) {
+  TextFormats joined = first;
+  for (const FormatRun& run : second.runs) {
+    Append(joined.runs, run.length, run.format);
+  }
+  const std::size_t shared = std::min<std::size_t>(first.paragraphs.empty() ? 0 : 1, second.paragraphs.size());
+  joined.paragraphs.insert(joined.paragraphs.end(), second.paragraphs.begin() + static_cast<std::ptrdiff_t>(shared),
+                           second.paragraphs.end());
+  return joined;
 }
 
 std::optional<FormattedText> FormattedText::Read(std::string_view rtf) {
@@ -265,36 +247,70 @@ FormattedText::FormattedText(std::u16string text, TextFormats formats)
   formats_.paragraphs.resize(static_cast<std::size_t>(std::ranges::count(text_, u'\r')) + 1, NoFormat());
 }
 
-TextFormats FormattedText::FormatsOf(std::size_t start, std::size_t length) const {
+FormatFinder::FormatFinder(const FormattedText& text) : formats_(text.formats()) {
+  std::size_t at = 0;
+  for (const FormatRun& run : formats_.runs) {
+    runStarts_.push_back(at);
+    at += run.length;
+  }
+  lineStarts_.push_back(0);
+  for (std::size_t found = text.text().find(u'\r'); found != std::u16string::npos;
+       found = text.text().find(u'\r', found + 1)) {
+    lineStarts_.push_back(found + 1);
+  }
+}
+
+SharedFormat FormatFinder::At(std::size_t place) const {
+  return runStarts_.empty() ? NoFormat() : formats_.runs[Find(runStarts_, place)].format;
+}
+
+const SharedFormat& FormatFinder::ParagraphAt(std::size_t place) const {
+  return formats_.paragraphs[Find(lineStarts_, place)];
+}
+
+TextFormats FormatFinder::Of(std::size_t start, std::size_t length) const {
   TextFormats formats;
-  FormatIndex(text_, formats_).AppendRuns(start, length, formats.runs);
-  const std::u16string_view text = text_;
-  const auto first = std::ranges::count(text.substr(0, start), u'\r');
-  const auto count = std::ranges::count(text.substr(start, length), u'\r') + 1;
-  formats.paragraphs.assign(formats_.paragraphs.begin() + first, formats_.paragraphs.begin() + first + count);
+  AppendRuns(start, length, formats.runs);
+  const auto first = formats_.paragraphs.begin() + static_cast<std::ptrdiff_t>(Find(lineStarts_, start));
+  const auto last = formats_.paragraphs.begin() + static_cast<std::ptrdiff_t>(Find(lineStarts_, start + length));
+  formats.paragraphs.assign(first, last + 1);
   return formats;
+}
+
+void FormatFinder::AppendRuns(std::size_t start, std::size_t length, std::vector<FormatRun>& runs) const {
+  for (std::size_t run = length == 0 ? runStarts_.size() : Find(runStarts_, start);
+       run < runStarts_.size() && runStarts_[run] < start + length; ++run) {
+    const std::size_t begin = std::max(start, runStarts_[run]);
+    const std::size_t end = std::min(start + length, runStarts_[run] + formats_.runs[run].length);
+    Append(runs, end - begin, formats_.runs[run].format);
+  }
 }
 
 // A paragraph has the format of the one that the first kept unit in it comes from, else of that which it stands for.
 FormattedText FormattedText::Rearranged(const TextPieces& pieces, std::u16string text) const {
-  const FormatIndex index(text_, formats_);
+  const FormatFinder index(*this);
   TextFormats formats;
   std::size_t at = 0;
-  std::optional<std::size_t> origin;
+  constexpr std::size_t kNone = std::u16string::npos;
+  std::size_t origin = kNone;
   bool isOriginKept = false;
   const auto endLine = [&] {
-    formats.paragraphs.push_back(index.ParagraphAt(std::min(origin.value_or(text_.size()), text_.size())));
-    origin.reset();
+    formats.paragraphs.push_back(index.ParagraphAt(std::min(origin, text_.size())));
+    origin = kNone;
     isOriginKept = false;
   };
-  for (const TextPiece& piece : pieces) {
-    if (piece.isKept) {
+  for (auto next = pieces.begin(); next != pieces.end();) {
+    const TextPiece& piece = *next++;
+    // Units that others have taken the place of one by one.
+    const std::size_t behind = piece.from + piece.length;
+    const bool isOneByOne = next == pieces.end() ? behind == text_.size() : next->isKept && next->from == behind;
+    if (piece.isKept || isOneByOne) {
       index.AppendRuns(piece.from, piece.length, formats.runs);
     } else {
       Append(formats.runs, piece.length, index.At(piece.from));
     }
     for (std::size_t unit = 0; unit < piece.length; ++unit) {
-      if (!origin || (piece.isKept && !isOriginKept)) {
+      if (origin == kNone || (piece.isKept && !isOriginKept)) {
         origin = piece.from + (piece.isKept ? unit : 0);
         isOriginKept = piece.isKept;
       }
@@ -305,6 +321,54 @@ FormattedText FormattedText::Rearranged(const TextPieces& pieces, std::u16string
     at += piece.length;
   }
   endLine();
+  return {std::move(text), std::move(formats)};
+}
+
+FormattedText FormattedText::Changed(std::span<const FormattedChange> changes) const {
+  const FormatFinder finder(*this);
+  std::u16string text;
+  TextFormats formats;
+  // The paragraph that is not at its end yet; it has the format that was told of it first.
+  SharedFormat paragraph = finder.ParagraphAt(0);
+  bool begins = true;
+  const auto append = [&](std::u16string_view part, const std::vector<SharedFormat>& paragraphs) {
+    for (std::size_t line = 0; !part.empty(); ++line) {
+      paragraph = begins ? paragraphs[line] : paragraph;
+      const std::size_t end = part.find(u'\r');
+      begins = end != std::u16string_view::npos;
+      text += part.substr(0, begins ? end + 1 : end);
+      if (!begins) {
+        return;
+      }
+      formats.paragraphs.push_back(paragraph);
+      part.remove_prefix(end + 1);
+    }
+  };
+  const auto keep = [&](std::size_t start, std::size_t end) {
+    const TextFormats kept = finder.Of(start, end - start);
+    for (const FormatRun& run : kept.runs) {
+      Append(formats.runs, run.length, run.format);
+    }
+    append(std::u16string_view(text_).substr(start, end - start), kept.paragraphs);
+  };
+  std::size_t at = 0;
+  for (const FormattedChange& change : changes) {
+    keep(at, change.start);
+    if (change.formats) {
+      for (const FormatRun& run : change.formats->runs) {
+        Append(formats.runs, run.length, run.format);
+      }
+      append(change.text, change.formats->paragraphs);
+    } else {
+      const bool isAdded = change.length == 0 && change.start > 0;
+      Append(formats.runs, change.text.size(), finder.At(change.start - (isAdded ? 1 : 0)));
+      const auto lines = static_cast<std::size_t>(std::ranges::count(change.text, u'\r')) + 1;
+      append(change.text, std::vector<SharedFormat>(lines, finder.ParagraphAt(change.start)));
+    }
+    at = change.start + change.length;
+  }
+  keep(at, text_.size());
+  formats.paragraphs.push_back(begins ? finder.ParagraphAt(text_.size()) : paragraph);
   return {std::move(text), std::move(formats)};
 }
 

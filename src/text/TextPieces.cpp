@@ -421,6 +421,33 @@ bool KeepsOrder(const TextPieces& pieces) {
   });
 }
 
+// The longest chain of pieces in ascending order, by the smallest end of the chains of each length so far.
+TextPieces InOrder(TextPieces pieces) {
+  std::vector<std::size_t> ends;  // for each length the piece that ends the chain
+  std::vector<std::size_t> before(pieces.size(), kNone);
+  for (std::size_t i = 0; i < pieces.size(); ++i) {
+    if (!pieces[i].isKept) {
+      continue;
+    }
+    const auto at =
+        std::ranges::lower_bound(ends, pieces[i].from, {}, [&](std::size_t end) { return pieces[end].from; });
+    before[i] = at == ends.begin() ? kNone : *std::prev(at);
+    if (at == ends.end()) {
+      ends.push_back(i);
+    } else {
+      *at = i;
+    }
+  }
+  std::vector<bool> isInChain(pieces.size());
+  for (std::size_t i = ends.empty() ? kNone : ends.back(); i != kNone; i = before[i]) {
+    isInChain[i] = true;
+  }
+  for (std::size_t i = 0; i < pieces.size(); ++i) {
+    pieces[i].isKept = pieces[i].isKept && isInChain[i];
+  }
+  return pieces;
+}
+
 std::size_t PlaceAfter(const TextPieces& pieces, std::u16string_view oldText, std::size_t place) {
   place = std::min(place, oldText.size());
   const std::size_t before = oldText.substr(0, place).rfind(u'\r');

@@ -29,6 +29,9 @@ TextPieces MatchTexts(std::u16string_view oldText, std::u16string_view newText);
 // Whether what is kept has kept its order.
 bool KeepsOrder(const TextPieces& pieces);
 
+// The same, but that only as much is kept as has kept its order.
+TextPieces InOrder(TextPieces pieces);
+
 // Where a place of the old text is in the new one: with the unit there, else with what is left of its line, else with
 // what is left nearest to it.
 std::size_t PlaceAfter(const TextPieces& pieces, std::u16string_view oldText, std::size_t place);

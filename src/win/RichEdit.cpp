@@ -125,6 +125,27 @@ std::string StreamOutRtf(const RichEdit& box, WPARAM part) {
                        u"文档和原来的文件都没有改变。另存为 .txt 文件可以保存全部文字。");
 }
 
+// While it lives another part is selected, and nobody is told.
+class SelectionPause {
+ public:
+  SelectionPause(const RichEdit& box, CHARRANGE range)
+      : box_(box), selection_(box.Selection()), eventMask_(box.EventMask()) {
+    box_.Send(EM_SETEVENTMASK, 0, 0);
+    box_.Send(EM_EXSETSEL, 0, reinterpret_cast<LPARAM>(&range));
+  }
+  SelectionPause(const SelectionPause&) = delete;
+  SelectionPause& operator=(const SelectionPause&) = delete;
+  ~SelectionPause() {
+    box_.Send(EM_EXSETSEL, 0, reinterpret_cast<LPARAM>(&selection_));
+    box_.Send(EM_SETEVENTMASK, 0, static_cast<LPARAM>(eventMask_));
+  }
+
+ private:
+  const RichEdit& box_;
+  CHARRANGE selection_;
+  DWORD eventMask_;
+};
+
 }  // namespace
 
 OwnedLibrary LoadRichEditLibrary() {
@@ -225,6 +246,11 @@ std::string RichEdit::Rtf() const {
 
 std::string RichEdit::SelectedRtf() const {
   return StandardRtf(StreamOutRtf(*this, SFF_SELECTION), [this] { return Text(Selection()); });
+}
+
+std::string RichEdit::RtfOf(CHARRANGE range) const {
+  const SelectionPause pause(*this, range);
+  return StandardRtf(StreamOutRtf(*this, SFF_SELECTION), [&] { return Text(range); });
 }
 
 bool RichEdit::ReplaceSelectionByRtf(std::string_view bytes) {

@@ -48,6 +48,8 @@ class RichEdit {
   void LoadRtfByLines(const RtfByLines& rtf, Progress& progress);
   std::string Rtf() const;  // throws ExplainedError when the control does not give all of it, as the next
   std::string SelectedRtf() const;
+  // Of another part; the selection comes back, and nobody is notified.
+  std::string RtfOf(CHARRANGE range) const;
   // False when the bytes are no rich text, or break off: a part of them may stand in the place of the selection.
   bool ReplaceSelectionByRtf(std::string_view bytes);
 

@@ -2,7 +2,10 @@
 #include <windows.h>
 
 #include <array>
+#include <cctype>
 #include <string>
+#include <utility>
+#include <vector>
 
 #include "search/FrmFindControls.h"
 #include "text/DecimalText.h"
@@ -16,7 +19,7 @@ namespace {
 
 class RichTextTest : public WindowTest {
  protected:
-  // Of each unit: b for bold, r for red, x for both, | for the end of a line.
+  // Of each unit: b for bold, r for red, x for both, in capitals for italics too, | for the end of a line.
   std::string Formats() const {
     const EditBoxDriver box = app.Editor();
     const TextRange selection = box.Selection();
@@ -28,9 +31,11 @@ class RichTextTest : public WindowTest {
       } else if (text[at] != u'\n') {
         box.Select({{at}, 1});
         const CHARFORMAT2W format = box.SelectionFormat();
+        const bool isItalic = (format.dwEffects & CFE_ITALIC) != 0;
         const bool isRed = (format.dwEffects & CFE_AUTOCOLOR) == 0 && format.crTextColor == RGB(255, 0, 0);
         const bool isBold = (format.dwEffects & CFE_BOLD) != 0;
-        formats += isRed && isBold ? 'x' : isRed ? 'r' : isBold ? 'b' : '-';
+        const char letter = isRed && isBold ? 'x' : isRed ? 'r' : isBold ? 'b' : '-';
+        formats += isItalic ? static_cast<char>(std::toupper(letter)) : letter;
       }
     }
     box.Select(selection);
@@ -149,6 +154,65 @@ TEST_F(RichTextTest, TheViewAndTheCaretStayWithTheirLines) {
     app.Editor().Insert(u"x");
     EXPECT_NE(app.Text().find(u"\n2x00 行"), std::u16string::npos) << command;
     app.Menu("mnuUndo");
+  }
+}
+
+// Each change of formats is a step, and what is erased, typed over or replaced comes back with its formats.
+TEST_F(RichTextTest, UndoBringsBackFormats) {
+  app.Start();
+  app.Open(folder.Write(u"格式.rtf",
+                        "{\\rtf1\\ansi\\ansicpg936{\\fonttbl{\\f0\\fnil\\fcharset134 SimSun;}}"
+                        "{\\colortbl ;\\red255\\green0\\blue0;}\\uc1\\pard\\f0\\fs21 one \\b t\\cf1 w\\cf0 o\\b0\\par "
+                        "three \\cf1 four\\cf0}"));
+  std::vector<std::pair<std::u16string, std::string>> states;
+  const auto note = [&] {
+    app.Settle();
+    states.emplace_back(app.Text(), Formats());
+  };
+  note();
+  EXPECT_EQ(states.back().second, "----bxb|------rrrr");
+  app.Editor().SelectText(u"hree");
+  app.Menu("mnuBold");
+  note();
+  EXPECT_EQ(states.back().second, "----bxb|-bbbb-rrrr");
+  app.Editor().SelectText(u"wo\r\nth");
+  app.Press("Delete");
+  note();
+  app.Editor().SelectText(u"our");
+  app.Type(u"x");
+  note();
+  app.Editor().SelectText(u"e t");
+  app.Menu("mnuAllcaps");
+  note();
+  EXPECT_EQ(states.back(), std::pair(std::u16string(u"onE Tree fx"), std::string("----bbbb-rr")));
+  app.Editor().SelectText(u"E Tr");
+  app.Menu("mnuCut");
+  note();
+  app.Editor().Select({{0}, 0});
+  app.Menu("mnuPaste");
+  note();
+  EXPECT_EQ(states.back(), std::pair(std::u16string(u"E Tronee fx"), std::string("--bb--bb-rr")));
+  app.Menu("mnuSelectAll");
+  app.Menu("mnuItalic");
+  app.Press("Ctrl+End");
+  note();
+  app.Press("Back");
+  app.Press("Back");
+  note();
+  for (int times = 0; times < 2; ++times) {
+    app.Menu("mnuUndo");
+    for (std::size_t state = states.size() - 1; state-- > 0;) {
+      app.ExpectText(states[state].first);
+      EXPECT_EQ(Formats(), states[state].second) << state;
+      if (state > 0) {
+        app.Menu("mnuUndo");
+      }
+    }
+    for (std::size_t state = 1; state < states.size(); ++state) {
+      app.Menu("mnuRedo");
+      app.ExpectText(states[state].first);
+      EXPECT_EQ(Formats(), states[state].second) << state;
+    }
   }
 }
 

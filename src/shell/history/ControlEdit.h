@@ -2,9 +2,13 @@
 #pragma once
 
 #include <cstddef>
+#include <optional>
+#include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
+#include "rtf/FormattedText.h"
 #include "shell/history/ControlPos.h"
 #include "text/Interface.h"
 
@@ -15,17 +19,29 @@ struct ControlEdit {
   ControlPos start;
   std::u16string removed;
   std::u16string inserted;
+  // Of the texts, when they are known and have formats of their own. Both without texts: what follows the start has
+  // changed its formats and nothing else.
+  SharedFormats removedFormats = {};
+  SharedFormats insertedFormats = {};
 
   ControlRange removedRange() const noexcept { return {start, removed.size()}; }
   ControlRange insertedRange() const noexcept { return {start, inserted.size()}; }
-  bool empty() const noexcept { return removed.empty() && inserted.empty(); }
+  bool IsFormatting() const noexcept {
+    return removed.empty() && inserted.empty() && removedFormats && insertedFormats;
+  }
+  bool empty() const noexcept { return removed.empty() && inserted.empty() && !IsFormatting(); }
 };
 
 ControlEdit Reversed(const ControlEdit& edit);
-// Without what the removed and the inserted text have in common at their ends.
+// Without what the removed and the inserted text have in common at their ends. Their formats must not be known yet.
 ControlEdit Trimmed(ControlEdit edit);
-// The memory that an edit takes, in bytes.
+// The memory that these take, in bytes.
+std::size_t CostOf(const SharedFormats& formats);
 std::size_t CostOf(const ControlEdit& edit);
+
+// What the edits, each made in the text that those before it have left, remove or format, as places of the text before
+// all of them; nothing when they go to and fro.
+std::optional<std::vector<ControlRange>> PlacesBeforeAll(std::span<const ControlEdit> edits);
 
 // How much of a common beginning or end may be left out of an edit: the control cannot select half of a surrogate pair.
 std::size_t WholePairsAtEnd(std::u16string_view commonBeginning);

@@ -38,6 +38,7 @@ void DocumentHistory::Reset(const ControlView& control) {
   text_ = TextMirror();
   text_.Replace({}, control.Read({{0}, control.Length()}));
   selection_ = control.Selection();
+  known_.reset();
   history_.Clear(selection_);
 }
 
@@ -46,10 +47,17 @@ void DocumentHistory::NoteSelection(const ControlView& control) {
     return;
   }
   const ControlRange selection = control.Selection();
-  if (selection != selection_) {
+  if (selection != selection_ && !MayBeErasing(selection)) {
     history_.Seal();
     selection_ = selection;
   }
+}
+
+// Some controls move the caret, by a character at most, before they erase.
+bool DocumentHistory::MayBeErasing(ControlRange selection) const {
+  const std::size_t from = std::min(selection.start.value, selection_.start.value);
+  const std::size_t to = std::max(selection.start.value, selection_.start.value);
+  return known_ && selection.empty() && selection_.empty() && to - from <= 2;
 }
 
 bool DocumentHistory::NoteChange(const ControlView& control, Time now) {
@@ -58,9 +66,57 @@ bool DocumentHistory::NoteChange(const ControlView& control, Time now) {
   if (edit.empty()) {
     return false;
   }
+  edit.removedFormats = KnownFormats(edit);
+  known_.reset();
   TakeUp({&edit, 1});
   history_.Record(std::move(edit), before, selection_, now);
   return true;
+}
+
+void DocumentHistory::KnowFormats(ControlPos start, FormattedText text) {
+  knownStart_ = start;
+  known_ = std::move(text);
+}
+
+SharedFormats DocumentHistory::KnownFormats(const ControlEdit& edit) const {
+  if (!known_ || edit.removed.empty() || edit.start < knownStart_) {
+    return nullptr;
+  }
+  const std::size_t start = edit.start.value - knownStart_.value;
+  const std::u16string_view text = known_->text();
+  if (start > text.size() || text.substr(start, edit.removed.size()) != edit.removed) {
+    return nullptr;
+  }
+  return std::make_shared<const TextFormats>(FormatFinder(*known_).Of(start, edit.removed.size()));
+}
+
+void DocumentHistory::NoteEdits(const ControlView& control, std::vector<ControlEdit> edits) {
+  known_.reset();
+  TakeUp(edits);
+  if (ControlEdit rest = FindEditByWholeText(text_, control); !rest.empty()) {
+    TakeUp({&rest, 1});
+    edits.push_back(std::move(rest));
+  }
+  const ControlRange selectionBefore = std::exchange(selection_, control.Selection());
+  history_.Seal();
+  history_.BeginCommand(selectionBefore);
+  for (ControlEdit& edit : edits) {
+    history_.Record(std::move(edit), selectionBefore, selection_, {});
+  }
+  history_.EndCommand(selection_);
+}
+
+void DocumentHistory::NoteFormats(const ControlView& control, ControlPos start, const TextFormats& before,
+                                  const TextFormats& after) {
+  if (before == after) {
+    return;
+  }
+  ControlEdit edit{start, {}, {}};
+  edit.removedFormats = std::make_shared<const TextFormats>(before);
+  edit.insertedFormats = std::make_shared<const TextFormats>(after);
+  history_.Seal();
+  history_.Record(std::move(edit), selection_, control.Selection(), {});
+  history_.Seal();
 }
 
 void DocumentHistory::NoteRebuild(const ControlView& control, RichText before, bool hasFormatting,
@@ -101,6 +157,9 @@ bool DocumentHistory::Undo(UndoTarget& target) {
     history_.KeepAfter(target.Capture());
   }
   std::vector<ControlEdit> edits = Reversed(step.edits);
+  if (!step.rebuilds) {
+    KeepInsertedFormats(target, edits);
+  }
   std::span<const ControlEdit> rest = edits;
   if (step.before) {
     const std::size_t rebuilt = edits.size() - step.editsBefore;
@@ -140,6 +199,42 @@ bool DocumentHistory::Redo(UndoTarget& target) {
   history_.MoveToDone();
   Tell(history_.done().back(), false);
   return true;
+}
+
+// What undoing takes away, redoing brings back with its formats.
+void DocumentHistory::KeepInsertedFormats(const UndoTarget& target, std::vector<ControlEdit>& edits) {
+  constexpr std::size_t kFew = 8;
+  const std::optional<std::vector<ControlRange>> places = PlacesBeforeAll(edits);
+  if (!places) {
+    return;
+  }
+  std::optional<FormattedText> part;
+  std::optional<FormatFinder> finder;
+  std::size_t partStart = 0;
+  if (edits.size() > kFew) {
+    part = target.Formatted({{0}, target.Length()});
+    if (!part) {
+      return;
+    }
+    finder.emplace(*part);
+  }
+  for (std::size_t i = 0; i < edits.size(); ++i) {
+    const ControlRange place = (*places)[i];
+    if (edits[i].removed.empty() || edits[i].removedFormats) {
+      continue;
+    }
+    if (edits.size() <= kFew) {
+      part = target.Formatted(place);
+      if (!part) {
+        return;
+      }
+      finder.emplace(*part);
+      partStart = place.start.value;
+    }
+    edits[i].removedFormats =
+        std::make_shared<const TextFormats>(finder->Of(place.start.value - partStart, place.length));
+    history_.KeepInserted(edits.size() - 1 - i, edits[i].removedFormats);
+  }
 }
 
 void DocumentHistory::Tell(const UndoStep& step, bool isUndone) {

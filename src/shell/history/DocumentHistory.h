@@ -4,6 +4,7 @@
 
 #include <cstddef>
 #include <functional>
+#include <optional>
 #include <span>
 #include <string>
 
@@ -21,6 +22,8 @@ class UndoTarget : public ControlView {
  public:
   // Makes the edits one after the other; the formatting of the rest stays.
   virtual void Replace(std::span<const ControlEdit> edits) = 0;
+  // A part with its formats; nothing when the text has none of its own, or they cannot be taken apart.
+  virtual std::optional<FormattedText> Formatted(ControlRange range) const = 0;
   // The whole as rich text; null when the text has no formatting of its own.
   virtual RichText Capture() const = 0;
   // Replaces the whole: by the rich text, or by the document text without formatting when there is none. The view stays
@@ -42,6 +45,8 @@ class DocumentHistory {
   // To be called before the control may be changed by the user, and whenever the caret has moved; cheap. While the
   // control holds a change that has not been told yet, the call is passed over.
   void NoteSelection(const ControlView& control);
+  // The formats where the next change may be; forgotten with it.
+  void KnowFormats(ControlPos start, FormattedText text);
   // The control has changed. Returns whether the text has.
   bool NoteChange(const ControlView& control, Time now);
   // All of the text has been put in anew, with formatting or without. What was captured before brings the formatting
@@ -49,6 +54,13 @@ class DocumentHistory {
   // (true) or redone (false).
   void NoteRebuild(const ControlView& control, RichText before, bool hasFormatting,
                    std::function<void(bool isUndone)> onUndo = nullptr);
+
+  // The edits have been made, all of them one step.
+  void NoteEdits(const ControlView& control, std::vector<ControlEdit> edits);
+  // The formats of a stretch have changed, and nothing else. No step when they are the same.
+  void NoteFormats(const ControlView& control, ControlPos start, const TextFormats& before, const TextFormats& after);
+  // Who is told whenever the newest step has been undone (true) or redone (false).
+  void Attach(std::function<void(bool isUndone)> onUndo) { history_.Attach(std::move(onUndo)); }
 
   void BeginCommand(const ControlView& control);
   void EndCommand(const ControlView& control);
@@ -72,6 +84,9 @@ class DocumentHistory {
  private:
   void TakeUp(std::span<const ControlEdit> edits);
   void CatchUp(const ControlView& control, ControlRange place);
+  bool MayBeErasing(ControlRange selection) const;
+  SharedFormats KnownFormats(const ControlEdit& edit) const;
+  void KeepInsertedFormats(const UndoTarget& target, std::vector<ControlEdit>& edits);
   void Replay(UndoTarget& target, std::span<const ControlEdit> edits);
   void Rebuild(UndoTarget& target, const RichText& richText, std::span<const ControlEdit> edits);
   static void Tell(const UndoStep& step, bool isUndone);
@@ -79,6 +94,8 @@ class DocumentHistory {
   TextMirror text_;
   UndoHistory history_;
   ControlRange selection_;
+  ControlPos knownStart_;
+  std::optional<FormattedText> known_;
   bool allowed_ = true;
 };
 

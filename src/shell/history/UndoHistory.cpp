@@ -106,8 +106,16 @@ bool UndoHistory::Gathers(Gathering kind, const ControlEdit& edit, Time now) con
 
 void UndoHistory::Gather(Gathering kind, const ControlEdit& edit) {
   ControlEdit& last = done_.back().edits.back();
-  bytes_ += (edit.removed.size() + edit.inserted.size()) * sizeof(char16_t);
-  if (kind == Gathering::kErasing && edit.start < last.start) {
+  bytes_ += (edit.removed.size() + edit.inserted.size()) * sizeof(char16_t) + CostOf(edit.removedFormats);
+  const bool isBefore = kind == Gathering::kErasing && edit.start < last.start;
+  if (kind == Gathering::kErasing) {
+    const bool areKnown = edit.removedFormats && last.removedFormats;
+    last.removedFormats =
+        areKnown ? std::make_shared<const TextFormats>(isBefore ? Joined(*edit.removedFormats, *last.removedFormats)
+                                                                : Joined(*last.removedFormats, *edit.removedFormats))
+                 : nullptr;
+  }
+  if (isBefore) {
     last.start = edit.start;
     last.removed.insert(0, edit.removed);
   } else {
@@ -165,6 +173,12 @@ void UndoHistory::KeepAfter(RichText after) {
 void UndoHistory::KeepBefore(RichText before) {
   undone_.back().editsBefore = 0;
   Keep(undone_.back().before, std::move(before));
+}
+
+void UndoHistory::KeepInserted(std::size_t edit, SharedFormats formats) {
+  bytes_ += CostOf(formats);
+  done_.back().edits[edit].insertedFormats = std::move(formats);
+  ForgetOldest();
 }
 
 void UndoHistory::Keep(RichText& kept, RichText richText) {

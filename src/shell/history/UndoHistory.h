@@ -72,6 +72,8 @@ class UndoHistory {
   // The rich text after the newest step, when it is about to be undone; before it, when it is redone.
   void KeepAfter(RichText after);
   void KeepBefore(RichText before);
+  // The formats of what the edits of the newest step have put in, when it is about to be undone.
+  void KeepInserted(std::size_t edit, SharedFormats formats);
 
   ControlRange startSelection() const noexcept { return startSelection_; }
   // An estimate of the memory that the steps take.

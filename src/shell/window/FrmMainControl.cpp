@@ -2,11 +2,13 @@
 
 #include <algorithm>
 #include <limits>
+#include <map>
 #include <ranges>
 #include <utility>
 
 #include "shell/window/FrmMainControls.h"
 #include "text/ExplainedError.h"
+#include "text/Progress.h"
 
 namespace scrivanta {
 
@@ -45,6 +47,7 @@ bool IsFasterAsWhole(std::span<const ControlEdit> edits, std::size_t breaks, std
   constexpr double kOfBreakPerBreakSquared = 7e-6;
   constexpr double kOfEditPerBreak = 0.12;
   constexpr double kOfCreation = 4000;
+  constexpr double kOfFormat = 400;
   const auto count = static_cast<double>(breaks);
   double time = 0;
   for (const ControlEdit& edit : edits) {
@@ -52,8 +55,71 @@ bool IsFasterAsWhole(std::span<const ControlEdit> edits, std::size_t breaks, std
     const auto coming = static_cast<double>(BreaksIn(edit.inserted));
     time += (going + coming / 10) * count * count * kOfBreakPerBreakSquared;
     time += count * kOfEditPerBreak + static_cast<double>(edit.inserted.size());
+    time += edit.insertedFormats ? static_cast<double>(edit.insertedFormats->runs.size()) * kOfFormat : 0;
   }
   return time > static_cast<double>(length) + kOfCreation;
+}
+
+// What formats are to the control: it is given a text that has them, and asked.
+class SampleFormats {
+ public:
+  explicit SampleFormats(RichEdit& box) : fresh_(box, RichTextBox0) {}
+
+  CHARFORMAT2W OfCharacters(const SharedFormat& format) {
+    const auto [at, isNew] = characters_.try_emplace(format);
+    if (isNew) {
+      Show({{{1, format}}, {}});
+      at->second = fresh_.box().SelectionFormat();
+      at->second.dwMask &= CFM_BOLD | CFM_ITALIC | CFM_UNDERLINE | CFM_UNDERLINETYPE | CFM_STRIKEOUT | CFM_PROTECTED |
+                           CFM_HIDDEN | CFM_COLOR | CFM_BACKCOLOR | CFM_FACE | CFM_CHARSET | CFM_SIZE | CFM_OFFSET |
+                           CFM_SUBSCRIPT | CFM_LCID | CFM_ALLCAPS | CFM_SMALLCAPS;
+    }
+    return at->second;
+  }
+
+  PARAFORMAT2 OfParagraph(const SharedFormat& format) {
+    const auto [at, isNew] = paragraphs_.try_emplace(format);
+    if (isNew) {
+      Show({{}, {format}});
+      at->second = fresh_.box().SelectionParagraph();
+    }
+    return at->second;
+  }
+
+ private:
+  void Show(TextFormats formats) {
+    NoProgress progress;
+    fresh_.box().LoadRtf(FormattedText(u"x", std::move(formats)).ToRtf().Whole(), progress);
+    fresh_.box().Select({0, 1});
+  }
+
+  FreshRichEdit fresh_;
+  std::map<SharedFormat, CHARFORMAT2W> characters_;
+  std::map<SharedFormat, PARAFORMAT2> paragraphs_;
+};
+
+// The formats of what the edit has put in, or of what it gives other ones.
+void ApplyFormats(RichEdit& box, const ControlEdit& edit, SampleFormats& samples) {
+  std::size_t at = edit.start.value;
+  for (const FormatRun& run : edit.insertedFormats->runs) {
+    box.Select(FrmMainControl::ToPlatform({{at}, run.length}));
+    box.SetSelectionFormat(samples.OfCharacters(run.format));
+    at += run.length;
+  }
+  const std::u16string text = box.Text(FrmMainControl::ToPlatform({edit.start, at - edit.start.value}));
+  std::u16string_view rest = text;
+  at = edit.start.value;
+  for (const SharedFormat& paragraph : edit.insertedFormats->paragraphs) {
+    if (rest.empty()) {
+      break;
+    }
+    const std::size_t length = std::min(rest.find(u'\r'), rest.size() - 1) + 1;
+    box.Select(FrmMainControl::ToPlatform({{at}, length}));
+    box.SetSelectionParagraph(samples.OfParagraph(paragraph));
+    at += length;
+    rest.remove_prefix(length);
+  }
+  box.Select(FrmMainControl::ToPlatform({{at}, 0}));
 }
 
 // Whether an edit would change something in a row of a table, or beside it: controls do not live through that. A row
@@ -96,18 +162,56 @@ void FrmMainControl::Replace(std::span<const ControlEdit> edits) {
   if (edits.empty()) {
     return;
   }
-  if (!hasFormatting_ && IsFasterAsWhole(edits, box_.LineCount(), Length())) {
-    ReplaceWhole(edits);
-    return;
+  if (IsFasterAsWhole(edits, box_.LineCount(), Length())) {
+    if (!hasFormatting_) {
+      ReplaceWhole(edits);
+      return;
+    }
+    if (ReplaceWholeFormatted(edits)) {
+      return;
+    }
   }
   const QuietRichEdit quiet(box_);
   ReplaceEach(edits);
 }
 
+// False, and nothing is done, when the formats cannot be taken apart.
+bool FrmMainControl::ReplaceWholeFormatted(std::span<const ControlEdit> edits) {
+  const std::optional<std::vector<ControlRange>> places = PlacesBeforeAll(edits);
+  const std::optional<FormattedText> before = places ? ReadFormatted({{0}, Length()}) : std::nullopt;
+  if (!before) {
+    return false;
+  }
+  std::vector<FormattedChange> changes;
+  for (std::size_t i = 0; i < edits.size(); ++i) {
+    const auto [start, length] = (*places)[i];
+    const std::u16string_view text =
+        edits[i].IsFormatting() ? std::u16string_view(before->text()).substr(start.value, length) : edits[i].inserted;
+    changes.push_back({start.value, length, text, edits[i].insertedFormats});
+  }
+  std::ranges::sort(changes, {}, &FormattedChange::start);
+  const FormattedText after = before->Changed(changes);
+  const std::unique_ptr<BusyWork> work = host_.startWork();
+  FreshRichEdit fresh(box_, RichTextBox0);
+  fresh.box().LoadRtfByLines(after.ToRtf(), work->progress());
+  if (fresh.box().Text() != after.text()) {
+    return false;
+  }
+  fresh.box().SetScrollPosition(box_.ScrollPosition());
+  Show(fresh, true);
+  return true;
+}
+
 void FrmMainControl::ReplaceEach(std::span<const ControlEdit> edits) {
+  std::optional<SampleFormats> samples;
   for (const ControlEdit& edit : edits) {
-    box_.Select(ToPlatform(edit.removedRange()));
-    box_.ReplaceSelection(edit.inserted);
+    if (!edit.IsFormatting()) {
+      box_.Select(ToPlatform(edit.removedRange()));
+      box_.ReplaceSelection(edit.inserted);
+    }
+    if (edit.insertedFormats) {
+      ApplyFormats(box_, edit, samples ? *samples : samples.emplace(box_));
+    }
   }
 }
 
@@ -123,6 +227,31 @@ void FrmMainControl::ReplaceWhole(std::span<const ControlEdit> edits) {
   fresh.box().Select(ToPlatform({edits.back().insertedRange().end(), 0}));
   fresh.box().SetScrollPosition(box_.ScrollPosition());
   Show(fresh, false);
+}
+
+std::optional<FormattedText> FrmMainControl::Formatted(ControlRange range) const {
+  return hasFormatting_ ? ReadFormatted(range) : std::nullopt;
+}
+
+// A control may leave out the end of the line before the last one when that is empty, or not selected.
+std::optional<FormattedText> FrmMainControl::ReadFormatted(ControlRange range) const {
+  const std::u16string text = Read(range);
+  std::string rtf;
+  try {
+    rtf = range.length == Length() ? box_.Rtf() : box_.RtfOf(ToPlatform(range));
+  } catch (const ExplainedError&) {
+    return std::nullopt;  // there is a picture
+  }
+  std::optional<FormattedText> formatted = FormattedText::Read(rtf);
+  if (formatted && formatted->text() + u'\r' == text) {
+    TextFormats formats = formatted->formats();
+    if (!formats.runs.empty()) {
+      ++formats.runs.back().length;
+    }
+    formats.paragraphs.push_back(formats.paragraphs.back());
+    formatted = FormattedText(text, std::move(formats));
+  }
+  return formatted && formatted->text() == text ? std::move(formatted) : std::nullopt;
 }
 
 RichText FrmMainControl::Capture() const {
@@ -192,27 +321,43 @@ void FrmMainControl::LoadRtf(const RtfByLines& rtf) {
   Show(fresh, true);
 }
 
-bool FrmMainControl::Rearrange(const TextPieces& pieces, std::u16string_view controlText) {
+bool FrmMainControl::Rearrange(const NewText& after) {
   const std::u16string before = box_.Text();
   const LONG top = box_.FirstVisible();
   const LONG topPlace = box_.PlaceOf(top).y;
   const LONG scrolledAside = box_.ScrollPosition().x;
-  const LONG newTop = Clip(PlaceAfter(pieces, before, static_cast<std::size_t>(top)));
-  const LONG newCaret = Clip(PlaceAfter(pieces, before, Selection().end().value));
-  return PutTogether({{{0}, before.size()}, pieces, controlText}, [&](RichEdit& box) {
+  const LONG newTop = Clip(PlaceAfter(after.pieces, before, static_cast<std::size_t>(top)));
+  const LONG newCaret = Clip(PlaceAfter(after.pieces, before, Selection().end().value));
+  return PutTogether(after, [&](RichEdit& box) {
     box.Select({newCaret, newCaret});
     const LONG toTop = box.PlaceOf(box.LineStart(newTop)).y - topPlace;
     box.SetScrollPosition({scrolledAside, box.ScrollPosition().y + toTop});
   });
 }
 
-bool FrmMainControl::RearrangePart(ControlRange part, const TextPieces& pieces, std::u16string_view controlText) {
+bool FrmMainControl::RearrangePart(const NewText& after) {
   const POINT scrolledTo = box_.ScrollPosition();
-  const LONG caret = Clip(part.start.value + controlText.size());
-  return PutTogether({part, pieces, controlText}, [&](RichEdit& box) {
+  const LONG caret = Clip(after.part.start.value + after.text.size());
+  return PutTogether(after, [&](RichEdit& box) {
     box.SetScrollPosition(scrolledTo);
     box.Select({caret, caret});
   });
+}
+
+// From the last one to the first, so that none moves the place of another.
+std::vector<ControlEdit> FrmMainControl::EditsOf(const NewText& after, std::u16string_view before) {
+  const std::optional<FormatFinder> finder = after.before ? std::optional<FormatFinder>(*after.before) : std::nullopt;
+  std::vector<ControlEdit> edits;
+  for (const TextChange& change : ChangesOf(InOrder(after.pieces), after.part.length) | std::views::reverse) {
+    ControlEdit edit{{after.part.start.value + change.oldStart},
+                     std::u16string(before.substr(change.oldStart, change.oldLength)),
+                     std::u16string(after.text.substr(change.newStart, change.newLength))};
+    if (finder && change.oldLength > 0) {
+      edit.removedFormats = std::make_shared<const TextFormats>(finder->Of(change.oldStart, change.oldLength));
+    }
+    edits.push_back(std::move(edit));
+  }
+  return edits;
 }
 
 bool FrmMainControl::PutTogether(const NewText& after, const ShowPlace& showPlace) {
@@ -240,11 +385,12 @@ bool FrmMainControl::ReplaceInPlace(const NewText& after, const ShowPlace& showP
   if (!KeepsOrder(after.pieces)) {
     return false;
   }
-  std::vector<ControlEdit> edits;
-  for (const TextChange& change : ChangesOf(after.pieces, after.part.length) | std::views::reverse) {
-    const ControlPos start{after.part.start.value + change.oldStart};
-    edits.push_back(
-        {start, Read({start, change.oldLength}), std::u16string(after.text.substr(change.newStart, change.newLength))});
+  std::vector<ControlEdit> edits = EditsOf(after, Read(after.part));
+  for (ControlEdit& edit : edits) {
+    // Units that others take the place of one by one, as capitals do, have their formats.
+    if (edit.removed.size() == edit.inserted.size() && edit.removedFormats && edit.removedFormats->runs.size() > 1) {
+      edit.insertedFormats = edit.removedFormats;
+    }
   }
   if (IsFasterAsWhole(edits, box_.LineCount(), Length()) || TouchesTable(box_.Text(), edits)) {
     return false;
@@ -255,20 +401,11 @@ bool FrmMainControl::ReplaceInPlace(const NewText& after, const ShowPlace& showP
   return true;
 }
 
-// Nothing when the rich text holds what cannot be taken apart. A control may leave out the end of the line before the
-// last one when that is empty.
-std::optional<FormattedText> FrmMainControl::Formatted() const {
-  const std::u16string text = box_.Text();
-  std::optional<FormattedText> formatted = FormattedText::Read(box_.Rtf());
-  if (formatted && formatted->text() + u'\r' == text) {
-    formatted = FormattedText(text, formatted->formats());
-  }
-  return formatted && formatted->text() == text ? std::move(formatted) : std::nullopt;
-}
-
 // False, and nothing is done, when the rich text holds what cannot be taken apart.
 bool FrmMainControl::LoadRearranged(const NewText& after, const ShowPlace& showPlace) {
-  const std::optional<FormattedText> before = Formatted();
+  const bool isWhole = after.part.length == Length();
+  const std::optional<FormattedText> ofWhole = isWhole ? std::nullopt : ReadFormatted({{0}, Length()});
+  const std::optional<FormattedText>& before = isWhole ? after.before : ofWhole;
   if (!before) {
     return false;
   }

@@ -34,6 +34,7 @@ class FrmMainControl final : public UndoTarget {
   std::u16string Read(ControlRange range) const override;
 
   void Replace(std::span<const ControlEdit> edits) override;
+  std::optional<FormattedText> Formatted(ControlRange range) const override;
   RichText Capture() const override;
   void Rebuild(const RichText& richText, std::u16string_view documentText) override;
   void Select(ControlRange range) override;
@@ -46,11 +47,22 @@ class FrmMainControl final : public UndoTarget {
   bool LoadRtf(std::string_view bytes);
   void LoadRtf(const RtfByLines& rtf);
 
-  // The part becomes another text, of which these are the pieces; what is kept keeps its formats. The first for the
-  // whole: the line at the top stays there and the caret in its line, wherever the lines have gone. The other leaves
-  // the caret behind the new text. False when the formats are gone.
-  bool Rearrange(const TextPieces& pieces, std::u16string_view controlText);
-  bool RearrangePart(ControlRange part, const TextPieces& pieces, std::u16string_view controlText);
+  // As Formatted, whether or not the text has formats of its own.
+  std::optional<FormattedText> ReadFormatted(ControlRange range) const;
+
+  // A part that becomes another text, of which these are the pieces, and its formats when they can be taken apart.
+  struct NewText {
+    ControlRange part;
+    const TextPieces& pieces;
+    std::u16string_view text;
+    const std::optional<FormattedText>& before;
+  };
+  // What is kept keeps its formats. The first for the whole: the line at the top stays there and the caret in its line,
+  // wherever the lines have gone. The other leaves the caret behind the new text. False when the formats are gone.
+  bool Rearrange(const NewText& after);
+  bool RearrangePart(const NewText& after);
+  // What that comes to, as edits that undo brings back with their formats.
+  static std::vector<ControlEdit> EditsOf(const NewText& after, std::u16string_view before);
 
   // What another text would be like in the control. The text of a rich text, nothing when the bytes are none; and the
   // lines that a text is wrapped to.
@@ -65,16 +77,11 @@ class FrmMainControl final : public UndoTarget {
   static CHARRANGE ToPlatform(ControlRange range);
 
  private:
-  struct NewText {
-    ControlRange part;  // that it takes the place of
-    const TextPieces& pieces;
-    std::u16string_view text;
-  };
   using ShowPlace = std::function<void(RichEdit&)>;
 
   void ReplaceWhole(std::span<const ControlEdit> edits);
+  bool ReplaceWholeFormatted(std::span<const ControlEdit> edits);
   void ReplaceEach(std::span<const ControlEdit> edits);
-  std::optional<FormattedText> Formatted() const;
   std::u16string WholeText(const NewText& after) const;
   bool PutTogether(const NewText& after, const ShowPlace& showPlace);
   bool ReplaceInPlace(const NewText& after, const ShowPlace& showPlace);

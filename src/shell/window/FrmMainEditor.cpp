@@ -138,17 +138,12 @@ void FrmMainEditor::RequireWritable() const {
 
 void FrmMainEditor::SetText(std::u16string_view text) {
   RequireWritable();
-  const std::u16string before = history_.text().ControlText({{0}, history_.text().length()});
+  const ControlRange whole{{0}, history_.text().length()};
+  const std::u16string before = history_.text().ControlText(whole);
   const std::u16string after = ToControlText(text);
-  if (before == after) {
-    return;  // no step
+  if (before != after) {  // else it is no step
+    Rearrange(whole, before, after, &FrmMainControl::Rearrange);
   }
-  bool keepsFormats = true;
-  Rebuild([&](const RichText&) {
-    keepsFormats = control_.Rearrange(MatchTexts(before, after), after);
-    return true;
-  });
-  NoteFormats(keepsFormats);
 }
 
 void FrmMainEditor::ReplaceSelection(std::u16string_view text) {
@@ -156,14 +151,8 @@ void FrmMainEditor::ReplaceSelection(std::u16string_view text) {
   const ControlRange selection = control_.Selection();
   const std::u16string after = ToControlText(text);
   if (HasFormatting() && !selection.empty()) {
-    bool keepsFormats = true;
-    Rebuild([&](const RichText&) {
-      const TextPieces pieces = MatchTexts(history_.text().ControlText(selection), after);
-      keepsFormats = control_.RearrangePart(selection, pieces, after);
-      box_.ScrollToCaret();
-      return true;
-    });
-    NoteFormats(keepsFormats);
+    Rearrange(selection, history_.text().ControlText(selection), after, &FrmMainControl::RearrangePart);
+    box_.ScrollToCaret();
     return;
   }
   const UndoCommand step(history_, control_);
@@ -172,6 +161,24 @@ void FrmMainEditor::ReplaceSelection(std::u16string_view text) {
   box_.ScrollToCaret();
   history_.NoteChange(control_, std::chrono::steady_clock::now());
   listener_.onChange();
+}
+
+// One step, which keeps what it has changed; or, where formats cannot be taken apart, all of the rich text before.
+void FrmMainEditor::Rearrange(ControlRange part, const std::u16string& before, const std::u16string& after,
+                              bool (FrmMainControl::*rearrange)(const FrmMainControl::NewText&)) {
+  const UndoCommand step(history_, control_);
+  const TextPieces pieces = MatchTexts(before, after);
+  const std::optional<FormattedText> formatted = control_.Formatted(part);
+  RichText rich = formatted ? nullptr : control_.Capture();
+  const FrmMainControl::NewText newText{part, pieces, after, formatted};
+  const bool keepsFormats = (control_.*rearrange)(newText);
+  if (formatted && keepsFormats) {
+    history_.NoteEdits(control_, FrmMainControl::EditsOf(newText, before));
+  } else {
+    history_.NoteRebuild(control_, std::move(rich), control_.hasFormatting());
+  }
+  listener_.onChange();
+  NoteFormats(keepsFormats);
 }
 
 void FrmMainEditor::NoteFormats(bool areKept) const {
@@ -313,8 +320,7 @@ void FrmMainEditor::SetEffect(TextEffect effect, bool on) {
   format.cbSize = sizeof(format);
   format.dwMask = bits.mask;
   format.dwEffects = on ? bits.effect : 0;
-  box_.SetSelectionFormat(format);
-  NoteFormatChange();
+  ChangeFormats(control_.Selection(), [&] { box_.SetSelectionFormat(format); });
 }
 
 FontDescription FrmMainEditor::Font() const {
@@ -366,14 +372,63 @@ void FrmMainEditor::PasteFormat() {
                        CFM_UNDERLINE | CFM_OFFSET | CFM_PROTECTED;
   PARAFORMAT2 paragraphs = storedFormat_->paragraphs;
   paragraphs.dwMask &= PFM_ALIGNMENT | PFM_NUMBERING | PFM_OFFSET | PFM_RIGHTINDENT;
-  box_.SetSelectionFormat(characters);
-  box_.SetSelectionParagraph(paragraphs);
-  NoteFormatChange();
+  const ControlRange selection = control_.Selection();
+  const ControlPos begin = breaks().LineStart(breaks().LineOf(selection.start));
+  const std::size_t next = breaks().LineOf(selection.end()) + 1;
+  const ControlPos end = next < breaks().lineCount() ? breaks().LineStart(next) : ControlPos{breaks().controlLength()};
+  ChangeFormats({begin, end.value - begin.value}, [&] {
+    box_.SetSelectionFormat(characters);
+    box_.SetSelectionParagraph(paragraphs);
+  });
 }
 
-void FrmMainEditor::NoteFormatChange() {
+// A step of its own, unless nothing has changed or there is no text that it could have changed.
+void FrmMainEditor::ChangeFormats(ControlRange range, const std::function<void()>& change) {
+  const UndoCommand step(history_, control_);
+  const std::optional<FormattedText> before = FormatsOf(range);
+  const bool isTakenApart = before || range.empty();
+  const RichText rich = isTakenApart ? nullptr : control_.Capture();
+  change();
   control_.NoteFormatting();
+  const std::optional<FormattedText> after = before ? FormatsOf(range) : std::nullopt;
+  if (after) {
+    history_.NoteFormats(control_, range.start, before->formats(), after->formats());
+  } else if (!isTakenApart) {
+    history_.NoteRebuild(control_, rich, true);
+  }
   listener_.onChange();
+}
+
+// Of a text without formats of its own all units are alike.
+std::optional<FormattedText> FrmMainEditor::FormatsOf(ControlRange range) const {
+  if (HasFormatting() || range.length <= 1) {
+    return range.empty() ? std::nullopt : control_.ReadFormatted(range);
+  }
+  const std::optional<FormattedText> first = control_.ReadFormatted({range.start, 1});
+  if (!first) {
+    return std::nullopt;
+  }
+  const std::u16string text = history_.text().ControlText(range);
+  TextFormats formats{{{range.length, first->formats().runs.front().format}}, {}};
+  formats.paragraphs.assign(static_cast<std::size_t>(std::ranges::count(text, u'\r')) + 1,
+                            first->formats().paragraphs.front());
+  return FormattedText(text, std::move(formats));
+}
+
+void FrmMainEditor::KnowFormatsBeforeInput() {
+  // The program's own changes are told otherwise.
+  if (!HasFormatting() || IsReadOnly() || box_.EventMask() == 0) {
+    return;
+  }
+  constexpr std::size_t kAround = 100;
+  ControlRange range = control_.Selection();
+  if (range.empty()) {
+    const std::size_t begin = range.start.value - std::min(range.start.value, kAround);
+    range = {{begin}, std::min(range.start.value + kAround, history_.text().length()) - begin};
+  }
+  if (std::optional<FormattedText> formatted = control_.Formatted(range)) {
+    history_.KnowFormats(range.start, std::move(*formatted));
+  }
 }
 
 }  // namespace scrivanta

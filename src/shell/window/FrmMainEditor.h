@@ -63,6 +63,9 @@ class FrmMainEditor final : public Editor, public EditBox {
   void Undo();
   void Redo();
 
+  // Something may be erased or typed over next: undoing brings it back with its formats.
+  void KnowFormatsBeforeInput();
+
   // The format of the selection is kept, and given to another selection.
   void CopyFormat();
   void PasteFormat();
@@ -104,7 +107,10 @@ class FrmMainEditor final : public Editor, public EditBox {
     PARAFORMAT2 paragraphs;
   };
 
-  void NoteFormatChange();
+  void Rearrange(ControlRange part, const std::u16string& before, const std::u16string& after,
+                 bool (FrmMainControl::*rearrange)(const FrmMainControl::NewText&));
+  void ChangeFormats(ControlRange range, const std::function<void()>& change);
+  std::optional<FormattedText> FormatsOf(ControlRange range) const;
   void RequireWritable() const;
   void NoteFormats(bool areKept) const;
   void SelectPairAt(std::size_t start);

@@ -25,7 +25,23 @@ std::optional<LRESULT> FrmMainKeys::HandleMessage(UINT message, WPARAM wParam) {
       SetComposing(message == WM_IME_STARTCOMPOSITION);
       return std::nullopt;
     case WM_KEYDOWN:
-      return HandleKey(wParam) ? std::optional<LRESULT>(0) : std::nullopt;
+      if (HandleKey(wParam)) {
+        return 0;
+      }
+      if (wParam == VK_BACK || wParam == VK_DELETE) {
+        editor_.KnowFormatsBeforeInput();
+      }
+      return std::nullopt;
+    case WM_CHAR:
+    case WM_IME_COMPOSITION:
+    case WM_CUT:
+    case WM_CLEAR:
+    case WM_PASTE:
+    case EM_REPLACESEL:
+      if (editor_.HasSelection()) {
+        editor_.KnowFormatsBeforeInput();
+      }
+      return std::nullopt;
     default:
       return std::nullopt;
   }

@@ -99,6 +99,41 @@ TEST(FormattedText, PiecesBringTheirFormatsAlong) {
   EXPECT_EQ(rearranged(u""), ";");
 }
 
+// A change and the one that takes it back, with the formats of what was there.
+TEST(FormattedText, ChangesAreTakenBackWithTheirFormats) {
+  std::mt19937 random(12);
+  for (int round = 0; round < 400; ++round) {
+    const FormattedText before = AnyText(random);
+    const FormattedText other = AnyText(random);
+    const FormatFinder inBefore(before);
+    const FormatFinder inOther(other);
+    std::vector<FormattedChange> changes;
+    std::vector<FormattedChange> back;
+    std::size_t at = 0;
+    std::size_t added = 0;
+    while (at < before.text().size()) {
+      const std::size_t start = at + random() % (before.text().size() - at);
+      const std::size_t length = random() % (before.text().size() - start);
+      const std::size_t from = random() % (other.text().size() + 1);
+      const std::u16string_view text = std::u16string_view(other.text()).substr(from, random() % 9);
+      const auto share = [](TextFormats formats) { return std::make_shared<const TextFormats>(std::move(formats)); };
+      changes.push_back({start, length, text, share(inOther.Of(from, text.size()))});
+      back.push_back({start + added, text.size(), std::u16string_view(before.text()).substr(start, length),
+                      share(inBefore.Of(start, length))});
+      added += text.size() - length;
+      at = start + length + 1;
+    }
+    const FormattedText after = before.Changed(changes);
+    for (std::size_t i = 0; i < changes.size(); ++i) {
+      const FormattedText part(std::u16string(changes[i].text), FormatFinder(after).Of(back[i].start, back[i].length));
+      ASSERT_EQ(part.formats().runs.size(), changes[i].formats->runs.size());
+    }
+    const FormattedText again = after.Changed(back);
+    ASSERT_EQ(again.text(), before.text());
+    ASSERT_EQ(Show(again).substr(0, Show(again).find(';')), Show(before).substr(0, Show(before).find(';')));
+  }
+}
+
 // Written and read again, whole and cut between any two lines.
 TEST(FormattedText, SurvivesItsRichText) {
   std::mt19937 random(1125);
@@ -116,7 +151,7 @@ TEST(FormattedText, SurvivesItsRichText) {
       rest.remove_prefix(end);
       ASSERT_TRUE(line);
       ExpectSame(*line, FormattedText(text.text().substr(begin, line->text().size()),
-                                      text.FormatsOf(begin, line->text().size())));
+                                      FormatFinder(text).Of(begin, line->text().size())));
       begin += line->text().size() + 1;
     }
   }

@@ -94,9 +94,12 @@ TEST(TextPieces, CoverTheNewTextAndKeepNothingTwice) {
     }
     ASSERT_EQ(at, after.size());
     ASSERT_LE(PlaceAfter(pieces, before, any(before.size() + 1)), after.size());
-    if (KeepsOrder(pieces)) {
+    const TextPieces inOrder = InOrder(pieces);
+    ASSERT_TRUE(KeepsOrder(inOrder));
+    ASSERT_TRUE(!KeepsOrder(pieces) || inOrder == pieces);
+    {
       std::u16string changed = before;
-      const std::vector<TextChange> changes = ChangesOf(pieces, before.size());
+      const std::vector<TextChange> changes = ChangesOf(inOrder, before.size());
       for (auto change = changes.rbegin(); change != changes.rend(); ++change) {
         changed.replace(change->oldStart, change->oldLength, after.substr(change->newStart, change->newLength));
       }

@@ -109,6 +109,60 @@ TEST(DocumentHistory, GathersTypingIntoWordsAndErasingIntoRuns) {
   EXPECT_EQ(session.UndoAll(), (States{u"ef", u"\ref", u"\r\ref", u"ab\r\ref", u"ab\r\r\ref", u"ab\rcd\r\ref", u""}));
 }
 
+// Of a control that tells the formats before something is erased.
+TEST(DocumentHistory, WhatIsErasedComesBackWithItsFormats) {
+  Session session(u"abcdef");
+  session.control.formats = "bbiipp";
+  const auto know = [&] { session.history.KnowFormats({0}, *session.control.Formatted({{0}, 6})); };
+  session.PlaceCaret(4);
+  know();
+  session.Backspace();
+  session.history.KnowFormats({0}, *session.control.Formatted({{0}, 5}));
+  session.Backspace();
+  EXPECT_EQ(session.UndoAll(), (std::vector<std::u16string>{u"abcdef"}));
+  EXPECT_EQ(session.control.formats, "bbiipp");
+  session.history.Redo(session.control);
+  EXPECT_EQ(session.control.formats, "bbpp");
+  session.history.Undo(session.control);
+
+  // Typed over, and replaced by a command that knows what it does.
+  session.PlaceCaret(1, 3);
+  know();
+  session.Paste(u"x");
+  session.PlaceCaret(0);
+  session.control.formats = "bxpp";
+  ASSERT_TRUE(session.history.Undo(session.control));
+  EXPECT_EQ(session.control.formats, "bbiipp");
+  session.history.Redo(session.control);
+  EXPECT_EQ(session.control.formats, "bxpp") << "as it was when it was undone";
+}
+
+TEST(DocumentHistory, FormattingIsAStepThatCostsWhatItChanges) {
+  Session session(std::u16string(100'000, u'x'));
+  const auto format = [&](std::size_t start, std::size_t length, char letter) {
+    const UndoCommand step(session.history, session.control);
+    const auto formats = [&](char each) {
+      return TextFormats{{{length, std::make_shared<const FormatWords>(FormatWords{{std::string(1, each), ""}})}}, {}};
+    };
+    const TextFormats before = formats(session.control.formats[start]);
+    session.control.Format(start, formats(letter));
+    session.history.NoteFormats(session.control, {start}, before, formats(letter));
+  };
+  const std::size_t atFirst = session.history.history().bytes();
+  for (std::size_t i = 0; i < 100; ++i) {
+    format(i * 1000, 900, i % 2 == 0 ? 'b' : 'i');
+  }
+  EXPECT_LT(session.history.history().bytes() - atFirst, 100U * 2000);
+  format(0, 900, 'b');
+  EXPECT_EQ(session.history.history().done().size(), 100U) << "nothing has changed";
+  const std::string formatted = session.control.formats;
+  EXPECT_EQ(session.UndoAll().size(), 100U);
+  EXPECT_TRUE(session.control.IsPlain());
+  while (session.history.Redo(session.control)) {
+  }
+  EXPECT_EQ(session.control.formats, formatted);
+}
+
 TEST(DocumentHistory, ACommandIsOneStepHoweverManyEditsItMakes) {
   Session session(u"a b c");
   {

@@ -2,6 +2,8 @@
 #pragma once
 
 #include <algorithm>
+#include <memory>
+#include <optional>
 #include <string>
 #include <utility>
 
@@ -32,9 +34,25 @@ class FakeControl final : public UndoTarget {
       Interrupt();
     }
     for (const ControlEdit& edit : edits) {
-      selection = edit.removedRange();
-      Type(edit.inserted);
+      if (!edit.IsFormatting()) {
+        selection = edit.removedRange();
+        Type(edit.inserted);
+      }
+      if (edit.insertedFormats) {
+        Format(edit.start.value, *edit.insertedFormats);
+      }
     }
+  }
+  // Letters that are not plain are the words of the formats.
+  std::optional<FormattedText> Formatted(ControlRange range) const override {
+    if (IsPlain()) {
+      return std::nullopt;
+    }
+    TextFormats part;
+    for (const char letter : formats.substr(range.start.value, range.length)) {
+      part.runs.push_back({1, std::make_shared<const FormatWords>(FormatWords{{std::string(1, letter), ""}})});
+    }
+    return FormattedText(text.substr(range.start.value, range.length), std::move(part));
   }
   RichText Capture() const override { return IsPlain() ? nullptr : std::make_shared<const std::string>(formats); }
   void Rebuild(const RichText& richText, std::u16string_view documentText) override {
@@ -54,6 +72,13 @@ class FakeControl final : public UndoTarget {
   void Interrupt() {
     if (std::exchange(interrupts, false)) {
       throw Interrupted();
+    }
+  }
+
+  void Format(std::size_t start, const TextFormats& formatsThere) {
+    for (const FormatRun& run : formatsThere.runs) {
+      formats.replace(start, run.length, run.length, run.format->empty() ? 'p' : run.format->front().first.front());
+      start += run.length;
     }
   }
 
