@@ -113,6 +113,22 @@ TEST_F(RegistryWindowTest, TypeLibrariesOfTheSystemAreListed) {
   EXPECT_NE(app.Text().find(u"{00020430-0000-0000-C000-000000000046}"), std::u16string::npos) << Shown(app.Text());
 }
 
+TEST_F(RegistryWindowTest, ReferencesOfAProjectAreComparedWithTheSystem) {
+  const std::u16string guid = u"{00020430-0000-0000-C000-000000000046}";
+  const std::filesystem::path project =
+      folder.Write(u"工程.vbp", Gbk(u"Type=Exe\r\nReference=*\\G" + guid +
+                                    u"#2.0#0#C:\\WINDOWS\\SYSTEM32\\STDOLE2.TLB#OLE 自动化\r\n" + u"Reference=*\\G" +
+                                    guid + u"#9.0#0#没有.tlb#新\r\n"));
+  app.Start();
+  app.Menu("mnuVBreferences");
+  app.ChooseFile(project);
+  const std::u16string text = app.Text();
+  EXPECT_NE(text.find(u"引用\tOLE 自动化\t2.0\tC:\\WINDOWS\\SYSTEM32\\STDOLE2.TLB\t在\t已登记\t"), text.npos)
+      << Shown(text);
+  EXPECT_NE(text.find(u"引用\t新\t9.0\t" + (folder / u"没有.tlb").u16string() + u"\t不在\t"), text.npos) << Shown(text);
+  app.ExpectRemark(u"引用2个，文件不在1个，未登记1个");
+}
+
 TEST_F(RegistryWindowTest, ShortcutIsMadeFoundWrongAndLedRight) {
   const ComApartment apartment;  // of the test's own thread
   const std::filesystem::path target = folder.Write(u"目标.txt", "x");

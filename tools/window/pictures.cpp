@@ -91,9 +91,7 @@ void TakePictures(const std::filesystem::path& samples, const std::filesystem::p
                                    DialogPicture{"mnuEncryptSelectedText", L"密钥", L"key.png"},
                                    DialogPicture{"mnuMergeFile", L"合并文件内容", L"merge.png"},
                                    DialogPicture{"mnuDataGuanLianHeBin", L"数据关联合并", L"join.png"},
-                                   DialogPicture{"mnuJiaZiMu", L"加字母", L"initials.png"},
-                                   DialogPicture{"mnuSendInput", L"模拟键盘鼠标", L"send-input.png"},
-                                   DialogPicture{"mnuWindows", L"窗口与进程", L"windows.png"}};
+                                   DialogPicture{"mnuJiaZiMu", L"加字母", L"initials.png"}};
   for (const DialogPicture& picture : kDialogs) {
     TakeDialogPicture(program, picture, images);
   }

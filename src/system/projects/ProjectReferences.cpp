@@ -49,13 +49,16 @@ std::optional<TypeLibraryId> TakeId(std::u16string_view& text, char16_t behind) 
   return TypeLibraryId{.guid = UpperCase(guid), .major = *major, .minor = *minor, .language = *language};
 }
 
+// Without the blanks and the quotes around it.
+std::u16string_view Value(std::u16string_view text) {
+  text = Trim(text, kBlanks);
+  return text.size() > 1 && text.front() == u'"' && text.back() == u'"' ? text.substr(1, text.size() - 2) : text;
+}
+
 std::optional<ProjectReference> ReadReference(std::u16string_view text, ReferenceKind kind) {
   constexpr std::u16string_view kProject = u"*\\A";
   constexpr std::array<std::u16string_view, 2> kLibraries = {u"*\\G", u"*\\H"};
-  text = Trim(text, kBlanks);
-  if (text.size() > 1 && text.front() == u'"' && text.back() == u'"') {
-    text = text.substr(1, text.size() - 2);
-  }
+  text = Value(text);
   ProjectReference reference{.kind = kind};
   if (text.starts_with(kProject)) {
     text.remove_prefix(kProject.size());
@@ -114,7 +117,9 @@ std::vector<std::u16string> ReadProjectGroup(std::u16string_view text) {
   std::vector<std::u16string> projects;
   ForEachLine(text, [&projects](std::u16string_view line, std::size_t) {
     if (StartsWithKey(line, u"Project") || StartsWithKey(line, u"StartupProject")) {
-      projects.emplace_back(Trim(line.substr(line.find(u'=') + 1), kBlanks));
+      if (const std::u16string_view project = Value(line.substr(line.find(u'=') + 1)); !project.empty()) {
+        projects.emplace_back(project);
+      }
     }
   });
   return projects;

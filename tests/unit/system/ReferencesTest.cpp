@@ -89,7 +89,7 @@ TEST_F(ReferencesTest, OfAGroupStandInOneTable) {
   Write("sub/甲.vbp", u"Reference=*\\G" + std::u16string(kGuid) + u"#2.0#0#..\\ole.tlb#OLE\r\n" + u"Reference=*\\G" +
                           std::u16string(kGuid) + u"#1.0#0#gone.tlb#Old\r\n" + u"Object=" + std::u16string(kGuid) +
                           u"#2.0#0; ole.ocx\r\nReference=*\\A没有.vbp\r\nReference=?\r\n");
-  const auto group = Write("all.vbg", u"VBGROUP 5.0\r\nProject=sub\\甲.vbp\r\nProject=none.vbp\r\n");
+  const auto group = Write("all.vbg", u"VBGROUP 5.0\r\nProject=sub\\甲.vbp\r\nProject=\"none.vbp\"\r\nProject=\r\n");
   Register(TextOfPath(library));
   workbench.prompts().Will(std::vector{group, folder.path() / "sub" / "甲.vbp"});
   mnuVBreferences(workbench, registry);
