@@ -39,7 +39,8 @@ class FrmNoteText {
   void MarkVisible();
 
  private:
-  std::optional<LRESULT> OnMessage(UINT message, WPARAM wParam);
+  std::optional<LRESULT> OnMessage(UINT message, WPARAM wParam, LPARAM lParam);
+  void OpenMenu(POINT at);
   CHARRANGE VisibleRange() const;
 
   RichEdit box_;

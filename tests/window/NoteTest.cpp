@@ -171,6 +171,11 @@ TEST_F(NoteTest, TextGoesToTheDocumentAndBack) {
   const DialogDriver note = Note();
   const EditBoxDriver box(note.Control(RichNote));
   box.Insert(u"一\r\n二");
+  PostMessageW(box.window(), WM_CONTEXTMENU, 0, -1);
+  app.WaitForPopup();
+  app.ChooseInPopup(u'A');
+  EXPECT_EQ(Shown(box.SelectedText()), Shown(u"一\r\n二"));
+  box.Select({{4}, 0});
   app.Editor().Select({{1}, 0});
   app.Press("Ctrl+Enter");
   app.ExpectText(u"前一\r\n二后");

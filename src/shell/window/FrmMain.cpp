@@ -7,8 +7,6 @@
 #include <utility>
 #include <vector>
 
-#include <windowsx.h>
-
 #include "shell/window/CommandLine.h"
 #include "shell/window/CommandReasons.h"
 #include "shell/window/EditBoxMenu.h"
@@ -28,6 +26,7 @@
 #include "text/win/WideText.h"
 #include "win/DroppedFiles.h"
 #include "win/Monitors.h"
+#include "win/PopupMenu.h"
 #include "win/TopLevelWindows.h"
 
 namespace scrivanta {
@@ -307,13 +306,7 @@ void FrmMain::OpenPanelMenu(StatusPanel panel, const std::vector<MenuChoice>& ch
   RunGuarded([&] { OpenChoices(handle(), {bounds.left, bounds.top}, choices); });
 }
 
-// By a key the menu opens at the corner of the box.
 void FrmMain::OpenEditBoxMenu(LPARAM place) {
-  POINT at{GET_X_LPARAM(place), GET_Y_LPARAM(place)};
-  if (place == -1) {
-    at = {};
-    ClientToScreen(editor_.box(), &at);
-  }
   if (work_.IsBusy()) {
     return;
   }
@@ -321,7 +314,8 @@ void FrmMain::OpenEditBoxMenu(LPARAM place) {
   const EditBoxMenu menu{[&](std::string_view controlName) { return CanRun(commands_, controlName, state); },
                          [this](std::string_view controlName) { return keyMap_.ShownKey(controlName); },
                          [this](std::string_view controlName) { OnCommand(*MenuCommandId(controlName), 0); }};
-  RunGuarded([&] { OpenChoices(handle(), at, menu.Choices(recentCommands_.List())); });
+  RunGuarded(
+      [&] { OpenChoices(handle(), PlaceOfContextMenu(editor_.box(), place), menu.Choices(recentCommands_.List())); });
 }
 
 void FrmMain::SetLineNumbers(bool shown) {

@@ -1,25 +1,26 @@
 #include "shell/window/FrmMainMenu.h"
 
+#include <algorithm>
+#include <iterator>
+#include <optional>
 #include <string>
 #include <vector>
 
 #include "shell/window/MenuTree.h"
 #include "text/win/PlatformError.h"
 #include "text/win/WideText.h"
+#include "win/PopupMenu.h"
 
 namespace scrivanta {
 
 namespace {
 
-std::wstring TextWithShortcut(std::u16string_view caption, std::u16string_view shortcut) {
-  return shortcut.empty() ? ToWide(caption) : ToWide(caption) + L'\t' + ToWide(shortcut);
+std::u16string TextWithShortcut(std::u16string_view caption, const std::u16string& shortcut) {
+  return shortcut.empty() ? std::u16string(caption) : std::u16string(caption) + u'\t' + shortcut;
 }
 
-void Append(HMENU menu, const MenuChoice& choice, UINT_PTR commandId) {
-  const UINT flags = choice.IsSeparator() ? MF_SEPARATOR
-                                          : MF_STRING | (choice.isAvailable ? MF_ENABLED : MF_GRAYED) |
-                                                (choice.isChecked ? MF_CHECKED : MF_UNCHECKED);
-  AppendMenuW(menu, flags, commandId, TextWithShortcut(choice.caption, choice.shortcut).c_str());
+PopupEntry EntryOf(const MenuChoice& choice) {
+  return {TextWithShortcut(choice.caption, choice.shortcut), choice.isAvailable, choice.isChecked};
 }
 
 }  // namespace
@@ -32,8 +33,8 @@ OwnedMenu BuildMainMenu(const KeyMap& keys) {
       popup = CreatePopupMenu();
       AppendMenuW(bar.get(), MF_POPUP, reinterpret_cast<UINT_PTR>(popup), ToWide(entry.caption).c_str());
     } else if (entry.level == MenuLevel::kEntry) {
-      Append(popup, {.caption = std::u16string(entry.caption), .shortcut = keys.ShownKey(entry.controlName)},
-             static_cast<UINT_PTR>(*MenuCommandId(entry.controlName)));
+      AppendEntry(popup, {.text = TextWithShortcut(entry.caption, keys.ShownKey(entry.controlName))},
+                  static_cast<UINT_PTR>(*MenuCommandId(entry.controlName)));
     }
   }
   return bar;
@@ -54,7 +55,7 @@ OwnedAccelerators BuildAccelerators(const KeyMap& keys) {
 void ShowKeys(HMENU bar, const KeyMap& keys) {
   for (const MenuEntry& entry : MenuTree()) {
     if (entry.level == MenuLevel::kEntry && !entry.IsSeparator()) {
-      std::wstring text = TextWithShortcut(entry.caption, keys.ShownKey(entry.controlName));
+      std::wstring text = ToWide(TextWithShortcut(entry.caption, keys.ShownKey(entry.controlName)));
       MENUITEMINFOW item{};
       item.cbSize = sizeof(item);
       item.fMask = MIIM_STRING;
@@ -69,18 +70,15 @@ void ShowBehind(HMENU popup, int ownEntries, const std::vector<MenuChoice>& choi
     DeleteMenu(popup, static_cast<UINT>(ownEntries), MF_BYPOSITION);
   }
   for (std::size_t i = 0; i < choices.size(); ++i) {
-    Append(popup, choices[i], static_cast<UINT_PTR>(firstCommandId) + i);
+    AppendEntry(popup, EntryOf(choices[i]), static_cast<UINT_PTR>(firstCommandId) + i);
   }
 }
 
 void OpenChoices(HWND owner, POINT at, const std::vector<MenuChoice>& choices) {
-  const OwnedMenu menu(CreatePopupMenu());
-  for (std::size_t i = 0; i < choices.size(); ++i) {
-    Append(menu.get(), choices[i], i + 1);
-  }
-  const int chosen = TrackPopupMenu(menu.get(), TPM_RETURNCMD | TPM_NONOTIFY, at.x, at.y, 0, owner, nullptr);
-  if (chosen > 0) {
-    choices[static_cast<std::size_t>(chosen) - 1].run();
+  std::vector<PopupEntry> entries;
+  std::ranges::transform(choices, std::back_inserter(entries), &EntryOf);
+  if (const std::optional<std::size_t> chosen = ChooseFromPopup(owner, at, entries)) {
+    choices[*chosen].run();
   }
 }
 

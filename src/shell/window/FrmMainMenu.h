@@ -24,8 +24,7 @@ void ShowBehind(HMENU popup, int ownEntries, const std::vector<MenuChoice>& choi
 // Enables those entries of the bar's menus whose command is available now.
 void EnableMenuEntries(HMENU bar, const std::function<bool(std::string_view controlName)>& isAvailable);
 
-// Opens a menu at a point of the screen, waits for the user and runs what is chosen. Where it would leave the screen
-// below, it stands above the point.
+// Opens a menu at a point of the screen, waits for the user and runs what is chosen.
 void OpenChoices(HWND owner, POINT at, const std::vector<MenuChoice>& choices);
 
 }  // namespace scrivanta
