@@ -116,6 +116,7 @@ void FrmMain::Open(std::u16string_view commandLine) {
 }
 
 int FrmMain::RestoreSettings() {
+  lineNumbers_.Show(ReadLineNumbers(settings_));  // before the window is laid out, when it gets its size
   std::vector<TwipRect> areas;
   std::ranges::transform(WorkAreas(), std::back_inserter(areas), &ToTwips);
   const std::optional<TwipRect> normal = ReadPlacementBeforeMaximising(settings_);
@@ -123,7 +124,6 @@ int FrmMain::RestoreSettings() {
   Place(handle(), FitPlacement(placement, areas), SystemDotsPerInch());
   editor_.SetWordWrap(ReadOptions(settings_).wraps);
   editor_.SetZoom(ReadZoom(settings_));
-  SetLineNumbers(ReadLineNumbers(settings_));
   return normal ? SW_SHOWMAXIMIZED : SW_SHOW;
 }
 

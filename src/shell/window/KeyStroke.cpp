@@ -47,6 +47,21 @@ std::u16string NameOf(std::uint16_t code) {
   return named == kNamed.end() ? std::u16string() : std::u16string(named->name);
 }
 
+std::optional<std::uint16_t> CodeOf(std::u16string_view name) {
+  if (name.size() == 1 && (IsLetter(name.front()) || IsFigure(name.front()))) {
+    return name.front();
+  }
+  if (const auto* const named = std::ranges::find(kNamed, name, &NamedKey::name); named != kNamed.end()) {
+    return named->code;
+  }
+  for (std::uint16_t code = kF1; IsFunctionKey(code); ++code) {
+    if (name.starts_with(u'F') && name == NameOf(code)) {
+      return code;
+    }
+  }
+  return std::nullopt;
+}
+
 struct Reserved {
   std::u16string_view key;
   std::u16string_view reason;
@@ -81,13 +96,12 @@ std::optional<KeyStroke> ParseKeyStroke(std::u16string_view text) {
   };
   key.ctrl = take(u"Ctrl+");
   key.shift = take(u"Shift+");
-  constexpr std::uint16_t kCodes = 0x100;
-  for (key.code = 1; key.code < kCodes; ++key.code) {
-    if (!text.empty() && NameOf(key.code) == text) {
-      return key;
-    }
+  const std::optional<std::uint16_t> code = CodeOf(text);
+  if (!code) {
+    return std::nullopt;
   }
-  return std::nullopt;
+  key.code = *code;
+  return key;
 }
 
 std::u16string KeyStrokeText(const KeyStroke& key) {
