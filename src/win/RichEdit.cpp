@@ -308,6 +308,11 @@ CHARFORMAT2W RichEdit::SelectionFormat() const {
   return format;
 }
 
+CHARFORMAT2W RichEdit::FormatOf(CHARRANGE range) const {
+  const SelectionPause pause(*this, range);
+  return SelectionFormat();
+}
+
 void RichEdit::SetSelectionFormat(const CHARFORMAT2W& format) {
   Send(EM_SETCHARFORMAT, SCF_SELECTION, reinterpret_cast<LPARAM>(&format));
 }

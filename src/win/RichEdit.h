@@ -67,6 +67,8 @@ class RichEdit {
   POINT PlaceOf(LONG position) const;
 
   CHARFORMAT2W SelectionFormat() const;
+  // The same of another part.
+  CHARFORMAT2W FormatOf(CHARRANGE range) const;
   void SetSelectionFormat(const CHARFORMAT2W& format);
   PARAFORMAT2 SelectionParagraph() const;
   void SetSelectionParagraph(const PARAFORMAT2& format);

@@ -113,6 +113,11 @@ TEST_F(EditBoxTest, TheFontOfTheLineStaysWhenAnotherDocumentIsOpened) {
   };
   app.Editor().SelectText(u"正文");
   expectFont();
+  app.Menu("mnuUndo");
+  EXPECT_EQ(app.Editor().SelectionFormat().yHeight, 210);
+  app.Menu("mnuRedo");
+  app.Editor().SelectText(u"正文");
+  expectFont();
   app.Menu("mnuSaveAs");
   app.ChooseFile(folder / u"字.txt");
   app.Open(folder.Write(u"另.txt", Gbk(u"另一篇")));

@@ -216,6 +216,34 @@ TEST_F(RichTextTest, UndoBringsBackFormats) {
   }
 }
 
+TEST_F(RichTextTest, TheFontLineChangesWhatIsChangedInIt) {
+  app.Start();
+  app.Open(folder.Write(u"字体.rtf",
+                        "{\\rtf1\\ansi\\ansicpg936{\\fonttbl{\\f0\\fnil\\fcharset0 Arial;}}"
+                        "{\\colortbl ;\\red255\\green0\\blue0;}\\uc1\\pard\\f0\\fs24 one \\b two\\b0  \\cf1 red}"));
+  const InputQuestion question{
+      .prompt = u"字体设置：",
+      .preset = u"字体：Arial|字号：12|颜色：0|粗体：False|斜体：False|下划线：False|删除线：False",
+      .hasFields = true};
+  app.Menu("mnuFont");
+  app.AnswerInput(question, question.preset);
+  app.Settle();
+  EXPECT_FALSE(app.MenuEntry("mnuUndo").enabled);
+  app.Menu("mnuFont");
+  app.AnswerInput(question, u"字号：20");
+  app.Settle();
+  const auto sizeOf = [this](std::u16string_view text) {
+    app.Editor().SelectText(text);
+    return app.Editor().SelectionFormat().yHeight;
+  };
+  EXPECT_EQ(sizeOf(u"one"), 400);
+  EXPECT_EQ(sizeOf(u"red"), 400);
+  EXPECT_EQ(Formats(), "----bbb-rrr");
+  app.Menu("mnuUndo");
+  EXPECT_EQ(sizeOf(u"two"), 240);
+  EXPECT_EQ(Formats(), "----bbb-rrr");
+}
+
 // The control ends at the picture what it gives and reports no error.
 TEST_F(RichTextTest, WhatTheControlGivesOnlyInPartReplacesNothing) {
   const auto file = folder.Write(u"图片.rtf", withPicture);

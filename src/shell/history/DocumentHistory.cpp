@@ -106,10 +106,10 @@ void DocumentHistory::NoteEdits(const ControlView& control, std::vector<ControlE
   history_.EndCommand(selection_);
 }
 
-void DocumentHistory::NoteFormats(const ControlView& control, ControlPos start, const TextFormats& before,
+bool DocumentHistory::NoteFormats(const ControlView& control, ControlPos start, const TextFormats& before,
                                   const TextFormats& after) {
   if (before == after) {
-    return;
+    return false;
   }
   ControlEdit edit{start, {}, {}};
   edit.removedFormats = std::make_shared<const TextFormats>(before);
@@ -117,6 +117,7 @@ void DocumentHistory::NoteFormats(const ControlView& control, ControlPos start, 
   history_.Seal();
   history_.Record(std::move(edit), selection_, control.Selection(), {});
   history_.Seal();
+  return true;
 }
 
 void DocumentHistory::NoteRebuild(const ControlView& control, RichText before, bool hasFormatting,

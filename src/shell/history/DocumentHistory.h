@@ -57,8 +57,8 @@ class DocumentHistory {
 
   // The edits have been made, all of them one step.
   void NoteEdits(const ControlView& control, std::vector<ControlEdit> edits);
-  // The formats of a stretch have changed, and nothing else. No step when they are the same.
-  void NoteFormats(const ControlView& control, ControlPos start, const TextFormats& before, const TextFormats& after);
+  // The formats of a stretch have changed, and nothing else. False, and no step, when they are the same.
+  bool NoteFormats(const ControlView& control, ControlPos start, const TextFormats& before, const TextFormats& after);
   // Who is told whenever the newest step has been undone (true) or redone (false).
   void Attach(std::function<void(bool isUndone)> onUndo) { history_.Attach(std::move(onUndo)); }
 

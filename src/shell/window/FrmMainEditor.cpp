@@ -54,13 +54,33 @@ CHARFORMAT2W ToControl(const FontDescription& font) {
   return format;
 }
 
+FontDescription ToDescription(const CHARFORMAT2W& format) {
+  const auto has = [&format](DWORD effect) { return (format.dwEffects & effect) != 0; };
+  return {.name = FromWide(format.szFaceName),
+          .size = static_cast<double>(format.yHeight) / kTwipsPerPoint,
+          .colour = has(CFE_AUTOCOLOR) ? 0 : format.crTextColor,
+          .bold = has(CFE_BOLD),
+          .italic = has(CFE_ITALIC),
+          .underline = has(CFE_UNDERLINE),
+          .strikeThrough = has(CFE_STRIKEOUT)};
+}
+
+// The mask of what differs.
+DWORD DifferenceOf(const FontDescription& a, const FontDescription& b) {
+  const auto mask = [](bool differs, DWORD bits) { return differs ? bits : 0; };
+  return mask(a.name != b.name, CFM_FACE | CFM_CHARSET) | mask(a.size != b.size, CFM_SIZE) |
+         mask(a.colour != b.colour, CFM_COLOR) | mask(a.bold != b.bold, CFM_BOLD) |
+         mask(a.italic != b.italic, CFM_ITALIC) | mask(a.underline != b.underline, CFM_UNDERLINE) |
+         mask(a.strikeThrough != b.strikeThrough, CFM_STRIKEOUT);
+}
+
 }  // namespace
 
 void FrmMainEditor::Create(HWND parent) {
   box_.Create(parent, RichTextBox1, kBoxStyle | WS_VISIBLE | WS_TABSTOP);
-  font_ = {.name = u"宋体", .size = 10.5};
-  box_.SetDefaultFormat(ToControl(font_));
-  box_.SetFormatOfAll(ToControl(font_));
+  const CHARFORMAT2W format = ToControl({.name = u"宋体", .size = 10.5});
+  box_.SetDefaultFormat(format);
+  box_.SetFormatOfAll(format);
   box_.SetEventMask(ENM_CHANGE | ENM_SELCHANGE);
   history_.Reset(control_);
 }
@@ -323,16 +343,37 @@ void FrmMainEditor::SetEffect(TextEffect effect, bool on) {
   ChangeFormats(control_.Selection(), [&] { box_.SetSelectionFormat(format); });
 }
 
+// Of a text with formats of its own that of its beginning.
 FontDescription FrmMainEditor::Font() const {
-  return font_;
+  const bool isMixed = HasFormatting() && history_.text().length() > 0;
+  return ToDescription(isMixed ? box_.FormatOf({0, 1}) : box_.DefaultFormat());
 }
 
 void FrmMainEditor::SetFont(const FontDescription& font) {
   RequireWritable();
-  font_ = font;
-  const CHARFORMAT2W format = ToControl(font);
-  box_.SetDefaultFormat(format);
-  box_.SetFormatOfAll(format);
+  CHARFORMAT2W format = ToControl(font);
+  format.dwMask = DifferenceOf(Font(), font);
+  if (format.dwMask == 0) {
+    return;
+  }
+  CHARFORMAT2W before = box_.DefaultFormat();
+  before.dwMask = format.dwMask;
+  if (HasFormatting()) {
+    const auto setDefault = [this, before, format](bool isUndone) {
+      box_.SetDefaultFormat(isUndone ? before : format);
+    };
+    setDefault(false);
+    if (ChangeFormats({{0}, history_.text().length()}, [&] { box_.SetFormatOfAll(format); })) {
+      history_.Attach(setDefault);
+    }
+    return;
+  }
+  const auto setAll = [this, before, format](bool isUndone) {
+    box_.SetDefaultFormat(isUndone ? before : format);
+    box_.SetFormatOfAll(isUndone ? before : format);
+  };
+  setAll(false);
+  history_.NoteRebuild(control_, nullptr, true, setAll);
   listener_.onChange();
 }
 
@@ -382,8 +423,8 @@ void FrmMainEditor::PasteFormat() {
   });
 }
 
-// A step of its own, unless nothing has changed or there is no text that it could have changed.
-void FrmMainEditor::ChangeFormats(ControlRange range, const std::function<void()>& change) {
+// A step of its own, unless nothing has changed or there is no text that it could have changed. Returns whether it is.
+bool FrmMainEditor::ChangeFormats(ControlRange range, const std::function<void()>& change) {
   const UndoCommand step(history_, control_);
   const std::optional<FormattedText> before = FormatsOf(range);
   const bool isTakenApart = before || range.empty();
@@ -391,12 +432,14 @@ void FrmMainEditor::ChangeFormats(ControlRange range, const std::function<void()
   change();
   control_.NoteFormatting();
   const std::optional<FormattedText> after = before ? FormatsOf(range) : std::nullopt;
+  bool isStep = !isTakenApart;
   if (after) {
-    history_.NoteFormats(control_, range.start, before->formats(), after->formats());
-  } else if (!isTakenApart) {
+    isStep = history_.NoteFormats(control_, range.start, before->formats(), after->formats());
+  } else if (isStep) {
     history_.NoteRebuild(control_, rich, true);
   }
   listener_.onChange();
+  return isStep;
 }
 
 // Of a text without formats of its own all units are alike.

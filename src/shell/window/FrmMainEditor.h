@@ -109,7 +109,7 @@ class FrmMainEditor final : public Editor, public EditBox {
 
   void Rearrange(ControlRange part, const std::u16string& before, const std::u16string& after,
                  bool (FrmMainControl::*rearrange)(const FrmMainControl::NewText&));
-  void ChangeFormats(ControlRange range, const std::function<void()>& change);
+  bool ChangeFormats(ControlRange range, const std::function<void()>& change);
   std::optional<FormattedText> FormatsOf(ControlRange range) const;
   void RequireWritable() const;
   void NoteFormats(bool areKept) const;
@@ -125,7 +125,6 @@ class FrmMainEditor final : public Editor, public EditBox {
   FrmMainControl control_;
   DocumentHistory history_;
   std::optional<StoredFormat> storedFormat_;
-  FontDescription font_;
 };
 
 }  // namespace scrivanta
