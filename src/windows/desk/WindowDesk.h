@@ -31,7 +31,7 @@ struct DeskWindow {
   std::u16string className = {};
   ProcessId process = 0;
   WindowBounds bounds = {};
-  bool isVisible = true;
+  bool isVisible = true;  // and so is what it stands in
   bool isEnabled = true;
   bool isMinimised = false;
   bool isMaximised = false;

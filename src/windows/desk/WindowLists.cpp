@@ -137,7 +137,6 @@ std::vector<ListedWindow> FilterWindows(const DeskLists& lists, std::u16string_v
   const std::vector<DeskWindow>& windows = lists.windows;
   std::unordered_map<WindowHandle, std::size_t> numbers;
   std::vector<std::size_t> depths(windows.size());
-  std::vector<bool> isShown(windows.size());
   std::vector<bool> isListed(windows.size());
   // A window stands before what is in it.
   for (std::size_t index = 0; index < windows.size(); ++index) {
@@ -146,9 +145,9 @@ std::vector<ListedWindow> FilterWindows(const DeskLists& lists, std::u16string_v
     const auto parent = numbers.find(window.parent);
     const bool isInside = window.parent != 0 && parent != numbers.end();
     depths[index] = isInside ? depths[parent->second] + 1 : 0;
-    isShown[index] = withHidden || (window.isVisible && (!isInside || isShown[parent->second]));
-    if (!isShown[index] || !words.Fits({window.caption, window.className, HandleText(window.handle),
-                                        lists.ProcessName(window.process), DecimalText(window.process)})) {
+    if (!(withHidden || window.isVisible) ||
+        !words.Fits({window.caption, window.className, HandleText(window.handle), lists.ProcessName(window.process),
+                     DecimalText(window.process)})) {
       continue;
     }
     isListed[index] = true;

@@ -112,8 +112,10 @@ TEST(InputScript, FaultNamesLineAndWord) {
       {u"输入", u"第1行看不懂：后面要写输入的文字"},
       {u"a", u"第1行的“a”"}};
   std::u16string deep;
-  for (int i = 0; i < 100'000; ++i) {
-    deep += u"循环 2\n";
+  for (const std::u16string_view line : {u"循环 2\n", u"结束\n"}) {
+    for (int i = 0; i < 1000; ++i) {
+      deep += line;
+    }
   }
   EXPECT_THROW(ParseInputScript(deep), InputScriptError);
   for (const auto& [script, expected] : bad) {

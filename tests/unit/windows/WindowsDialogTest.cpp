@@ -67,7 +67,7 @@ class Desk final : public WindowDesk {
       {.handle = 5, .caption = u"藏着", .className = u"Tray", .process = 30, .isVisible = false},
       {.handle = 6, .caption = u"Scrivanta", .className = u"Main", .process = kOwn, .isOnTop = true}};
   std::vector<DeskProcess> processes = {
-      {.id = 4, .name = u"System"},
+      {.id = 4, .name = u"guard.exe"},
       {.id = kOwn, .name = u"Scrivanta.exe", .path = u"C:\\S\\Scrivanta.exe"},
       {.id = 20, .parent = kOwn, .name = u"paint.exe", .path = u"C:\\P\\paint.exe", .memory = 2'048'000},
       {.id = 30, .name = u"Explorer.EXE", .path = u"C:\\W\\Explorer.EXE"}};
@@ -130,7 +130,7 @@ class WindowsDialogTest : public ::testing::Test {
 TEST_F(WindowsDialogTest, FilterKeepsWhatHoldsAllWordsAndWhereItStands) {
   dialog.Refresh(view);
   EXPECT_EQ(view.windows, u"“画图” Paint　paint.exe|.“框” Button|.Edit|“Scrivanta” Main　Scrivanta.exe|");
-  EXPECT_EQ(view.processes, u"System|Scrivanta.exe|paint.exe|Explorer.EXE|");
+  EXPECT_EQ(view.processes, u"guard.exe|Scrivanta.exe|paint.exe|Explorer.EXE|");
   EXPECT_EQ(view.remark, u"4个窗口和控件，4个进程");
   const std::tuple<std::u16string_view, bool, std::u16string_view> cases[] = {
       {u"EDIT 20", false, u"“画图” Paint　paint.exe|.Edit|"},
