@@ -126,7 +126,7 @@ void ScrivantaInputDevice::Sleep(std::chrono::milliseconds time) {
 }
 
 ScrivantaStopKey::ScrivantaStopKey() {
-  isPressed_ = false;
+  wasPressed = false;
   hook_.Reset(SetWindowsHookExW(WH_KEYBOARD_LL, &Hear, GetModuleHandleW(nullptr), 0));
   if (!hook_) {
     ThrowLastError("SetWindowsHookEx");
@@ -137,14 +137,14 @@ ScrivantaStopKey::ScrivantaStopKey() {
 bool ScrivantaStopKey::IsPressed() const {
   MSG message{};
   PeekMessageW(&message, nullptr, 0, 0, PM_NOREMOVE | PM_QS_SENDMESSAGE);
-  return isPressed_;
+  return wasPressed;
 }
 
 LRESULT CALLBACK ScrivantaStopKey::Hear(int code, WPARAM message, LPARAM lParam) noexcept {
   if (code == HC_ACTION && (message == WM_KEYDOWN || message == WM_SYSKEYDOWN)) {
     const auto& key = *reinterpret_cast<const KBDLLHOOKSTRUCT*>(lParam);
     if (key.vkCode == VK_ESCAPE && key.dwExtraInfo != kPlayed) {
-      isPressed_ = true;
+      wasPressed = true;
       return 1;
     }
   }

@@ -33,7 +33,7 @@ class ScrivantaStopKey final : public StopKey {
  private:
   static LRESULT CALLBACK Hear(int code, WPARAM message, LPARAM lParam) noexcept;
 
-  static inline bool isPressed_ = false;
+  static inline bool wasPressed = false;
   OwnedHook hook_;
 };
 
