@@ -9,7 +9,6 @@
 
 #include "shell/window/CommandLine.h"
 #include "shell/window/CommandReasons.h"
-#include "shell/window/EditBoxMenu.h"
 #include "shell/window/FrmMainControls.h"
 #include "shell/window/FrmMainMenu.h"
 #include "shell/window/FrmMainTimers.h"
@@ -17,7 +16,6 @@
 #include "shell/window/MainLayout.h"
 #include "shell/window/MenuTree.h"
 #include "shell/window/Options.h"
-#include "shell/window/RecentMenu.h"
 #include "shell/window/View.h"
 #include "shell/window/WindowPlacement.h"
 #include "shell/workbench/FailureMessage.h"
@@ -26,17 +24,13 @@
 #include "text/win/WideText.h"
 #include "win/DroppedFiles.h"
 #include "win/Monitors.h"
-#include "win/PopupMenu.h"
 #include "win/TopLevelWindows.h"
 
 namespace scrivanta {
 
 namespace {
 
-// Of the entries for the documents used last, behind those of the commands.
-constexpr int kFirstRecentId = 50001;
 constexpr UINT kSnapshotInterval = 100;  // milliseconds
-constexpr UINT kIdleInterval = 20;       // milliseconds
 constexpr char16_t kFormatsLost[] = u"格式没有保留（有图片或表格等），可以撤消";
 // Posted by the window to itself: a question must not stand in the midst of an activation.
 constexpr UINT kLookAtFile = WM_APP;
@@ -96,9 +90,7 @@ void FrmMain::Open(std::u16string_view commandLine) {
       commandLine.empty() ? ReadOptions(settings_).defaultFile : PathOfText(DocumentPathOf(commandLine));
   untitledCaption_ = NumberedCaption(kProgramTitle, TopLevelWindowTitles());
   Create(windowClass_, ToWide(untitledCaption_), WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN, {0, 0, 0, 0});
-  SetMenu(handle(), BuildMainMenu(keyMap_).Release());
-  ownFileEntries_ = GetMenuItemCount(FileMenu());
-  host().loop.SetAccelerators(handle(), BuildAccelerators(keyMap_));
+  menuBar_.Create(handle());
   tray_.Create(handle(), icon_);
   const int show = RestoreSettings();
   RefreshState();
@@ -149,7 +141,7 @@ LRESULT FrmMain::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
       OnTimer(wParam);
       return 0;
     case WM_CLOSE:
-      OnClose();
+      closing_.Close(handle());
       return 0;
     default: {
       const std::optional<LRESULT> answer = OnStateMessage(message, wParam, lParam);
@@ -207,20 +199,15 @@ std::optional<LRESULT> FrmMain::OnStateMessage(UINT message, WPARAM wParam, LPAR
       lineNumbers_.Draw(*reinterpret_cast<const DRAWITEMSTRUCT*>(lParam), editor_.box(), editor_.breaks());
       return TRUE;
     case WM_QUERYENDSESSION:  // the user logs off
-      return MayEndSession() ? TRUE : FALSE;
+      return closing_.MayEndSession() ? TRUE : FALSE;
     case WM_ENDSESSION:
-      if (wParam != FALSE && mayEndSession_) {
-        recovery_.Forget();
-      }
+      closing_.HandleSessionEnd(wParam != FALSE);
       return 0;
     case WM_INITMENUPOPUP:
-      RefreshMenu();
-      if (reinterpret_cast<HMENU>(wParam) == FileMenu()) {
-        ShowRecentDocuments();
-      }
+      menuBar_.HandleOpening(reinterpret_cast<HMENU>(wParam));
       return 0;
     case WM_MENUSELECT:
-      ShowWhyGrey(LOWORD(wParam), HIWORD(wParam));
+      bars_.SetHint(menuBar_.HintOf(wParam));
       return 0;
     case WM_DESTROY:
       tray_.Destroy();
@@ -272,9 +259,8 @@ void FrmMain::OnCommand(int id, int notification) {
     }
   } else if (!work_.IsBusy()) {
     keys_.FinishComposition();
-    const auto recent = static_cast<std::size_t>(id - kFirstRecentId);
-    if (id >= kFirstRecentId && recent < recentChoices_.size()) {
-      RunGuarded(recentChoices_[recent].run);
+    if (menuBar_.IsRecent(id)) {
+      RunGuarded([&] { menuBar_.RunRecent(id); });
     } else if (!keys_.isComposing()) {
       RunCommand(id);
     }
@@ -306,42 +292,9 @@ void FrmMain::OpenPanelMenu(StatusPanel panel, const std::vector<MenuChoice>& ch
   RunGuarded([&] { OpenChoices(handle(), {bounds.left, bounds.top}, choices); });
 }
 
-void FrmMain::OpenEditBoxMenu(LPARAM place) {
-  if (work_.IsBusy()) {
-    return;
-  }
-  const WorkbenchState state = State();
-  const EditBoxMenu menu{[&](std::string_view controlName) { return CanRun(commands_, controlName, state); },
-                         [this](std::string_view controlName) { return keyMap_.ShownKey(controlName); },
-                         [this](std::string_view controlName) { OnCommand(*MenuCommandId(controlName), 0); }};
-  RunGuarded(
-      [&] { OpenChoices(handle(), PlaceOfContextMenu(editor_.box(), place), menu.Choices(recentCommands_.List())); });
-}
-
 void FrmMain::SetLineNumbers(bool shown) {
   lineNumbers_.Show(shown);
   LayOut();
-}
-
-void FrmMain::SetKeys(const KeyMap& keys) {
-  keyMap_ = keys;
-  ShowKeys(GetMenu(handle()), keyMap_);
-  host().loop.SetAccelerators(handle(), BuildAccelerators(keyMap_));
-}
-
-HMENU FrmMain::FileMenu() const {
-  return GetSubMenu(GetMenu(handle()), 0);
-}
-
-void FrmMain::ShowRecentDocuments() {
-  recentChoices_ = RecentChoices(recentDocuments_, documentFile_, prompts_);
-  ShowBehind(FileMenu(), ownFileEntries_, recentChoices_, kFirstRecentId);
-}
-
-void FrmMain::ShowWhyGrey(int commandId, UINT flags) {
-  const MenuEntry* const entry = (flags & MF_POPUP) == 0 ? MenuEntryOf(commandId) : nullptr;
-  bars_.SetHint(entry == nullptr || entry->IsSeparator() ? std::u16string()
-                                                         : WhyUnavailable(commands_, entry->controlName, State()));
 }
 
 void FrmMain::RunCommand(int commandId) {
@@ -353,7 +306,7 @@ void FrmMain::RunCommand(int commandId) {
     const UndoCommand step(editor_.history(), editor_.view());
     commands_.Run(entry->controlName, *this);
   }
-  RunGuarded([&] { recentCommands_.Note(entry->controlName); });
+  RunGuarded([&] { menuBar_.NoteCommand(entry->controlName); });
   RefreshState();
 }
 
@@ -375,7 +328,9 @@ std::optional<LRESULT> FrmMain::OnEditBoxMessage(UINT message, WPARAM wParam, LP
       SendMessageW(editor_.box(), WM_CONTEXTMENU, reinterpret_cast<WPARAM>(editor_.box()), GetMessagePos());
       return 0;
     case WM_CONTEXTMENU:
-      OpenEditBoxMenu(lParam);
+      if (!work_.IsBusy()) {
+        RunGuarded([&] { menuBar_.OpenInEditBox(editor_.box(), lParam); });
+      }
       return 0;
     case WM_MOUSEWHEEL:
       if ((GET_KEYSTATE_WPARAM(wParam) & MK_CONTROL) == 0) {
@@ -403,7 +358,7 @@ void FrmMain::OnTimer(UINT_PTR timer) {
     return;
   }
   if (timer == kCloseWhenIdle) {
-    OnIdleTimer();
+    closing_.HandleTimer(handle());
     return;
   }
   KillTimer(handle(), timer);
@@ -428,14 +383,6 @@ void FrmMain::OnSnapshotTimer() {
   recovery_.Work();
   if (!recovery_.IsPending()) {
     KillTimer(handle(), kSnapshot);
-  }
-}
-
-// Whatever runs the work, a command, a dialog or a start, has come back when the window is free again.
-void FrmMain::OnIdleTimer() {
-  if (!work_.IsBusy() && IsWindowEnabled(handle()) != FALSE) {
-    KillTimer(handle(), kCloseWhenIdle);
-    RequestClose();
   }
 }
 
@@ -464,51 +411,6 @@ void FrmMain::OnDrop(HDROP drop) {
   if (!work_.IsBusy()) {
     RunGuarded([this, &paths] { documentFile_.OpenDropped(paths); });
   }
-}
-
-void FrmMain::OnClose() {
-  if (prompts_.isAsking()) {
-    return;  // first the question that stands
-  }
-  if (work_.IsBusy()) {
-    OfferToStopAndClose();
-    return;
-  }
-  if (IsIconic(handle()) == FALSE) {
-    RunGuarded([this] { KeepPlacement(); });
-  }
-  if (MayClose()) {
-    recovery_.Forget();
-    DestroyWindow(handle());
-  }
-}
-
-void FrmMain::OfferToStopAndClose() {
-  if (std::exchange(isClosingAsked_, true)) {
-    return;
-  }
-  const Answer answer =
-      prompts_.Ask({.text = u"正在处理，是否中断并退出？", .buttons = Buttons::kYesNo, .icon = Icon::kQuestion});
-  isClosingAsked_ = false;
-  if (answer == Answer::kYes) {
-    busy_.RequestStop();
-    SetTimer(handle(), kCloseWhenIdle, kIdleInterval, nullptr);
-  }
-}
-
-// The system may end the session whatever the answer, and while the question stands: the snapshot is up to date before,
-// and stays until the session really ends with the user's leave.
-bool FrmMain::MayEndSession() {
-  recovery_.Complete();
-  mayEndSession_ = !work_.IsBusy() && MayClose();
-  return mayEndSession_;
-}
-
-// False when the user calls it off, or when the document could not be saved.
-bool FrmMain::MayClose() {
-  bool mayClose = false;
-  RunGuarded([this, &mayClose] { mayClose = documentFile_.MayClose(); });
-  return mayClose;
 }
 
 void FrmMain::KeepPlacement() {
@@ -543,7 +445,7 @@ void FrmMain::ShowPath(const std::filesystem::path& path) {
 
 void FrmMain::NoteUse(const std::filesystem::path& path) {
   desktop_.NoteRecentDocument(path);
-  RunGuarded([&] { recentDocuments_.Note(path); });
+  RunGuarded([&] { menuBar_.NoteDocument(path); });
 }
 
 void FrmMain::LayOut() {
@@ -563,22 +465,13 @@ void FrmMain::LayOut() {
   }
 }
 
-void FrmMain::RefreshMenu() {
-  const WorkbenchState state = State();
-  EnableMenuEntries(GetMenu(handle()),
-                    [&](std::string_view controlName) { return CanRun(commands_, controlName, state); });
-  shownState_ = state;
-}
-
 void FrmMain::RefreshPanels() {
   bars_.SetPanels(panels_.Describe(editor_.breaks(), editor_.ControlSelection(), documentFile_));
 }
 
 // The caret moves all the time, and as a rule what can be done stays the same.
 void FrmMain::RefreshState() {
-  if (shownState_ != State()) {
-    RefreshMenu();
-  }
+  menuBar_.Follow();
   RefreshPanels();
 }
 

@@ -15,17 +15,16 @@
 #include "shell/window/FormatChoices.h"
 #include "shell/window/FrmMainBars.h"
 #include "shell/window/FrmMainBusy.h"
+#include "shell/window/FrmMainClosing.h"
 #include "shell/window/FrmMainEditor.h"
 #include "shell/window/FrmMainKeys.h"
 #include "shell/window/FrmMainLineNumbers.h"
 #include "shell/window/FrmMainLook.h"
+#include "shell/window/FrmMainMenuBar.h"
 #include "shell/window/FrmMainPrompts.h"
 #include "shell/window/FrmMainTray.h"
-#include "shell/window/KeyMap.h"
 #include "shell/window/MainWindow.h"
 #include "shell/window/MenuChoice.h"
-#include "shell/window/RecentCommands.h"
-#include "shell/window/RecentDocuments.h"
 #include "shell/window/ScrivantaDesktop.h"
 #include "shell/window/StatusPanels.h"
 #include "shell/window/WindowWork.h"
@@ -68,7 +67,7 @@ class FrmMain final : public Window, public Workbench, public MainWindow, privat
   void SetWordWrap(bool wraps) override { editor_.SetWordWrap(wraps); }
   void SetZoom(int percent) override { editor_.SetZoom(percent); }
   void SetLineNumbers(bool shown) override;
-  void SetKeys(const KeyMap& keys) override;
+  void SetKeys(const KeyMap& keys) override { menuBar_.SetKeys(keys); }
   void OpenEncodingMenu() override { OpenPanelMenu(StatusPanel::kEncoding, EncodingChoices(documentFile_)); }
   void OpenLineEndsMenu() override { OpenPanelMenu(StatusPanel::kLineEnds, LineEndChoices(documentFile_)); }
   void Undo() override { editor_.Undo(); }
@@ -82,20 +81,11 @@ class FrmMain final : public Window, public Workbench, public MainWindow, privat
   void OnNotify(const NMHDR& notification);
   void OnStatusClick(std::size_t part);
   void OpenPanelMenu(StatusPanel panel, const std::vector<MenuChoice>& choices);
-  void OpenEditBoxMenu(LPARAM place);
-  HMENU FileMenu() const;
-  void ShowRecentDocuments();
-  void ShowWhyGrey(int commandId, UINT flags);
   void OnSize(WPARAM kind);
   void HandFocusOn();
   void OnDrop(HDROP drop);
-  void OnClose();
-  void OfferToStopAndClose();
-  bool MayEndSession();
-  bool MayClose();
   void OnTimer(UINT_PTR timer);
   void OnSnapshotTimer();
-  void OnIdleTimer();
   void LookAtFileSoon(bool isActivated);
   void OnLookAtFile();
 
@@ -124,7 +114,6 @@ class FrmMain final : public Window, public Workbench, public MainWindow, privat
   // Runs what is no command of the menu; whatever it throws becomes one message box. False when it has thrown.
   bool RunGuarded(const std::function<void()>& action);
   void LayOut();
-  void RefreshMenu();
   void RefreshPanels();
   void RefreshState();
   void HandleEditorChange();
@@ -149,22 +138,21 @@ class FrmMain final : public Window, public Workbench, public MainWindow, privat
   FrmMainLineNumbers lineNumbers_;
   FrmMainKeys keys_;
   FrmMainTray tray_;
-  KeyMap keyMap_{settings_};
-  RecentDocuments recentDocuments_{settings_};
-  RecentCommands recentCommands_{settings_};
-  std::vector<MenuChoice> recentChoices_;
-  int ownFileEntries_ = 0;
   StatusPanels panels_;
   FrmMainBusy busy_;
   WindowWork work_{busy_, clock_};
   DocumentFile documentFile_{*this, *this};
   DocumentRecovery recovery_{*this, documentFile_};
+  FrmMainClosing closing_{
+      prompts_,  work_,
+      busy_,     documentFile_,
+      recovery_, {[this] { KeepPlacement(); }, [this](const std::function<void()>& action) { RunGuarded(action); }}};
+  FrmMainMenuBar menuBar_{host(),    settings_,
+                          commands_, documentFile_,
+                          prompts_,  {[this] { return State(); }, [this](int commandId) { OnCommand(commandId, 0); }}};
   std::optional<Subclass> editBoxMessages_;
   std::u16string untitledCaption_;
-  std::optional<WorkbenchState> shownState_;
   bool areFormatsLost_ = false;  // by what changed the document last
-  bool isClosingAsked_ = false;
-  bool mayEndSession_ = false;
 };
 
 }  // namespace scrivanta
