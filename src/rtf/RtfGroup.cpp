@@ -1,55 +1,49 @@
 #include "rtf/RtfGroup.h"
 
 #include <algorithm>
-#include <charconv>
+
+#include "rtf/RtfTokens.h"
 
 namespace scrivanta {
 
 namespace {
 
 constexpr std::string_view kRtfBegin = "{\\rtf";
-constexpr std::string_view kLetters = "abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ";
-
-constexpr std::string_view kLineBreak = "\\line";
-constexpr std::string_view kParagraphEnd = "\\par";
-
-// Behind the control word or symbol at the backslash, and behind the bytes that follow \bin.
-std::size_t BehindControl(std::string_view rtf, std::size_t backslash) {
-  const std::size_t begin = backslash + 1;
-  const std::size_t end = std::min(rtf.find_first_not_of(kLetters, begin), rtf.size());
-  if (end <= begin) {
-    return begin + 1;  // a symbol; a brace may be one
-  }
-  if (rtf.substr(begin, end - begin) != "bin") {
-    return end;
-  }
-  std::size_t count = 0;
-  const char* const digits = rtf.data() + end;
-  const char* const behind = std::from_chars(digits, rtf.data() + rtf.size(), count).ptr;
-  const std::size_t blank = end + static_cast<std::size_t>(behind - digits);
-  const std::size_t data = blank < rtf.size() && rtf[blank] == ' ' ? blank + 1 : blank;
-  return data + std::min(count, rtf.size() - data);
-}
 
 }  // namespace
 
 std::optional<std::size_t> EndOfGroup(std::string_view rtf) {
   std::size_t depth = 0;
-  for (std::size_t at = rtf.find_first_of("\\{}"); at < rtf.size(); at = rtf.find_first_of("\\{}", at)) {
-    if (rtf[at] == '\\') {
-      at = BehindControl(rtf, at);
-      continue;
-    }
-    if (rtf[at] == '{') {
+  RtfTokens tokens(rtf);
+  while (const auto token = tokens.Next()) {
+    if (token->kind == RtfToken::Kind::kOpen) {
       ++depth;
-    } else if (depth <= 1) {
-      return depth == 1 ? std::optional(at + 1) : std::nullopt;
-    } else {
+    } else if (token->kind == RtfToken::Kind::kClose) {
+      if (depth <= 1) {
+        return depth == 1 ? std::optional(token->end()) : std::nullopt;
+      }
       --depth;
     }
-    ++at;
   }
   return std::nullopt;
+}
+
+RtfDestination DestinationOf(std::string_view rtf, std::size_t brace) {
+  RtfDestination destination;
+  RtfTokens tokens(rtf, brace + 1);
+  while (const auto token = tokens.Next()) {
+    if (token->kind == RtfToken::Kind::kWord) {
+      destination.name = token->name;
+      destination.behind = token->end();
+      break;
+    }
+    const bool isMark = token->kind == RtfToken::Kind::kSymbol && token->name == "*";
+    if (!isMark && token->bytes.find_first_not_of("\r\n") != std::string_view::npos) {
+      break;
+    }
+    destination.isMarked |= isMark;
+  }
+  return destination;
 }
 
 bool IsWholeRtf(std::string_view rtf) {
@@ -59,18 +53,18 @@ bool IsWholeRtf(std::string_view rtf) {
 }
 
 std::string WithParagraphEnds(std::string_view rtf) {
+  constexpr std::string_view kLineBreak = "\\line";
   std::string whole;
   whole.reserve(rtf.size());
-  std::size_t copied = 0;
-  for (std::size_t at = rtf.find('\\'); at < rtf.size(); at = rtf.find('\\', at)) {
-    const std::size_t behind = std::min(BehindControl(rtf, at), rtf.size());
-    if (rtf.substr(at, behind - at) == kLineBreak) {
-      whole.append(rtf.substr(copied, at - copied)).append(kParagraphEnd);
-      copied = behind;
+  RtfTokens tokens(rtf);
+  while (const auto token = tokens.Next()) {
+    if (token->Is("line")) {
+      whole.append("\\par").append(token->bytes.substr(kLineBreak.size()));
+    } else {
+      whole.append(token->bytes);
     }
-    at = behind;
   }
-  return whole.append(rtf.substr(copied));
+  return whole;
 }
 
 }  // namespace scrivanta

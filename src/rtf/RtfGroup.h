@@ -11,6 +11,15 @@ namespace scrivanta {
 // Behind the brace that closes the first group; nothing when that is not closed.
 std::optional<std::size_t> EndOfGroup(std::string_view rtf);
 
+// What a group is for: the control word that it begins with, behind \\* where that marks one that readers may pass
+// over.
+struct RtfDestination {
+  std::string_view name;  // empty when the group begins with something else
+  bool isMarked = false;
+  std::size_t behind = 0;  // the word, in bytes from the beginning of the rich text
+};
+RtfDestination DestinationOf(std::string_view rtf, std::size_t brace);
+
 // Whether the bytes are one group and no more: not so when whoever wrote them has stopped in their midst.
 bool IsWholeRtf(std::string_view rtf);
 

@@ -4,6 +4,7 @@
 #include <cstdint>
 
 #include "rtf/RtfGroup.h"
+#include "rtf/RtfRows.h"
 #include "text/CodePage.h"
 #include "text/Surrogates.h"
 #include "text/Utf8.h"
@@ -15,6 +16,7 @@ namespace {
 constexpr std::string_view kUtf8Header = "{\\urtf";
 constexpr std::string_view kHeader = "{\\rtf1\\ansi\\ansicpg936\\uc1";
 constexpr std::string_view kFontTable = "{\\fonttbl";
+constexpr std::string_view kRow = "\\trowd";
 constexpr std::string_view kReplacementBytes = "\xEF\xBF\xBD";
 constexpr char16_t kReplacement = u'\uFFFD';
 
@@ -91,7 +93,7 @@ std::string StandardRtf(std::string_view rtf, const std::function<std::u16string
       AppendUnicode(isDoubtful ? doubtful[doubt++] : unit, standard);
     }
   });
-  return standard;
+  return standard.find(kRow) == std::string::npos ? standard : WithRowsInTables(standard, text());
 }
 
 }  // namespace scrivanta

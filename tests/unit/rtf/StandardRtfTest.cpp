@@ -33,6 +33,26 @@ TEST(StandardRtfTest, HalvesOfPairsComeFromTheText) {
             "{\\rtf1\\ansi\\ansicpg936\\uc1 a\\u-9087?\\u-3?\\u-10179?\\u-8704?\\b0 \\u-10179?\\u-8704? b}");
 }
 
+// As a control writes them that knows its tables by the definition of each row, and puts a cell's text behind its
+// number.
+TEST(StandardRtfTest, CellsAreSaidToBeInTheirTable) {
+  const std::string_view rtf =
+      "{\\urtf a\\par\n\\trowd\\trgaph10\\cellx2000\\cellx4000one\\cell 1\\cell \\row\n"
+      "\\trowd\\cellx2000\\cellx400042\\b 4\\cell \\pard\\intbl\\qc x\\par\ny\\cell \\row\n"
+      "\\trowd\\cellx4000\\b 0\\cell \\row\n\\trowd\\cellx40007 z\\cell \\row\n\\trowd\\cellx4000 z\\tab 4\\cell "
+      "\\row\n"
+      "\\trowd\\cellx4000\\cell \\row\n\\pard b\\par\n}";
+  const std::u16string text =
+      u"a\r\r\none\t1\t\r\n\r\n424\tx\ry\t\r\n\r\n0\t\r\n\r\n7 z\t\r\n\r\n z\t4\t\r\n\r\n\t\r\nb";
+  EXPECT_EQ(StandardRtf(rtf, [&] { return text; }),
+            "{\\rtf1\\ansi\\ansicpg936\\uc1 a\\par\n"
+            "\\trowd\\trgaph10\\cellx2000\\cellx4000\\intbl one\\cell 1\\cell \\row\n"
+            "\\trowd\\cellx2000\\cellx4000\\intbl 42\\b 4\\cell \\pard\\intbl\\qc x\\par\ny\\cell \\row\n"
+            "\\trowd\\cellx4000\\intbl \\b 0\\cell \\row\n\\trowd\\cellx4000\\intbl 7 z\\cell \\row\n"
+            "\\trowd\\cellx4000\\intbl  z\\tab 4\\cell \\row\n"
+            "\\trowd\\cellx4000\\intbl \\cell \\row\n\\pard b\\par\n}");
+}
+
 TEST(StandardRtfTest, OtherRichTextsComeBackAsTheyAre) {
   for (const char* rtf : {"", "{\\rtf1 \\'d6\\'d0}", "{\\urt", "{\\rtf1 中}"}) {
     EXPECT_EQ(StandardRtf(rtf, &NotAsked), rtf);
