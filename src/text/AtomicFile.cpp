@@ -1,8 +1,10 @@
 #include "text/AtomicFile.h"
 
 #include <cerrno>
+#include <chrono>
 
 #include "text/CrashPoint.h"
+#include "text/FolderEntries.h"
 #include "text/PlatformFile.h"
 #include "text/TemporaryName.h"
 #include "text/WriteAll.h"
@@ -23,7 +25,8 @@ AtomicFile::AtomicFile(const std::filesystem::path& target, Durability durabilit
   if (!file_) {
     throw FileError(name_, LastFileError());
   }
-  if (place.exists) {
+  replaces_ = place.exists;
+  if (replaces_) {
     CopyAttributes(target_, beside_);
   }
   PassCrashPoint("a file is made beside its target");
@@ -54,6 +57,11 @@ void AtomicFile::Prepare() {
   if (std::fclose(file_.release()) != 0) {
     throw FileError(name_, LastFileError());
   }
+  if (replaces_) {
+    if (const std::error_code code = CopyCompanions(target_, beside_)) {
+      throw FileError(name_, code);
+    }
+  }
   PassCrashPoint("all is written");
 }
 
@@ -66,6 +74,21 @@ void AtomicFile::Commit() {
   }
   beside_.clear();
   PassCrashPoint("the file is in place");
+}
+
+void RemoveLeftBehind(const std::filesystem::path& folder) {
+  constexpr std::chrono::minutes kOfTheLiving{1};
+  const auto latest = std::filesystem::file_time_type::clock::now() - kOfTheLiving;
+  // What cannot be looked at stays for another time.
+  static_cast<void>(VisitFolder(folder, [latest](const std::filesystem::path& path, FolderEntryKind kind) {
+    if (kind != FolderEntryKind::kFile || !IsTemporaryName(TextOfPath(path.filename()))) {
+      return;
+    }
+    std::error_code error;
+    if (std::filesystem::last_write_time(path, error) < latest && !error) {
+      RemoveUnusedFile(path);
+    }
+  }));
 }
 
 void ReplaceFileContent(const std::filesystem::path& target, std::string_view bytes) {

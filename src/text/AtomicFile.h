@@ -38,8 +38,13 @@ class AtomicFile final : public ByteSink {
   std::filesystem::path target_;  // where the links end
   std::filesystem::path beside_;  // empty once it is in place
   FileHandle file_;               // null once it is prepared
+  bool replaces_ = false;         // the target is there
   Durability durability_;
 };
+
+// Removes what saves that were killed have left beside their targets in a folder, whatever instance it was. What
+// another program has open, or has written within the last minute, stays.
+void RemoveLeftBehind(const std::filesystem::path& folder);
 
 // The whole of a file at once. Throws FileError.
 void ReplaceFileContent(const std::filesystem::path& target, std::string_view bytes);

@@ -41,6 +41,8 @@ std::optional<FileStamp> StampOfFile(std::FILE* file);
 std::error_code FlushToDisk(std::FILE* file);
 
 void RemoveFile(const std::filesystem::path& path) noexcept;
+// The same unless it is open, as far as the platform knows.
+void RemoveUnusedFile(const std::filesystem::path& path) noexcept;
 
 // What stands where a file is to be put.
 struct ReplaceTarget {
@@ -53,6 +55,10 @@ ReplaceTarget InspectReplaceTarget(const std::filesystem::path& path);
 // Gives one file what another has beside its content: permissions, owner, attributes, time of creation, as far as the
 // user may.
 void CopyAttributes(const std::filesystem::path& from, const std::filesystem::path& to);
+
+// Gives one file, which nobody has open, what the file system keeps of another beside its content: whether it is
+// compressed or encrypted, and streams or attributes under names of their own.
+std::error_code CopyCompanions(const std::filesystem::path& from, const std::filesystem::path& to);
 
 // Renames a file to a name in the same folder that may exist, in one step: at every moment the name means the old file
 // or the new one. Returns when the disk has it.

@@ -2,10 +2,12 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 
 namespace scrivanta {
 
 // A file name that no other program guesses or uses, short enough for every folder.
 std::string TemporaryName();
+bool IsTemporaryName(std::u16string_view name);
 
 }  // namespace scrivanta

@@ -1,9 +1,13 @@
 #include "text/PlatformFile.h"
 
+#include <algorithm>
 #include <cerrno>
+#include <string>
+#include <string_view>
 
 #include <fcntl.h>
 #include <sys/stat.h>
+#include <sys/xattr.h>
 #include <unistd.h>
 
 #include "text/Bytes.h"
@@ -95,6 +99,10 @@ void RemoveFile(const std::filesystem::path& path) noexcept {
   unlink(path.c_str());
 }
 
+void RemoveUnusedFile(const std::filesystem::path& path) noexcept {
+  RemoveFile(path);
+}
+
 ReplaceTarget InspectReplaceTarget(const std::filesystem::path& path) {
   ReplaceTarget target{.path = path, .exists = false, .refusal = {}};
   for (int links = 0; links < kMostLinks; ++links) {
@@ -130,6 +138,29 @@ void CopyAttributes(const std::filesystem::path& from, const std::filesystem::pa
   const bool ownerKept = chown(to.c_str(), status.st_uid, status.st_gid) == 0 ||
                          chown(to.c_str(), static_cast<uid_t>(-1), status.st_gid) == 0;
   chmod(to.c_str(), status.st_mode & (ownerKept ? kPermissions : kPermissions & ~static_cast<mode_t>(S_IRWXG)));
+}
+
+std::error_code CopyCompanions(const std::filesystem::path& from, const std::filesystem::path& to) {
+  const ssize_t size = listxattr(from.c_str(), nullptr, 0);
+  if (size <= 0) {
+    return {};  // none, or none can be there
+  }
+  std::string names(static_cast<std::size_t>(size), '\0');
+  names.resize(static_cast<std::size_t>(std::max<ssize_t>(listxattr(from.c_str(), names.data(), names.size()), 0)));
+  for (std::string_view rest = names; !rest.empty(); rest.remove_prefix(rest.find('\0') + 1)) {
+    // The others are the system's, as its access lists.
+    const std::string name(rest.substr(0, rest.find('\0')));
+    if (!name.starts_with("user.")) {
+      continue;
+    }
+    std::string value(static_cast<std::size_t>(std::max<ssize_t>(getxattr(from.c_str(), name.c_str(), nullptr, 0), 0)),
+                      '\0');
+    if (getxattr(from.c_str(), name.c_str(), value.data(), value.size()) < 0 ||
+        setxattr(to.c_str(), name.c_str(), value.data(), value.size(), 0) != 0) {
+      return LastFileError();
+    }
+  }
+  return {};
 }
 
 std::error_code MoveInPlace(const std::filesystem::path& from, const std::filesystem::path& to) {

@@ -9,6 +9,7 @@
 
 #include <fcntl.h>
 #include <io.h>
+#include <winioctl.h>
 
 #include "text/FileIdentity.h"
 #include "text/win/Handles.h"
@@ -119,6 +120,41 @@ void CopyPermissions(const std::wstring& from, const std::wstring& to) {
   }
 }
 
+// A file that cannot be compressed is whole nevertheless.
+void Compress(const std::wstring& path) {
+  const OwnedFile file(CreateFileW(path.c_str(), GENERIC_READ | GENERIC_WRITE, 0, nullptr, OPEN_EXISTING, 0, nullptr));
+  USHORT format = COMPRESSION_FORMAT_DEFAULT;
+  DWORD returned = 0;
+  if (file) {
+    DeviceIoControl(file.get(), FSCTL_SET_COMPRESSION, &format, sizeof(format), nullptr, 0, &returned, nullptr);
+  }
+}
+
+struct StreamSearchTraits {
+  using Type = HANDLE;
+  static HANDLE Invalid() noexcept { return INVALID_HANDLE_VALUE; }
+  static void Close(HANDLE handle) noexcept { FindClose(handle); }
+};
+
+// What stands under names of its own beside the content, as the zone that a download came from.
+std::error_code CopyStreams(const std::wstring& source, const std::wstring& target) {
+  constexpr std::wstring_view kContent = L"::$DATA";
+  WIN32_FIND_STREAM_DATA stream{};
+  const Owner<StreamSearchTraits> search(FindFirstStreamW(source.c_str(), FindStreamInfoStandard, &stream, 0));
+  if (!search) {
+    return {};  // the file system knows none
+  }
+  do {
+    if (stream.cStreamName == kContent) {
+      continue;
+    }
+    if (CopyFileW((source + stream.cStreamName).c_str(), (target + stream.cStreamName).c_str(), FALSE) == 0) {
+      return LastSystemError();
+    }
+  } while (FindNextStreamW(search.get(), &stream) != 0);
+  return {};
+}
+
 }  // namespace
 
 std::FILE* OpenFile(const std::filesystem::path& path, OpenMode mode) {
@@ -175,6 +211,12 @@ void RemoveFile(const std::filesystem::path& path) noexcept {
   DeleteFileW(SystemPath(path).c_str());
 }
 
+void RemoveUnusedFile(const std::filesystem::path& path) noexcept {
+  // Shared with nobody: it is not to be had while anybody has it open.
+  const OwnedFile file(CreateFileW(SystemPath(path).c_str(), DELETE, 0, nullptr, OPEN_EXISTING,
+                                   FILE_FLAG_DELETE_ON_CLOSE | FILE_FLAG_OPEN_REPARSE_POINT, nullptr));
+}
+
 ReplaceTarget InspectReplaceTarget(const std::filesystem::path& path) {
   ReplaceTarget target{.path = path, .exists = false, .refusal = {}};
   DWORD attributes = GetFileAttributesW(SystemPath(path).c_str());
@@ -206,6 +248,22 @@ void CopyAttributes(const std::filesystem::path& from, const std::filesystem::pa
   SetFileAttributesW(target.c_str(), attributes & kKept);
   CopyCreationTime(source, target);
   CopyPermissions(source, target);
+}
+
+std::error_code CopyCompanions(const std::filesystem::path& from, const std::filesystem::path& to) {
+  const std::wstring source = SystemPath(from);
+  const std::wstring target = SystemPath(to);
+  const DWORD attributes = GetFileAttributesW(source.c_str());
+  if (attributes == INVALID_FILE_ATTRIBUTES) {
+    return {};  // it has gone meanwhile
+  }
+  if ((attributes & FILE_ATTRIBUTE_ENCRYPTED) != 0 && EncryptFileW(target.c_str()) == 0) {
+    return LastSystemError();
+  }
+  if ((attributes & FILE_ATTRIBUTE_COMPRESSED) != 0) {
+    Compress(target);
+  }
+  return CopyStreams(source, target);
 }
 
 // A scanner or an indexer that looks at the new file just then is gone a moment later.

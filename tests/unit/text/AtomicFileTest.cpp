@@ -10,6 +10,7 @@
 #include <sys/stat.h>
 #include <sys/syscall.h>
 #include <sys/wait.h>
+#include <sys/xattr.h>
 #include <unistd.h>
 
 #include "support/FileSizeLimit.h"
@@ -206,6 +207,44 @@ TEST(PlatformFile, TurnsAnyNameIntoTextAndBack) {
     EXPECT_EQ(PathOfText(TextOfPath(name)), fs::path(name));
   }
   EXPECT_EQ(TextOfPath("汉字.txt"), u"汉字.txt");
+}
+
+// As streams under names of their own, compression and encryption elsewhere.
+TEST(AtomicFile, WhatStandsBesideTheContentStays) {
+  const TemporaryFolder folder;
+  const fs::path target = folder.Put("a.txt", "old");
+  constexpr std::string_view kValue = "from a download";
+  if (setxattr(target.c_str(), "user.zone", kValue.data(), kValue.size(), 0) != 0) {
+    GTEST_SKIP() << "the file system has none";
+  }
+  ReplaceFileContent(target, "new");
+  std::string value(100, '\0');
+  const ssize_t size = getxattr(target.c_str(), "user.zone", value.data(), value.size());
+  ASSERT_GT(size, 0);
+  EXPECT_EQ(value.substr(0, static_cast<std::size_t>(size)), kValue);
+  EXPECT_EQ(ReadWholeFile(target), "new");
+}
+
+TEST(AtomicFile, WhatAKilledSaveHasLeftIsRemovedOnceItIsOld) {
+  const TemporaryFolder folder;
+  const auto put = [&folder](const char* name, std::chrono::minutes age) {
+    const fs::path file = folder.Put(name, "half");
+    fs::last_write_time(file, fs::file_time_type::clock::now() - age);
+    return file;
+  };
+  const fs::path left = put("scrivanta-abcdefghijkl2345.tmp", std::chrono::minutes(2));
+  const fs::path young = put("scrivanta-abcdefghijkl2346.tmp", std::chrono::minutes(0));
+  const fs::path others[] = {put("scrivanta-abcdefghijkl234.tmp", std::chrono::hours(9)),
+                             put("scrivanta-ABCDEFGHijkl2345.tmp", std::chrono::hours(9)),
+                             put("scrivanta-abcdefghijkl2345.txt", std::chrono::hours(9))};
+  fs::create_directory(folder.path() / "scrivanta-abcdefghijkl2347.tmp");
+  RemoveLeftBehind(folder.path());
+  EXPECT_FALSE(fs::exists(left));
+  EXPECT_TRUE(fs::exists(young));
+  for (const fs::path& other : others) {
+    EXPECT_TRUE(fs::exists(other)) << other;
+  }
+  EXPECT_EQ(FilesIn(folder.path()), 5);
 }
 
 }  // namespace
