@@ -1,5 +1,6 @@
 #include "win/Clipboard.h"
 
+#include <algorithm>
 #include <cstring>
 #include <string>
 
@@ -40,6 +41,10 @@ void Put(UINT format, std::string_view bytes) {
   }
 }
 
+UINT RtfFormat() {
+  return RegisterClipboardFormatW(L"Rich Text Format");
+}
+
 }  // namespace
 
 void PutOnClipboard(HWND owner, std::u16string_view text, std::string_view rtf) {
@@ -47,8 +52,24 @@ void PutOnClipboard(HWND owner, std::u16string_view text, std::string_view rtf) 
   EmptyClipboard();
   Put(CF_UNICODETEXT, {reinterpret_cast<const char*>(text.data()), text.size() * sizeof(char16_t)});
   if (!rtf.empty()) {
-    Put(RegisterClipboardFormatW(L"Rich Text Format"), rtf);
+    Put(RtfFormat(), rtf);
   }
+}
+
+std::string RtfOnClipboard(HWND owner) {
+  if (IsClipboardFormatAvailable(RtfFormat()) == FALSE) {
+    return {};
+  }
+  const OpenedClipboard clipboard(owner);
+  const HANDLE memory = GetClipboardData(RtfFormat());
+  const void* const bytes = memory == nullptr ? nullptr : GlobalLock(memory);
+  if (bytes == nullptr) {
+    return {};
+  }
+  std::string rtf(static_cast<const char*>(bytes), GlobalSize(memory));
+  GlobalUnlock(memory);
+  rtf.resize(std::min(rtf.find('\0'), rtf.size()));
+  return rtf;
 }
 
 }  // namespace scrivanta

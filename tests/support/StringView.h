@@ -29,6 +29,8 @@ class StringView final : public DocumentView {
     editor_.SetText(text);
     undoOfReplacing = std::move(onUndo);
   }
+  bool ReplaceByRtf(std::string_view rtf) override { return ShowRichDocument(rtf); }
+  std::u16string PlainText() const override { return editor_.Text(); }
   std::string DocumentRtf() const override {
     if (breaksOff) {
       throw ExplainedError("the rich text breaks off", u"没有全部取出");
@@ -51,10 +53,12 @@ class StringView final : public DocumentView {
   }
   void ShowPath(const std::filesystem::path& path) override { shownPaths.push_back(path); }
   void NoteUse(const std::filesystem::path& path) override { used.push_back(path); }
+  void ShowNotice(const std::u16string& notice) override { notices.push_back(notice); }
   void ShowProgressBar(std::optional<int> percent) override { progress.push_back(percent); }
 
   std::vector<std::filesystem::path> shownPaths;
   std::vector<std::filesystem::path> used;
+  std::vector<std::u16string> notices;
   std::vector<std::optional<int>> progress;
   bool isReadOnly = false;
   bool isFormatted = false;

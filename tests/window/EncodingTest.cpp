@@ -122,5 +122,15 @@ TEST_F(EncodingTest, CommandsWorkInTheDocumentsEncoding) {
   EXPECT_EQ(ReadBytes(file), Utf8(u"😊 表情\r\n汉字"));
 }
 
+TEST_F(EncodingTest, MixedLineEndsAreToldUntilTheNextCommand) {
+  app.Start();
+  app.Open(folder.Write(u"混合.txt", "one\ntwo\r\n"));
+  app.Press("Ctrl+End");
+  app.Type(u"three");
+  app.ExpectRemark(u"行尾不一致，存盘时将统一为 CR LF");
+  app.Menu("mnuSave");
+  app.ExpectRemark(u"行尾不一致，存盘时已统一为 CR LF");
+}
+
 }  // namespace
 }  // namespace scrivanta

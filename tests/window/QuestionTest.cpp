@@ -20,7 +20,13 @@ TEST_F(QuestionTest, TheMainWindowTypesNothingAndClosesNotBehindOne) {
   constexpr UINT kLongEnough = 10'000;  // milliseconds
   DWORD_PTR answer = 0;
   EXPECT_NE(SendMessageTimeoutW(app.MainWindow(), WM_CLOSE, 0, 0, SMTO_NORMAL, kLongEnough, &answer), 0);
+  // Neither does the end of the session ask the same once more, nor a file that is dropped.
+  EXPECT_NE(SendMessageTimeoutW(app.MainWindow(), WM_QUERYENDSESSION, 0, 0, SMTO_NORMAL, kLongEnough, &answer), 0);
+  EXPECT_EQ(answer, DWORD_PTR{FALSE});
+  app.StartToDrop(folder.Write(u"别的.txt", "other"));
+  EXPECT_NE(SendMessageTimeoutW(app.MainWindow(), WM_NULL, 0, 0, SMTO_NORMAL, kLongEnough, &answer), 0);
   box.Answer(Answer::kCancel);
+  app.Settle();
   app.ExpectText(u"没有存过");
 }
 

@@ -1,6 +1,7 @@
 // Rich text that the edit control does not give back as a whole.
 #include <windows.h>
 
+#include <algorithm>
 #include <array>
 #include <cctype>
 #include <string>
@@ -10,6 +11,7 @@
 #include "search/FrmFindControls.h"
 #include "text/DecimalText.h"
 #include "text/win/WideText.h"
+#include "win/Clipboard.h"
 #include "window/driver/Clipboard.h"
 #include "window/driver/WindowProbe.h"
 #include "window/driver/WindowTest.h"
@@ -41,12 +43,59 @@ class RichTextTest : public WindowTest {
     box.Select(selection);
     return formats;
   }
-
-  // A bitmap of one point between two words.
-  const std::string withPicture =
-      "{\\rtf1\\ansi\\ansicpg936 one{\\pict\\dibitmap0\\picw1\\pich1\\picwgoal300\\pichgoal300 "
-      "2800000001000000010000000100180000000000040000000000000000000000000000000000000000000000}two\\par}";
 };
+
+// Behind the program's back, as what is dropped on the box: a bitmap of one point.
+void PutPictureInto(const EditBoxDriver& box) {
+  std::string rtf =
+      "{\\rtf1{\\pict\\dibitmap0\\picw1\\pich1\\picwgoal300\\pichgoal300 "
+      "2800000001000000010000000100180000000000040000000000000000000000000000000000000000000000}}";
+  EDITSTREAM stream{};
+  stream.dwCookie = reinterpret_cast<DWORD_PTR>(&rtf);
+  stream.pfnCallback = [](DWORD_PTR cookie, BYTE* buffer, LONG room, LONG* written) -> DWORD {
+    auto& rest = *reinterpret_cast<std::string*>(cookie);
+    *written = static_cast<LONG>(rest.copy(reinterpret_cast<char*>(buffer), static_cast<std::size_t>(room)));
+    rest.erase(0, static_cast<std::size_t>(*written));
+    return 0;
+  };
+  SendMessageW(box.window(), EM_STREAMIN, SF_RTF | SFF_SELECTION, reinterpret_cast<LPARAM>(&stream));
+}
+
+// How many there are of what a control does not hold.
+struct Kept {
+  std::size_t pictures;
+  std::size_t links;
+  std::size_t notes;
+  std::size_t comments;
+  std::size_t headers;
+  std::size_t footers;
+
+  bool operator==(const Kept&) const = default;
+};
+
+// With # for what stands in the place of such things.
+std::u16string Marked(std::u16string text) {
+  std::ranges::replace_if(
+      text, [](char16_t unit) { return unit >= 0xE900 && unit < 0xF900; }, u'#');
+  return text;
+}
+
+std::size_t Count(std::string_view bytes, std::string_view what) {
+  std::size_t count = 0;
+  for (std::size_t at = bytes.find(what); at != std::string_view::npos; at = bytes.find(what, at + 1)) {
+    ++count;
+  }
+  return count;
+}
+
+Kept KeptIn(std::string_view rtf) {
+  return {Count(rtf, "{\\sn pib}{\\sv {\\pict\\pngblip"),
+          Count(rtf, "HYPERLINK \"http://example.com/a\""),
+          Count(rtf, "{\\*\\footnote"),
+          Count(rtf, "{\\*\\annotation"),
+          Count(rtf, "{\\header"),
+          Count(rtf, "{\\footer")};
+}
 
 // What begins a line on the screen begins one of the text, for commands and files as well.
 TEST_F(RichTextTest, ALineOfTheScreenIsOneOfTheText) {
@@ -57,6 +106,10 @@ TEST_F(RichTextTest, ALineOfTheScreenIsOneOfTheText) {
   app.Press("Shift+Enter");
   app.Type(u"five");
   app.ExpectText(u"one\r\ntwothree\r\nfour\r\nfive");
+  PutOnClipboard(app.MainWindow(), u"six\vseven", "{\\rtf1 six\\line seven}");
+  app.Menu("mnuPaste");
+  app.ExpectText(u"one\r\ntwothree\r\nfour\r\nfivesix\r\nseven");
+  app.Menu("mnuUndo");
   app.Menu("mnuUndo");
   app.Menu("mnuUndo");
   app.ExpectText(u"one\r\ntwothree\r\nfour");
@@ -244,11 +297,77 @@ TEST_F(RichTextTest, TheFontLineChangesWhatIsChangedInIt) {
   EXPECT_EQ(Formats(), "----bbb-rrr");
 }
 
-// The control ends at the picture what it gives and reports no error.
-TEST_F(RichTextTest, WhatTheControlGivesOnlyInPartReplacesNothing) {
-  const auto file = folder.Write(u"图片.rtf", withPicture);
+TEST_F(RichTextTest, TablesStayTables) {
+  const auto file = folder.Write(u"表格.rtf",
+                                 "{\\rtf1\\ansi\\ansicpg936 before\\par"
+                                 "\\trowd\\cellx2000\\cellx4000\\pard\\intbl 12 one\\cell\\b two\\b0\\cell\\row"
+                                 "\\trowd\\cellx1000\\cellx4000\\pard\\intbl  x\\cell 4\\line 5\\cell\\row"
+                                 "\\pard after\\par}");
   app.Start();
   app.Open(file);
+  app.Settle();
+  const std::u16string text = app.Text();
+  EXPECT_NE(text.find(u"12 one\ttwo\t"), std::u16string::npos);
+  app.Press("Ctrl+End");
+  app.Type(u"!");
+  app.Menu("mnuSave");
+  const std::string saved = ReadBytes(file);
+  app.Open(file);
+  app.ExpectText(text + u"!");
+  app.Menu("mnuSave");
+  EXPECT_EQ(ReadBytes(file), saved);
+}
+
+// Written by a word processor: a picture, a link, a footnote, a comment, a table, a header and a footer.
+TEST_F(RichTextTest, WhatTheControlDoesNotHoldIsKept) {
+  const auto file = folder.Write(u"文稿.rtf", ReadBytes(WINDOW_TEST_DATA "/writer.rtf"));
+  app.Start();
+  app.Open(file);
+  app.Settle();
+  const std::u16string text = app.Text();
+  EXPECT_TRUE(
+      Marked(text).starts_with(u"标题 红色粗体 正文\r\n图片#之后\r\n见 #链接文字# 和脚注#以后。书签\r\n批注#在此\r\n"))
+      << Utf8(Marked(text));
+
+  app.Press("Ctrl+End");
+  app.Type(u"!");
+  app.Menu("mnuSave");
+  app.ExpectBox(
+         {.text = u"文件里有编辑框不能保留的内容，存盘以后就没有了：\n书签\n\n“是”：原来的文件先留一份，再存盘：\n" +
+                  (folder / u"文稿-原文件.rtf").u16string() + u"\n“否”：直接存盘\n“取消”：不存盘",
+          .buttons = Buttons::kYesNoCancel,
+          .icon = Icon::kWarning})
+      .Answer(Answer::kNo);
+  app.Settle();
+  EXPECT_EQ(KeptIn(ReadBytes(file)), (Kept{1, 1, 1, 1, 2, 2}));
+  app.Open(file);
+  app.ExpectText(text + u"!");
+
+  // They go where the text goes: copied, pasted, taken back, and through a command that knows lines only.
+  app.Editor().SelectText(text.substr(0, text.find(u"批注")));
+  app.Menu("mnuCopy");
+  EXPECT_EQ(TextOnClipboard(), u"标题 红色粗体 正文\r\n图片之后\r\n见 链接文字 和脚注以后。书签\r\n");
+  app.Press("Ctrl+End");
+  app.Menu("mnuPaste");
+  app.Menu("mnuSave");
+  EXPECT_EQ(KeptIn(ReadBytes(file)), (Kept{2, 2, 2, 1, 2, 2}));
+  app.Menu("mnuUndo");
+  app.ExpectText(text + u"!");
+  app.Menu("mnuSave");
+  EXPECT_EQ(KeptIn(ReadBytes(file)), (Kept{1, 1, 1, 1, 2, 2}));
+  app.Menu("mnuDelEmptyLine");
+  app.Menu("mnuSave");
+  EXPECT_EQ(KeptIn(ReadBytes(file)), (Kept{1, 1, 1, 1, 2, 2}));
+}
+
+// The control ends at the picture what it gives and reports no error.
+TEST_F(RichTextTest, WhatTheControlGivesOnlyInPartReplacesNothing) {
+  constexpr std::string_view kBytes = "{\\rtf1\\ansi\\ansicpg936 onetwo\\par}";
+  const auto file = folder.Write(u"图片.rtf", kBytes);
+  app.Start();
+  app.Open(file);
+  app.Editor().Select({{3}, 0});
+  PutPictureInto(app.Editor());
   app.Press("Ctrl+End");
   app.Type(u"three");
   app.Menu("mnuSave");
@@ -257,7 +376,7 @@ TEST_F(RichTextTest, WhatTheControlGivesOnlyInPartReplacesNothing) {
                  .icon = Icon::kCritical,
                  .systemModal = true})
       .Answer(Answer::kOk);
-  EXPECT_EQ(ReadBytes(file), withPicture);
+  EXPECT_EQ(ReadBytes(file), kBytes);
 
   app.Menu("mnuSelectAll");
   app.Menu("mnuCopy");

@@ -4,10 +4,12 @@
 #include <memory>
 #include <utility>
 
+#include "rtf/RtfLosses.h"
 #include "shell/document/DocumentQuestions.h"
 #include "shell/document/SaveProgressBar.h"
 #include "text/AtomicFile.h"
 #include "text/Bytes.h"
+#include "text/DecimalText.h"
 #include "text/ExplainedError.h"
 #include "text/PathParts.h"
 #include "text/PlatformFile.h"
@@ -34,6 +36,19 @@ std::filesystem::path WithoutLineBreaks(const std::filesystem::path& path) {
   return PathOfText(text);
 }
 
+// For the file as it was.
+std::filesystem::path FreeNameBeside(const std::filesystem::path& path) {
+  for (int number = 1;; ++number) {
+    std::filesystem::path name = path.stem();
+    name += number == 1 ? u"-原文件" : u"-原文件" + DecimalText(number);
+    name += path.extension();
+    std::filesystem::path beside = path.parent_path() / name;
+    if (!InspectReplaceTarget(beside).exists) {
+      return beside;
+    }
+  }
+}
+
 ExplainedError NoRichText(const std::filesystem::path& path) {
   return {"not a rich text file", u"文件打开失败：\n" + TextOfPath(path) + u"\n文件内容不是 RTF 格式"};
 }
@@ -57,6 +72,9 @@ void DocumentFile::Load(const std::filesystem::path& path) {
       throw NoRichText(wanted);
     }
     TakeOver(std::move(file), wanted, {});
+    if (view_.PlainText() != workbench_.editor().Text()) {
+      view_.ShowNotice(u"小方框处是图片、链接、注释等，存盘时原样写回");
+    }
     return;
   }
   const DecodedDocument document = DecodeDocument(bytes);
@@ -70,7 +88,7 @@ void DocumentFile::ShowText(FileOnDisk file, const DecodedDocument& document, co
   view_.ShowDocument(document.text);
   TakeOver(std::move(file), shown, document.format);
   if (document.format.lineEnds == DocumentLineEnds::kMixed) {
-    workbench_.ShowStatus(u"行尾不一致，存盘时将统一为 CR LF");
+    view_.ShowNotice(u"行尾不一致，存盘时将统一为 CR LF");
   }
 }
 
@@ -208,8 +226,8 @@ bool DocumentFile::SaveTo(const std::filesystem::path& path, DocumentFormat form
   if (!target) {
     return false;
   }
-  const std::u16string text = IsRichText(target->path) ? std::u16string() : workbench_.editor().Text();
-  if (!MayDropFormats(target->path) || !ChooseEncoding(text, format)) {
+  const std::u16string text = IsRichText(target->path) ? std::u16string() : view_.PlainText();
+  if (!MayDropFormats(target->path) || !ChooseEncoding(text, format) || !MayLose(target->path)) {
     return false;
   }
   path_ = target->path;
@@ -280,7 +298,7 @@ void DocumentFile::OfferToReload() {
   }
   if (file_.Holds(bytes)) {
     file_.Accept(bytes);
-  } else if (bytes == BytesOf(path_, workbench_.editor().Text(), format_)) {
+  } else if (bytes == BytesOf(path_, view_.PlainText(), format_)) {
     file_.Accept(bytes);
     SetChanged(false);
   } else if (AskToReload(workbench_.prompts(), path_, isChanged_)) {
@@ -296,7 +314,7 @@ void DocumentFile::Reload(std::string_view bytes) {
   const TextRange selection = editor.Selection();
   const ScrollPosition scroll = editor.Scroll();
   if (IsRichText(path_) && !bytes.empty()) {
-    if (!editor.SetRtf(bytes)) {
+    if (!view_.ReplaceByRtf(bytes)) {
       throw NoRichText(path_);
     }
   } else {
@@ -323,6 +341,30 @@ bool DocumentFile::MayDropFormats(const std::filesystem::path& path) {
     return mayDropFormats_;
   }
   return true;
+}
+
+// Asked before the document's own file is overwritten the first time: what has been written by then has nothing to
+// lose.
+bool DocumentFile::MayLose(const std::filesystem::path& path) {
+  if (!IsRichText(path) || file_.path().empty() || !IsSameFile(path, file_.path())) {
+    return true;
+  }
+  std::string bytes;
+  try {
+    bytes = ReadFile(path, workbench_.StartWork()->progress());
+  } catch (const FileError&) {
+    return true;  // there is nothing to be lost, or saving will say what is wrong
+  }
+  const std::set<RtfLoss> losses = RtfLosses(bytes);
+  if (losses.empty()) {
+    return true;
+  }
+  const std::filesystem::path copy = FreeNameBeside(path);
+  const Answer answer = AskAboutLosses(workbench_.prompts(), copy, losses);
+  if (answer == Answer::kYes) {
+    ReplaceFileContent(copy, bytes);
+  }
+  return answer == Answer::kYes || answer == Answer::kNo;
 }
 
 bool DocumentFile::ChooseEncoding(std::u16string_view text, DocumentFormat& format) {
@@ -501,6 +543,7 @@ void DocumentFile::WriteFile(std::string_view bytes, Progress& progress) {
     progress.Report(done, bytes.size());
   }
   file.Commit();
+  RemoveLeftBehind(path_.parent_path());
 }
 
 }  // namespace scrivanta

@@ -29,6 +29,10 @@ class DocumentView : public Interface {
   // Another text in the place of the document's, as one step of undo; `onUndo` is told whenever the step is undone
   // (true) or redone (false).
   virtual void ReplaceText(std::u16string_view text, std::function<void(bool isUndone)> onUndo) = 0;
+  // The same with a rich text. False when the bytes are none.
+  virtual bool ReplaceByRtf(std::string_view rtf) = 0;
+  // Without the characters that stand for what is no text, as pictures.
+  virtual std::u16string PlainText() const = 0;
   // Throws ExplainedError when the rich text cannot be had as a whole.
   virtual std::string DocumentRtf() const = 0;
   // Whether the document may have formatting that its text alone would lose.
@@ -44,6 +48,8 @@ class DocumentView : public Interface {
   virtual void ShowPath(const std::filesystem::path& path) = 0;
   // The file has been opened or saved. Not called for an encrypted document, which leaves no trace of its name.
   virtual void NoteUse(const std::filesystem::path& path) = 0;
+  // Of the document: behind its path until the next command.
+  virtual void ShowNotice(const std::u16string& notice) = 0;
   // In percent; nothing hides the progress bar.
   virtual void ShowProgressBar(std::optional<int> percent) = 0;
 };
@@ -137,6 +143,7 @@ class DocumentFile final : public Document {
   std::optional<Target> AskAboutTarget(const std::filesystem::path& chosen);
   bool ChangedExternally();
   bool MayDropFormats(const std::filesystem::path& path);
+  bool MayLose(const std::filesystem::path& path);
   bool ChooseEncoding(std::u16string_view text, DocumentFormat& format);
   // What saving under the path would write; the text counts when the name is one of plain text.
   std::string BytesOf(const std::filesystem::path& path, std::u16string_view text, const DocumentFormat& format) const;

@@ -4,6 +4,32 @@
 
 namespace scrivanta {
 
+namespace {
+
+std::u16string_view NameOf(RtfLoss loss) {
+  switch (loss) {
+    case RtfLoss::kStyles:
+      return u"样式的名字";
+    case RtfLoss::kLists:
+      return u"自动编号";
+    case RtfLoss::kBookmarks:
+      return u"书签";
+    case RtfLoss::kRevisions:
+      return u"修订标记";
+    case RtfLoss::kSections:
+      return u"第一节以后的分节";
+    case RtfLoss::kTables:
+      return u"嵌套的表格和合并的单元格";
+    case RtfLoss::kTextEffects:
+      return u"文字效果（小型大写、阴影、间距等）";
+    case RtfLoss::kParts:
+      break;
+  }
+  return u"一部分图片和注释（太多）";
+}
+
+}  // namespace
+
 Answer AskToSave(Prompts& prompts) {
   return prompts.Ask({.text = u"是否存盘?", .buttons = Buttons::kYesNoCancel, .icon = Icon::kQuestion});
 }
@@ -74,6 +100,18 @@ Answer AskToReplaceChanged(Prompts& prompts, const std::filesystem::path& path) 
                       .buttons = Buttons::kYesNoCancel,
                       .icon = Icon::kWarning,
                       .defaultAnswer = Answer::kNo});
+}
+
+Answer AskAboutLosses(Prompts& prompts, const std::filesystem::path& copy, const std::set<RtfLoss>& losses) {
+  std::u16string names;
+  for (const RtfLoss loss : losses) {
+    names.append(names.empty() ? u"" : u"、").append(NameOf(loss));
+  }
+  return prompts.Ask({.text = u"文件里有编辑框不能保留的内容，存盘以后就没有了：\n" + names +
+                              u"\n\n“是”：原来的文件先留一份，再存盘：\n" + TextOfPath(copy) +
+                              u"\n“否”：直接存盘\n“取消”：不存盘",
+                      .buttons = Buttons::kYesNoCancel,
+                      .icon = Icon::kWarning});
 }
 
 void TellFileIsGone(Prompts& prompts, const std::filesystem::path& path) {

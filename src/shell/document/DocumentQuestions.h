@@ -2,7 +2,9 @@
 #pragma once
 
 #include <filesystem>
+#include <set>
 
+#include "rtf/RtfLosses.h"
 #include "shell/workbench/Prompts.h"
 
 namespace scrivanta {
@@ -25,6 +27,9 @@ bool AskToReopen(Prompts& prompts, const std::filesystem::path& path);
 bool AskToReload(Prompts& prompts, const std::filesystem::path& path, bool isChangedHereToo);
 // The same before saving: Yes replaces the file, No is another name.
 Answer AskToReplaceChanged(Prompts& prompts, const std::filesystem::path& path);
+// Saving would take these away from the document's own file. Yes keeps a copy of the file as it is first, under that
+// name.
+Answer AskAboutLosses(Prompts& prompts, const std::filesystem::path& copy, const std::set<RtfLoss>& losses);
 void TellFileIsGone(Prompts& prompts, const std::filesystem::path& path);
 
 }  // namespace scrivanta

@@ -302,6 +302,7 @@ void FrmMain::RunCommand(int commandId) {
   if (entry == nullptr || !CanRun(commands_, entry->controlName, State())) {
     return;
   }
+  bars_.SetRemark({});
   {
     const UndoCommand step(editor_.history(), editor_.view());
     commands_.Run(entry->controlName, *this);
@@ -408,7 +409,7 @@ void FrmMain::HandFocusOn() {
 
 void FrmMain::OnDrop(HDROP drop) {
   const std::vector<std::filesystem::path> paths = TakeDroppedFiles(drop);
-  if (!work_.IsBusy()) {
+  if (!work_.IsBusy() && !prompts_.isAsking()) {
     RunGuarded([this, &paths] { documentFile_.OpenDropped(paths); });
   }
 }
@@ -478,13 +479,13 @@ void FrmMain::RefreshState() {
 void FrmMain::HandleEditorChange() {
   documentFile_.NoteChange();
   areFormatsLost_ = false;
-  bars_.SetRemark({});
+  bars_.DropPassingRemark();
   RefreshState();
 }
 
 void FrmMain::HandleEditorSelection() {
   areFormatsLost_ = false;
-  bars_.SetRemark({});
+  bars_.DropPassingRemark();
   RefreshState();
 }
 

@@ -94,13 +94,16 @@ class FrmMain final : public Window, public Workbench, public MainWindow, privat
   void ReplaceText(std::u16string_view text, std::function<void(bool isUndone)> onUndo) override {
     editor_.ReplaceText(text, std::move(onUndo));
   }
-  std::string DocumentRtf() const override { return editor_.Rtf(); }
+  std::string DocumentRtf() const override { return editor_.DocumentRtf(); }
+  std::u16string PlainText() const override { return editor_.PlainText(); }
+  bool ReplaceByRtf(std::string_view rtf) override { return editor_.ReplaceByRtf(rtf); }
   bool HasFormatting() const override { return editor_.HasFormatting(); }
   std::optional<std::u16string> TextOfRtf(std::string_view rtf) override { return editor_.TextOfRtf(rtf); }
   void SetReadOnly(bool readOnly) override { editor_.SetReadOnly(readOnly); }
   void NoteChanged(bool isChanged) override;
   void ShowPath(const std::filesystem::path& path) override;
   void NoteUse(const std::filesystem::path& path) override;
+  void ShowNotice(const std::u16string& notice) override { bars_.SetNotice(notice); }
   void ShowProgressBar(std::optional<int> percent) override { bars_.ShowProgress(percent); }
 
   void MakeControls();

@@ -47,10 +47,23 @@ void FrmMainBars::Create(HWND parent) {
 void FrmMainBars::SetPath(const std::filesystem::path& path) {
   path_ = path.empty() ? kUntitled : path.u16string();
   remark_.clear();
+  isNotice_ = false;
   Refresh();
 }
 
+void FrmMainBars::SetNotice(const std::u16string& notice) {
+  SetRemark(notice);
+  isNotice_ = true;
+}
+
+void FrmMainBars::DropPassingRemark() {
+  if (!isNotice_) {
+    SetRemark({});
+  }
+}
+
 void FrmMainBars::SetRemark(const std::u16string& remark) {
+  isNotice_ = false;
   if (remark != remark_) {
     remark_ = remark;
     Refresh();

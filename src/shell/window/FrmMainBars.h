@@ -22,6 +22,9 @@ class FrmMainBars {
   // What the first panel shows: a note of the work in hand or of a menu, else the path with a remark.
   void SetPath(const std::filesystem::path& path);
   void SetRemark(const std::u16string& remark);
+  // A remark that does not pass with the next move of the caret.
+  void SetNotice(const std::u16string& notice);
+  void DropPassingRemark();
   void SetWork(const std::u16string& work);
   // While a menu is open, about its entry.
   void SetHint(const std::u16string& hint);
@@ -44,6 +47,7 @@ class FrmMainBars {
   HWND progressBar_ = nullptr;
   std::u16string path_;
   std::u16string remark_;
+  bool isNotice_ = false;
   std::u16string work_;
   std::u16string hint_;
   PerStatusPanel<std::u16string> panels_;

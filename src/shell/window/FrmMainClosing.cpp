@@ -51,10 +51,10 @@ void FrmMainClosing::HandleTimer(HWND window) const {
 }
 
 // The system may end the session whatever the answer, and while the question stands: the snapshot is up to date before,
-// and stays until the session really ends with the user's leave.
+// and stays until the session really ends with the user's leave. A question that stands is to be answered first.
 bool FrmMainClosing::MayEndSession() {
   recovery_.Complete();
-  mayEndSession_ = !work_.IsBusy() && MayClose();
+  mayEndSession_ = !work_.IsBusy() && !prompts_.isAsking() && MayClose();
   return mayEndSession_;
 }
 

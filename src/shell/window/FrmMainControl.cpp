@@ -289,6 +289,8 @@ void FrmMainControl::LoadDocument(std::u16string_view text) {
     firstPage->ShowAbove();
   }
   LoadText(text);
+  parts_ = KeptParts();
+  parts_.LeaveAlone(text);
 }
 
 void FrmMainControl::LoadText(std::u16string_view text) {
@@ -299,13 +301,37 @@ void FrmMainControl::LoadText(std::u16string_view text) {
   Show(fresh, false);
 }
 
-bool FrmMainControl::LoadRtf(std::string_view bytes) {
-  if (!IsRichText(bytes)) {
+bool FrmMainControl::LoadRtfDocument(std::string_view bytes) {
+  KeptParts parts;
+  if (!IsRichText(bytes) || !ShowRtf(parts.TakeOutDocument(bytes))) {
     return false;
   }
+  parts_ = std::move(parts);
+  return true;
+}
+
+bool FrmMainControl::ReloadRtfDocument(std::string_view bytes) {
+  const KeptParts::Head before = parts_.head();
+  if (IsRichText(bytes) && ShowRtf(parts_.TakeOutDocument(bytes))) {
+    return true;
+  }
+  parts_.SetHead(before);
+  return false;
+}
+
+bool FrmMainControl::LoadRtf(std::string_view bytes) {
+  return IsRichText(bytes) && ShowRtf(parts_.TakeOut(bytes));
+}
+
+bool FrmMainControl::InsertRtf(std::string_view bytes) {
+  hasFormatting_ = true;
+  return box_.ReplaceSelectionByRtf(parts_.TakeOut(bytes));
+}
+
+bool FrmMainControl::ShowRtf(std::string_view controlRtf) {
   const std::unique_ptr<BusyWork> work = host_.startWork();
   FreshRichEdit fresh(box_, RichTextBox0);
-  if (!fresh.box().LoadRtf(bytes, work->progress())) {
+  if (!fresh.box().LoadRtf(controlRtf, work->progress())) {
     return false;
   }
   fresh.box().Select({0, 0});
@@ -433,8 +459,11 @@ std::optional<std::u16string> FrmMainControl::TextOfRtf(std::string_view bytes) 
   }
   const std::unique_ptr<BusyWork> work = host_.startWork();
   FreshRichEdit fresh(box_, RichTextBox0);
-  return fresh.box().LoadRtf(bytes, work->progress()) ? std::optional(ToDocumentText(fresh.box().Text()))
-                                                      : std::nullopt;
+  KeptParts parts;
+  if (!fresh.box().LoadRtf(parts.TakeOut(bytes), work->progress())) {
+    return std::nullopt;
+  }
+  return parts.WithoutSigns(ToDocumentText(fresh.box().Text()));
 }
 
 std::size_t FrmMainControl::CountLines(std::u16string_view controlText) {

@@ -8,6 +8,7 @@
 #include <span>
 
 #include "rtf/FormattedText.h"
+#include "rtf/KeptParts.h"
 #include "shell/history/DocumentHistory.h"
 #include "shell/workbench/Workbench.h"
 #include "text/TextPieces.h"
@@ -46,6 +47,17 @@ class FrmMainControl final : public UndoTarget {
   void LoadText(std::u16string_view text);
   bool LoadRtf(std::string_view bytes);
   void LoadRtf(const RtfByLines& rtf);
+  // The same for another document: what was kept of the one before is forgotten, or stays for its undo.
+  bool LoadRtfDocument(std::string_view bytes);
+  bool ReloadRtfDocument(std::string_view bytes);
+  // In the place of the selection, as if it were typed. False when the bytes are no rich text, or break off.
+  bool InsertRtf(std::string_view bytes);
+
+  // The rich text as other programs read it. What the control has in the place of pictures and the like is no text.
+  std::string DocumentRtf() const { return parts_.PutBackDocument(box_.Rtf()); }
+  std::string SelectedRtf() const { return parts_.PutBack(box_.SelectedRtf()); }
+  const KeptParts& parts() const noexcept { return parts_; }
+  void SetHead(KeptParts::Head head) { parts_.SetHead(std::move(head)); }
 
   // As Formatted, whether or not the text has formats of its own.
   std::optional<FormattedText> ReadFormatted(ControlRange range) const;
@@ -86,11 +98,13 @@ class FrmMainControl final : public UndoTarget {
   bool PutTogether(const NewText& after, const ShowPlace& showPlace);
   bool ReplaceInPlace(const NewText& after, const ShowPlace& showPlace);
   bool LoadRearranged(const NewText& after, const ShowPlace& showPlace);
+  bool ShowRtf(std::string_view controlRtf);
   void Show(FreshRichEdit& fresh, bool hasFormatting);
 
   RichEdit& box_;
   Host host_;
   bool hasFormatting_ = false;
+  KeptParts parts_;
 };
 
 }  // namespace scrivanta

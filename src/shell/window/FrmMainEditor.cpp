@@ -101,7 +101,7 @@ void FrmMainEditor::ShowDocument(std::u16string_view text) {
 }
 
 bool FrmMainEditor::ShowRichDocument(std::string_view rtf) {
-  if (!control_.LoadRtf(rtf)) {
+  if (!control_.LoadRtfDocument(rtf)) {
     return false;
   }
   history_.Reset(control_);
@@ -147,6 +147,15 @@ void FrmMainEditor::ReplaceText(std::u16string_view text, std::function<void(boo
         return true;
       },
       std::move(onUndo));
+}
+
+bool FrmMainEditor::ReplaceByRtf(std::string_view rtf) {
+  const auto other = std::make_shared<KeptParts::Head>(control_.parts().head());
+  return Rebuild([&](const RichText&) { return control_.ReloadRtfDocument(rtf); },
+                 [this, other](bool) {
+                   KeptParts::Head head = control_.parts().head();
+                   control_.SetHead(std::exchange(*other, std::move(head)));
+                 });
 }
 
 void FrmMainEditor::RequireWritable() const {
@@ -228,7 +237,6 @@ bool FrmMainEditor::ReplaceSelectionByRtf(std::string_view rtf) {
   return Rebuild([&](const RichText& before) {
     const ControlRange selection = control_.Selection();
     if (ReplaceSelectionQuietly(rtf)) {
-      control_.NoteFormatting();
       return true;
     }
     control_.Rebuild(before, Text());
@@ -239,7 +247,7 @@ bool FrmMainEditor::ReplaceSelectionByRtf(std::string_view rtf) {
 
 bool FrmMainEditor::ReplaceSelectionQuietly(std::string_view rtf) {
   const QuietRichEdit quiet(box_);
-  return box_.ReplaceSelectionByRtf(rtf);
+  return control_.InsertRtf(rtf);
 }
 
 void FrmMainEditor::SetColours(std::span<const TextRange> ranges, const TextColours& colours) {
@@ -280,11 +288,11 @@ void FrmMainEditor::Cut() {
 void FrmMainEditor::Copy() {
   std::optional<std::string> rtf;
   try {
-    rtf = SelectedRtf();
+    rtf = control_.SelectedRtf();
   } catch (const ExplainedError&) {
     // The text is put there before this is told.
   }
-  PutOnClipboard(box_.handle(), SelectedText(), rtf.value_or(""));
+  PutOnClipboard(box_.handle(), control_.parts().WithoutSigns(SelectedText()), rtf.value_or(""));
   if (!rtf) {
     throw ExplainedError("the edit control does not give the selected rich text as a whole",
                          u"选中的内容里有编辑框不能完整给出的部分（例如图片），剪贴板上只有文字，没有格式。\n"
@@ -320,11 +328,13 @@ void FrmMainEditor::SelectPairAt(std::size_t start) {
 
 void FrmMainEditor::Paste() {
   RequireWritable();
-  // Text copied out of a formatted document brings its formats.
-  if (IsClipboardFormatAvailable(RegisterClipboardFormatW(L"Rich Text Format")) != FALSE) {
-    control_.NoteFormatting();
+  // Not by the control, which drops pictures and the like, and has line breaks that are none of the text.
+  const std::string rtf = RtfOnClipboard(box_.handle());
+  if (FrmMainControl::IsRichText(rtf)) {
+    control_.InsertRtf(rtf);
+  } else {
+    box_.Send(WM_PASTE);
   }
-  box_.Send(WM_PASTE);
 }
 
 bool FrmMainEditor::HasEffect(TextEffect effect) const {

@@ -51,7 +51,8 @@ class Editor : public Interface {
   virtual void SetText(std::u16string_view text) = 0;
   virtual void ReplaceSelection(std::u16string_view text) = 0;
 
-  // The document and the selection with their formatting, as the bytes of a rich text.
+  // The document and the selection with their formatting, as the bytes of a rich text. What an edit box does not hold,
+  // as pictures, is a character in it, as it is in the text; put back into the document it is what it was.
   virtual std::string Rtf() const = 0;
   virtual std::string SelectedRtf() const = 0;
   // Change the document as the two above do. What is no rich text is refused: false, and the document is as it was.

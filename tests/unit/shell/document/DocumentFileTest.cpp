@@ -55,6 +55,14 @@ TEST_F(DocumentFileTest, LoadsAndSavesTheSameBytes) {
   EXPECT_EQ(view.progress, (std::vector<std::optional<int>>{100, std::nullopt}));
 }
 
+TEST_F(DocumentFileTest, SavingTidiesUpAfterASaveThatWasKilled) {
+  const auto left = folder.Put("scrivanta-abcdefghijkl2345.tmp", "half");
+  std::filesystem::last_write_time(left, std::filesystem::file_time_type::clock::now() - std::chrono::hours(1));
+  document.Load(folder.Put("a.txt", kGbkText));
+  document.Save();
+  EXPECT_FALSE(std::filesystem::exists(left));
+}
+
 TEST_F(DocumentFileTest, RichTextGoesByTheName) {
   document.Load(folder.Put("a.RtF", "{rich}"));
   EXPECT_EQ(Text(), u"rich");
@@ -321,7 +329,7 @@ TEST_F(DocumentFileTest, EncodingAndLineEndsComeBack) {
 
 TEST_F(DocumentFileTest, MixedLineEndsAreTold) {
   document.Load(folder.Put("a.txt", "a\nb\r\n"));
-  EXPECT_EQ(workbench.status, u"行尾不一致，存盘时将统一为 CR LF");
+  EXPECT_EQ(view.notices.back(), u"行尾不一致，存盘时将统一为 CR LF");
   EXPECT_EQ(Text(), u"a\r\nb\r\n");
   workbench.status.clear();
   document.Save();
@@ -460,6 +468,40 @@ TEST_F(DocumentFileTest, TheTextOfAFileIsReadWithoutShowingIt) {
   EXPECT_THROW(document.TextOfFile(File("missing.txt")), FileError);
   EXPECT_EQ(Text(), u"shown");
   EXPECT_TRUE(document.IsChanged());
+}
+
+TEST_F(DocumentFileTest, WhatTheEditBoxDoesNotKeepIsAskedAboutBeforeTheFirstOverwriting) {
+  const std::string bytes = "{\\rtf1{\\*\\bkmkstart a}x\\s3\\ls2 y\\caps0{\\pict 0}}";
+  const auto path = folder.Put("a.rtf", bytes);
+  const auto copy = folder.path() / u"a-原文件.rtf";
+  document.Load(path);
+  Edit(u"new");
+  workbench.prompts().Will(Answer::kCancel);
+  document.Save();
+  EXPECT_EQ(workbench.prompts().messages.back().text,
+            u"文件里有编辑框不能保留的内容，存盘以后就没有了：\n样式的名字、自动编号、书签\n\n"
+            u"“是”：原来的文件先留一份，再存盘：\n" +
+                TextOfPath(copy) + u"\n“否”：直接存盘\n“取消”：不存盘");
+  EXPECT_TRUE(document.IsChanged());
+  EXPECT_EQ(ReadWholeFile(path), bytes);
+
+  workbench.prompts().Will(Answer::kYes);
+  document.Save();
+  EXPECT_EQ(ReadWholeFile(copy), bytes);
+  EXPECT_EQ(ReadWholeFile(path), "{new}");
+  document.Save();
+  ExpectQuestions(2);
+
+  // The next copy has a name of its own; another file of the document's takes nothing away from this one.
+  folder.Put("a.rtf", bytes);
+  document.Load(path);
+  workbench.prompts().Will(Answer::kYes);
+  document.Save();
+  EXPECT_EQ(ReadWholeFile(folder.path() / u"a-原文件2.rtf"), bytes);
+  folder.Put("b.rtf", bytes);
+  document.Load(File("b.rtf"));
+  document.SaveTo(File("c.rtf"));
+  ExpectQuestions(3);
 }
 
 class ExternalChangeTest : public DocumentFileTest {
