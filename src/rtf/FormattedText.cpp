@@ -41,7 +41,7 @@ std::size_t Find(const std::vector<std::size_t>& starts, std::size_t place) {
 class Writer {
  public:
   explicit Writer(const FormattedText& text) : text_(text) {
-    characters_ = MostFrequent(text.formats().runs);
+    characters_ = MostFrequent(text);
     paragraph_ = text.formats().paragraphs.front();
   }
 
@@ -93,18 +93,26 @@ class Writer {
   }
 
  private:
-  static SharedFormat MostFrequent(const std::vector<FormatRun>& runs) {
+  // Of the beginnings of lines: each of these says nothing then.
+  static SharedFormat MostFrequent(const FormattedText& text) {
     std::map<FormatWords, std::size_t> counts;
-    const FormatRun* best = nullptr;
+    SharedFormat best = NoFormat();
     std::size_t most = 0;
-    for (const FormatRun& run : runs) {
-      const std::size_t count = ++counts[*run.format];
+    std::size_t at = 0;
+    bool beginsLine = true;
+    for (const FormatRun& run : text.formats().runs) {
+      const std::u16string_view units = std::u16string_view(text.text()).substr(at, run.length);
+      const auto ends = static_cast<std::size_t>(std::ranges::count(units, u'\r'));
+      std::size_t& count = counts[*run.format];
+      count += ends + (beginsLine ? 1 : 0) - (units.ends_with(u'\r') ? 1 : 0);
       if (count > most) {
         most = count;
-        best = &run;
+        best = run.format;
       }
+      beginsLine = units.ends_with(u'\r');
+      at += run.length;
     }
-    return best == nullptr ? NoFormat() : best->format;
+    return best;
   }
 
   std::string WordOf(const FormatWords::value_type& word) {

@@ -134,6 +134,12 @@ TEST(FormattedText, ChangesAreTakenBackWithTheirFormats) {
   }
 }
 
+// A control takes much longer for a line that begins with its format.
+TEST(FormattedText, MostLinesNeedNoFormatAtTheirBeginning) {
+  const RtfByLines rtf = Read("\\b a\\b0  x\\par b\\par c\\par\\b d\\b0  x\\par e").ToRtf();
+  EXPECT_EQ(rtf.lines, "\\b a\\b0  x\\par \r\nb\\par \r\nc\\par \r\n\\b d\\b0  x\\par \r\ne\\par \r\n");
+}
+
 // Written and read again, whole and cut between any two lines.
 TEST(FormattedText, SurvivesItsRichText) {
   std::mt19937 random(1125);
