@@ -4,6 +4,7 @@
 #include <cstdint>
 
 #include "rtf/RtfGroup.h"
+#include "rtf/RtfIndents.h"
 #include "rtf/RtfRows.h"
 #include "text/CodePage.h"
 #include "text/Surrogates.h"
@@ -16,6 +17,7 @@ namespace {
 constexpr std::string_view kUtf8Header = "{\\urtf";
 constexpr std::string_view kHeader = "{\\rtf1\\ansi\\ansicpg936\\uc1";
 constexpr std::string_view kFontTable = "{\\fonttbl";
+constexpr std::string_view kGeneratorWithOwnIndents = "{\\*\\generator Wine ";
 constexpr std::string_view kRow = "\\trowd";
 constexpr std::string_view kReplacementBytes = "\xEF\xBF\xBD";
 constexpr char16_t kReplacement = u'\uFFFD';
@@ -93,6 +95,9 @@ std::string StandardRtf(std::string_view rtf, const std::function<std::u16string
       AppendUnicode(isDoubtful ? doubtful[doubt++] : unit, standard);
     }
   });
+  if (standard.find(kGeneratorWithOwnIndents) != std::string::npos) {
+    standard = WithIndentsOfLines(standard);
+  }
   return standard.find(kRow) == std::string::npos ? standard : WithRowsInTables(standard, text());
 }
 

@@ -53,6 +53,18 @@ TEST(StandardRtfTest, CellsAreSaidToBeInTheirTable) {
             "\\trowd\\cellx4000\\intbl \\cell \\row\n\\pard b\\par\n}");
 }
 
+// The control under Wine puts where the first line begins behind \\fi, and how much farther the others do behind \\li.
+TEST(StandardRtfTest, IndentsAreThoseOfTheLines) {
+  const std::string_view paragraphs =
+      "\\pard\\fi400 all\\par\n\\pard\\li-300\\fi300\\b 1 first\\par\n\\pard\\li200 -\\par\n\\pard no\\par\n}";
+  const std::string wine = "{\\urtf{\\*\\generator Wine Riched20 2.0;}" + std::string(paragraphs);
+  EXPECT_EQ(StandardRtf(wine, &NotAsked),
+            "{\\rtf1\\ansi\\ansicpg936\\uc1{\\*\\generator Wine Riched20 2.0;}\\pard\\li400\\fi0 all\\par\n"
+            "\\pard\\li0\\fi300\\b 1 first\\par\n\\pard\\li200\\fi-200 -\\par\n\\pard no\\par\n}");
+  EXPECT_EQ(StandardRtf("{\\urtf" + std::string(paragraphs), &NotAsked),
+            "{\\rtf1\\ansi\\ansicpg936\\uc1" + std::string(paragraphs));
+}
+
 TEST(StandardRtfTest, OtherRichTextsComeBackAsTheyAre) {
   for (const char* rtf : {"", "{\\rtf1 \\'d6\\'d0}", "{\\urt", "{\\rtf1 中}"}) {
     EXPECT_EQ(StandardRtf(rtf, &NotAsked), rtf);
