@@ -25,6 +25,23 @@ HWND MakeChild(HWND parent, const wchar_t* className, int controlId, DWORD style
   return child;
 }
 
+// A device context with the font of the bar.
+class StatusFontContext {
+ public:
+  explicit StatusFontContext(HWND bar)
+      : context_(bar),
+        before_(SelectObject(context_.get(), reinterpret_cast<HGDIOBJ>(SendMessageW(bar, WM_GETFONT, 0, 0)))) {}
+  StatusFontContext(const StatusFontContext&) = delete;
+  StatusFontContext& operator=(const StatusFontContext&) = delete;
+  ~StatusFontContext() { SelectObject(context_.get(), before_); }
+
+  HDC get() const noexcept { return context_.get(); }
+
+ private:
+  WindowDeviceContext context_;
+  HGDIOBJ before_;
+};
+
 // In steps, so that the panels stay where they are while figures change.
 int PanelWidth(HDC context, const std::u16string& text) {
   if (text.empty()) {
@@ -84,31 +101,34 @@ void FrmMainBars::SetHint(const std::u16string& hint) {
   }
 }
 
+// The caret moves all the time: only what has changed is measured and drawn.
 void FrmMainBars::SetPanels(const PerStatusPanel<std::u16string>& texts) {
   if (texts == panels_) {
     return;
   }
+  const StatusFontContext context(statusBar_);
   for (std::size_t i = 0; i < texts.size(); ++i) {
     if (texts[i] != panels_[i]) {
+      panels_[i] = texts[i];
+      widths_[i] = PanelWidth(context.get(), texts[i]);
       SendMessageW(statusBar_, SB_SETTEXTW, i + 1, reinterpret_cast<LPARAM>(ToWide(texts[i]).c_str()));
     }
   }
-  panels_ = texts;
-  LayOut();
+  ShareOut();
 }
 
 void FrmMainBars::LayOut() {
-  const WindowDeviceContext context(statusBar_);
-  const HGDIOBJ before =
-      SelectObject(context.get(), reinterpret_cast<HGDIOBJ>(SendMessageW(statusBar_, WM_GETFONT, 0, 0)));
-  PerStatusPanel<int> widths{};
-  std::ranges::transform(panels_, widths.begin(),
+  const StatusFontContext context(statusBar_);
+  std::ranges::transform(panels_, widths_.begin(),
                          [&](const std::u16string& text) { return PanelWidth(context.get(), text); });
-  SelectObject(context.get(), before);
+  ShareOut();
+}
+
+void FrmMainBars::ShareOut() {
   RECT inner{};
   GetClientRect(statusBar_, &inner);
   const int grip = GetSystemMetricsForDpi(SM_CXVSCROLL, GetDpiForWindow(statusBar_));
-  std::vector<int> edges = StatusPanelEdges(inner.right, grip, widths);
+  std::vector<int> edges = StatusPanelEdges(inner.right, grip, widths_);
   if (edges != edges_) {
     edges_ = std::move(edges);
     SendMessageW(statusBar_, SB_SETPARTS, edges_.size(), reinterpret_cast<LPARAM>(edges_.data()));

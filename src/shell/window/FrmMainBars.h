@@ -42,6 +42,7 @@ class FrmMainBars {
 
  private:
   void Refresh();
+  void ShareOut();
 
   HWND statusBar_ = nullptr;
   HWND progressBar_ = nullptr;
@@ -51,6 +52,7 @@ class FrmMainBars {
   std::u16string work_;
   std::u16string hint_;
   PerStatusPanel<std::u16string> panels_;
+  PerStatusPanel<int> widths_{};
   std::vector<int> edges_;
 };
 
