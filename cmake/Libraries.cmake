@@ -32,6 +32,16 @@ add_library(scrivanta_sqlite INTERFACE)
 target_include_directories(scrivanta_sqlite SYSTEM INTERFACE ${SQLITE3_INCLUDE_DIR})
 target_link_libraries(scrivanta_sqlite INTERFACE ${SQLITE3_LIBRARY})
 
+# What is encrypted under a password.
+find_library(SODIUM_LIBRARY NAMES sodium REQUIRED)
+find_path(SODIUM_INCLUDE_DIR sodium.h REQUIRED)
+add_library(scrivanta_sodium INTERFACE)
+target_include_directories(scrivanta_sodium SYSTEM INTERFACE ${SODIUM_INCLUDE_DIR})
+target_link_libraries(scrivanta_sodium INTERFACE ${SODIUM_LIBRARY})
+if(WIN32)
+  target_compile_definitions(scrivanta_sodium INTERFACE SODIUM_STATIC)
+endif()
+
 # ODBC is the system's own on Windows; natively its manager is unixODBC.
 add_library(scrivanta_odbc INTERFACE)
 if(WIN32)

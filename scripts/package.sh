@@ -31,7 +31,7 @@ done
 cp build/windows/bin/ScrivantaJet32.exe build/windows/bin/Scrivanta.rtf "$stage/Scrivanta/"
 cp samples/*.txt "$stage/Scrivanta/samples/"
 # The libraries that the programs hold ask for their notices to go with them.
-for package in libpcre2-dev libsqlite3-dev libxlsxwriter-dev libpugixml-dev libminizip-dev zlib1g-dev libcli11-dev \
+for package in libpcre2-dev libsqlite3-dev libxlsxwriter-dev libpugixml-dev libminizip-dev zlib1g-dev libsodium-dev libcli11-dev \
   nlohmann-json3-dev mingw-w64-x86-64-dev gcc-mingw-w64-x86-64-posix; do
   printf '==== %s ====\n\n' "$package"
   cat "/usr/share/doc/$package/copyright"

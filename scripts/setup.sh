@@ -8,6 +8,7 @@ root=$PWD
 packages=(
   g++ cmake ninja-build ccache pkg-config          # native build
   libpcre2-dev libcli11-dev nlohmann-json3-dev     # libraries
+  libsodium-dev autoconf automake libtool          # library for encryption under a password, and what it is configured with
   libxlsxwriter-dev libpugixml-dev libminizip-dev zlib1g-dev libz-mingw-w64-dev  # libraries for sheets
   libsqlite3-dev tcl unixodbc-dev                  # libraries for databases; tcl makes the one source file of SQLite
   libgtest-dev libgmock-dev googletest libssl-dev  # tests
@@ -116,6 +117,17 @@ if [ ! -e "$prefix/lib/libgtest.a" ]; then
   echo 'building GoogleTest for Windows'
   mkdir -p "$work"
   build_for_windows googletest /usr/src/googletest -DBUILD_GMOCK=OFF
+fi
+
+if [ ! -e "$prefix/lib/libsodium.a" ]; then
+  echo 'building libsodium for Windows'
+  source_folder=$(fetch_source libsodium)
+  mkdir -p "$work/libsodium"
+  (cd "$source_folder" && autoreconf -i && cd "$work/libsodium" && "$source_folder/configure" --host=x86_64-w64-mingw32 CC=x86_64-w64-mingw32-gcc-posix \
+    --prefix="$prefix" --disable-shared --disable-pie && make -j"$(nproc)" install) >"$work/libsodium.log" 2>&1 || {
+    tail -n 30 "$work/libsodium.log" >&2
+    exit 1
+  }
 fi
 
 if [ ! -e "$prefix/lib/libsqlite3.a" ]; then

@@ -10,6 +10,7 @@
 #include "crypto/RijndaelStream.h"
 #include "crypto/RijndaelText.h"
 #include "crypto/RndXorHash.h"
+#include "crypto/Sealing.h"
 #include "text/Encoding.h"
 #include "text/ExplainedError.h"
 #include "text/LineReader.h"
@@ -233,6 +234,21 @@ BatchWork ConfigureRndXorHashDecrypt(CLI::App& parser) {
   };
 }
 
+using SealingWork = void (*)(std::u16string_view password, ByteSource& source, ByteSink& sink, Progress& progress);
+
+BatchWork ConfigureSealing(CLI::App& parser, SealingWork work) {
+  const auto options = std::make_shared<PasswordOptions>();
+  AddPasswordOptions(parser, *options);
+  return [options, work](BatchContext& context) {
+    work(Password(*options), context.input, context.output, context.progress);
+    return ExitStatus::kDone;
+  };
+}
+
+void SealAtUsualCost(std::u16string_view password, ByteSource& source, ByteSink& sink, Progress& progress) {
+  Seal(password, source, sink, progress);
+}
+
 std::shared_ptr<std::string> AddNumericKey(CLI::App& parser) {
   auto key = std::make_shared<std::string>();
   parser.add_option("--key", *key, "A whole number, at most " + std::to_string(kLargestNumericKey))
@@ -290,6 +306,14 @@ std::vector<BatchCommand> CipherBatchCommands() {
        .description = "Decrypt what rijndael-encrypt or the window has made",
        .example = "scrivanta-batch rijndael-decrypt --text --password-file secret.txt letter.hex -o letter.txt",
        .configure = ConfigureRijndaelDecrypt},
+      {.name = "seal",
+       .description = "Encrypt the bytes of a file under a password, protected against changes, as lines of ASCII",
+       .example = "scrivanta-batch seal --password-file secret.txt letter.txt -o letter.sealed",
+       .configure = [](CLI::App& parser) { return ConfigureSealing(parser, SealAtUsualCost); }},
+      {.name = "unseal",
+       .description = "Decrypt what seal or the window has made; what was changed since is refused",
+       .example = "scrivanta-batch unseal --password-file secret.txt letter.sealed -o letter.txt",
+       .configure = [](CLI::App& parser) { return ConfigureSealing(parser, Unseal); }},
       {.name = "rndxorhash-encrypt",
        .description = "Encrypt a text lightly, with a check of the password and of the text",
        .example = "scrivanta-batch rndxorhash-encrypt --password-file secret.txt letter.txt -o letter.hex",

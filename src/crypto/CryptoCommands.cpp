@@ -7,6 +7,7 @@
 #include "crypto/EncryptedFile.h"
 #include "crypto/NumericCipher.h"
 #include "crypto/RijndaelText.h"
+#include "crypto/Sealing.h"
 #include "shell/workbench/FailureMessage.h"
 #include "shell/workbench/ReplaceSelected.h"
 #include "text/Bytes.h"
@@ -25,8 +26,8 @@ bool HasSelection(const WorkbenchState& state) {
   return state.hasSelection;
 }
 
-std::optional<SecretKey> AskForKey(Workbench& workbench, CryptoDialogs& dialogs, SecretDialog::Ciphers ciphers) {
-  SecretDialog dialog(workbench.prompts(), ciphers);
+std::optional<SecretKey> AskForKey(Workbench& workbench, CryptoDialogs& dialogs, SecretRequest request) {
+  SecretDialog dialog(workbench.prompts(), request);
   dialogs.ShowSecret(dialog);
   return dialog.key();
 }
@@ -37,13 +38,11 @@ struct KeyAndSelection {
 };
 
 // Nothing when either is missing.
-std::optional<KeyAndSelection> AskForKeyToSelection(Workbench& workbench, CryptoDialogs& dialogs) {
-  std::optional<SecretKey> key = AskForKey(workbench, dialogs, SecretDialog::Ciphers::kBoth);
-  if (!key) {
-    return std::nullopt;
-  }
+std::optional<KeyAndSelection> AskForKeyToSelection(Workbench& workbench, CryptoDialogs& dialogs, bool isEncrypting) {
   std::u16string selection = workbench.editor().SelectedText();
-  if (selection.empty()) {
+  std::optional<SecretKey> key =
+      AskForKey(workbench, dialogs, {.isEncrypting = isEncrypting, .isSealed = LooksSealed(selection)});
+  if (!key || selection.empty()) {
     return std::nullopt;
   }
   return KeyAndSelection{*std::move(key), std::move(selection)};
@@ -51,15 +50,16 @@ std::optional<KeyAndSelection> AskForKeyToSelection(Workbench& workbench, Crypto
 
 // What of a long key does not count; empty for all others.
 std::u16string CutOf(const SecretKey& key) {
-  return key.useRijndael && key.digits.size() > kMostDigits ? u"只有前 " + DecimalText(kMostDigits) + u" 位起作用"
-                                                            : u"";
+  return key.cipher == Cipher::kRijndael && key.text.size() > kMostDigits
+             ? u"只有前 " + DecimalText(kMostDigits) + u" 位起作用"
+             : u"";
 }
 
 void SaveAndRemark(Workbench& workbench, const std::filesystem::path& path, const SecretKey& key) {
-  SaveEncrypted(workbench, path, key.digits);
+  SaveEncrypted(workbench, path, key);
   // What was typed was hidden; its length is one way to notice a slip while the plaintext is still there.
   const std::u16string cut = CutOf(key);
-  workbench.ShowStatus(u"已加密保存（密钥 " + DecimalText(key.digits.size()) + u" 位" + (cut.empty() ? u"" : u"，") +
+  workbench.ShowStatus(u"已加密保存（密钥 " + DecimalText(key.text.size()) + u" 位" + (cut.empty() ? u"" : u"，") +
                        cut + u"）：" + TextOfPath(path));
 }
 
@@ -75,7 +75,7 @@ DocumentSaver SaverFor(CryptoDialogs& dialogs, std::filesystem::path path) {
       return SaveOutcome::kSaveAsFile;
     }
     const std::optional<SecretKey> key =
-        answer == Answer::kYes ? AskForKey(workbench, dialogs, SecretDialog::Ciphers::kRijndaelOnly) : std::nullopt;
+        answer == Answer::kYes ? AskForKey(workbench, dialogs, {.isOfFile = true, .isEncrypting = true}) : std::nullopt;
     if (!key) {
       return SaveOutcome::kNotSaved;
     }
@@ -119,8 +119,7 @@ bool AskWhetherToTakeGarbled(Workbench& workbench) {
 std::optional<std::u16string> DecryptRijndael(Workbench& workbench, std::u16string_view ciphertext,
                                               const SecretKey& key,
                                               const std::function<void(std::u16string_view)>& tellNoCiphertext) {
-  DecryptedText result =
-      DecryptText(RijndaelKey(PasswordBytes(key.digits), kWindowBits), FastestRijndael(), ciphertext);
+  DecryptedText result = DecryptText(RijndaelKey(PasswordBytes(key.text), kWindowBits), FastestRijndael(), ciphertext);
   switch (result.outcome) {
     case DecryptedText::Outcome::kNotHexadecimal:
       tellNoCiphertext(u"错误：非十六进制数据！");
@@ -138,23 +137,57 @@ std::optional<std::u16string> DecryptRijndael(Workbench& workbench, std::u16stri
   return isTaken ? std::optional(std::move(result.text)) : std::nullopt;
 }
 
+// Nothing when it is not what was sealed under the password, which has been told then.
+std::optional<std::u16string> Unseal(Workbench& workbench, std::u16string_view sealed, const SecretKey& key) {
+  try {
+    return UnsealText(sealed, key.text);
+  } catch (const ExplainedError& error) {
+    TellFailure(workbench, kWrongKey, error.chinese());
+    return std::nullopt;
+  }
+}
+
+std::u16string Encrypt(std::u16string_view text, const SecretKey& key) {
+  switch (key.cipher) {
+    case Cipher::kNumeric:
+      return TextEncrypt(text, NumericKey(key.text));
+    case Cipher::kRijndael:
+      return EncryptWithDigits(text, key.text);
+    case Cipher::kSealed:
+      break;
+  }
+  return SealText(text, key.text);
+}
+
+std::optional<std::u16string> Decrypt(Workbench& workbench, std::u16string_view ciphertext, const SecretKey& key,
+                                      const std::function<void(std::u16string_view)>& tellNoCiphertext) {
+  switch (key.cipher) {
+    case Cipher::kNumeric:
+      return TextDecrypt(ciphertext, NumericKey(key.text));
+    case Cipher::kRijndael:
+      return DecryptRijndael(workbench, ciphertext, key, tellNoCiphertext);
+    case Cipher::kSealed:
+      break;
+  }
+  return Unseal(workbench, ciphertext, key);
+}
+
 // Put the selection's ciphertext, or plaintext, in its place. Without a key or a selection nothing happens; what cannot
 // be decrypted stays selected as it is.
 void mnuEncryptSelectedText(Workbench& workbench, CryptoDialogs& dialogs) {
-  const std::optional<KeyAndSelection> given = AskForKeyToSelection(workbench, dialogs);
+  const std::optional<KeyAndSelection> given = AskForKeyToSelection(workbench, dialogs, true);
   if (!given) {
     return;
   }
   const auto& [key, selection] = *given;
-  ReplaceSelected(workbench.editor(), key.useRijndael ? EncryptWithDigits(selection, key.digits)
-                                                      : TextEncrypt(selection, NumericKey(key.digits)));
+  ReplaceSelected(workbench.editor(), Encrypt(selection, key));
   if (const std::u16string cut = CutOf(key); !cut.empty()) {
-    workbench.ShowStatus(u"密钥 " + DecimalText(key.digits.size()) + u" 位，" + cut);
+    workbench.ShowStatus(u"密钥 " + DecimalText(key.text.size()) + u" 位，" + cut);
   }
 }
 
 void mnuDeEncryptSelectedText(Workbench& workbench, CryptoDialogs& dialogs) {
-  const std::optional<KeyAndSelection> given = AskForKeyToSelection(workbench, dialogs);
+  const std::optional<KeyAndSelection> given = AskForKeyToSelection(workbench, dialogs, false);
   if (!given) {
     return;
   }
@@ -162,8 +195,7 @@ void mnuDeEncryptSelectedText(Workbench& workbench, CryptoDialogs& dialogs) {
   const auto tell = [&workbench](std::u16string_view reason) {
     workbench.prompts().Ask({.text = std::u16string(reason)});
   };
-  const std::optional<std::u16string> text = key.useRijndael ? DecryptRijndael(workbench, selection, key, tell)
-                                                             : TextDecrypt(selection, NumericKey(key.digits));
+  const std::optional<std::u16string> text = Decrypt(workbench, selection, key, tell);
   if (text) {
     ReplaceSelected(workbench.editor(), *text);
   } else {
@@ -181,7 +213,7 @@ void mnuSaveEncryptFile(Workbench& workbench, CryptoDialogs& dialogs) {
   if (!path) {
     return;
   }
-  const std::optional<SecretKey> key = AskForKey(workbench, dialogs, SecretDialog::Ciphers::kRijndaelOnly);
+  const std::optional<SecretKey> key = AskForKey(workbench, dialogs, {.isOfFile = true, .isEncrypting = true});
   if (!key) {
     return;
   }
@@ -202,16 +234,17 @@ void mnuOpenEncryptedFile(Workbench& workbench, CryptoDialogs& dialogs) {
   if (path.empty()) {
     return;
   }
-  const std::optional<SecretKey> key = AskForKey(workbench, dialogs, SecretDialog::Ciphers::kRijndaelOnly);
-  if (!key) {
-    return;
-  }
   const std::optional<std::u16string> ciphertext = ReadCiphertext(workbench, path);
   if (!ciphertext) {
     return;
   }
+  const std::optional<SecretKey> key =
+      AskForKey(workbench, dialogs, {.isOfFile = true, .isSealed = LooksSealed(*ciphertext)});
+  if (!key) {
+    return;
+  }
   const auto tell = [&workbench](std::u16string_view reason) { TellFailure(workbench, kErrorOpening, reason); };
-  const std::optional<std::u16string> text = DecryptRijndael(workbench, *ciphertext, *key, tell);
+  const std::optional<std::u16string> text = Decrypt(workbench, *ciphertext, *key, tell);
   if (text && workbench.document().MayBeReplaced()) {
     workbench.document().ShowNew(*text, SaverFor(dialogs, path));
   }

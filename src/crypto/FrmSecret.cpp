@@ -16,11 +16,13 @@ void FrmSecret::ShowSecret(SecretDialog& dialog) {
 }
 
 void FrmSecret::OnInit() {
-  const bool rijndaelOnly = dialog_->ciphers() == SecretDialog::Ciphers::kRijndaelOnly;
-  SetChecked(Check1, rijndaelOnly || rijndaelChecked_);
-  EnableControl(Check1, !rijndaelOnly);
-  SetToolTip(Text1, kSecretToolTip);
-  SetToolTip(Check1, kSecretToolTip);
+  const SecretRequest& request = dialog_->request();
+  SetChecked(Check1, request.isOfFile || rijndaelChecked_);
+  SetChecked(Check2, request.isEncrypting ? sealedChecked_ : request.isSealed);
+  for (const int control : {Text1, Check1, Check2}) {
+    SetToolTip(control, kSecretToolTip);
+  }
+  ShowChoice();
   CentreOverOwner();
   FocusOn(Text1);
 }
@@ -30,6 +32,9 @@ bool FrmSecret::OnCommand(int controlId, int) {
     case IDOK:  // Enter
     case Command1:
       dialog_->Accept(*this);
+      return true;
+    case Check2:
+      ShowChoice();
       return true;
     case IDCANCEL:  // Esc, and the window's own close button
     case Command2:
@@ -41,9 +46,21 @@ bool FrmSecret::OnCommand(int controlId, int) {
 }
 
 void FrmSecret::OnClose() {
-  if (dialog_->ciphers() == SecretDialog::Ciphers::kBoth) {
+  SetControlText(Text2, u"");
+  if (!dialog_->request().isOfFile) {
     rijndaelChecked_ = IsChecked(Check1);
   }
+  if (dialog_->request().isEncrypting) {
+    sealedChecked_ = IsChecked(Check2);
+  }
+}
+
+void FrmSecret::ShowChoice() {
+  const bool isSealed = IsChecked(Check2);
+  SetControlText(LblKey, isSealed ? u"口令(&K)：" : u"密钥（数字）(&K)：");
+  EnableControl(Check1, !isSealed && !dialog_->request().isOfFile);
+  EnableControl(LblRepeat, isSealed && dialog_->request().isEncrypting);
+  EnableControl(Text2, isSealed && dialog_->request().isEncrypting);
 }
 
 std::u16string FrmSecret::KeyText() const {
@@ -54,8 +71,16 @@ void FrmSecret::ClearKeyText() {
   SetControlText(Text1, u"");
 }
 
+std::u16string FrmSecret::RepeatedText() const {
+  return ControlText(Text2);
+}
+
 bool FrmSecret::RijndaelChecked() const {
   return IsChecked(Check1);
+}
+
+bool FrmSecret::SealedChecked() const {
+  return IsChecked(Check2);
 }
 
 void FrmSecret::FocusKeyText() {

@@ -1,4 +1,4 @@
-// The key dialog of the encrypting commands. One lives as long as the program and keeps the check box between two
+// The key dialog of the encrypting commands. One lives as long as the program and keeps the check boxes between two
 // uses, but never the key.
 #pragma once
 
@@ -23,15 +23,20 @@ class FrmSecret final : public Dialog, public CryptoDialogs, private SecretView 
   bool OnCommand(int controlId, int notification) override;
   void OnClose() override;
 
+  void ShowChoice();  // what goes with the checked cipher
+
   std::u16string KeyText() const override;
   void ClearKeyText() override;
+  std::u16string RepeatedText() const override;
   bool RijndaelChecked() const override;
+  bool SealedChecked() const override;
   void FocusKeyText() override;
   void CloseView() override;
 
   std::function<HWND()> owner_;
   SecretDialog* dialog_ = nullptr;  // while the window is open
   bool rijndaelChecked_ = false;
+  bool sealedChecked_ = false;
 };
 
 }  // namespace scrivanta

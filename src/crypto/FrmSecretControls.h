@@ -7,3 +7,6 @@
 #define Command1 3703
 #define Command2 3704
 #define LblKey 3705
+#define Check2 3706
+#define Text2 3707
+#define LblRepeat 3708

@@ -38,6 +38,34 @@ TEST_F(SecretTest, EncryptsTheSelectionInPlace) {
   }
 }
 
+TEST_F(SecretTest, SealsTheSelectionUnderAPassword) {
+  app.Start();
+  app.Editor().Insert(u"前\r\n机密 text\r\n后");
+  app.Editor().SelectText(u"机密 text");
+  app.Menu("mnuEncryptSelectedText");
+  DialogDriver dialog = app.ExpectDialog(u"密钥");
+  EXPECT_FALSE(dialog.IsEnabled(Text2));
+  dialog.Press(Check2);
+  EXPECT_FALSE(dialog.IsEnabled(Check1));
+  dialog.Type(Text1, u"pass word 1");
+  dialog.Type(Text2, u"pass word 1");
+  dialog.Press(Command1);
+  dialog.WaitUntilGone();
+  app.Settle();
+  const std::u16string sealed = app.Text();
+  EXPECT_TRUE(sealed.starts_with(u"前\r\n-----BEGIN ") && sealed.ends_with(u"-----\r\n后"));
+
+  app.Editor().Select({{3}, sealed.size() - 6});
+  app.Menu("mnuDeEncryptSelectedText");
+  dialog = app.ExpectDialog(u"密钥");
+  EXPECT_TRUE(dialog.IsChecked(Check2)) << "it is seen what the selection is";
+  EXPECT_FALSE(dialog.IsEnabled(Text2));
+  dialog.Type(Text1, u"pass word 1");
+  dialog.Press(Command1);
+  dialog.WaitUntilGone();
+  app.ExpectText(u"前\r\n机密 text\r\n后");
+}
+
 TEST_F(SecretTest, HidesTheKeyAndTakesDigitsOnly) {
   app.Start();
   app.Editor().Insert(u"text");

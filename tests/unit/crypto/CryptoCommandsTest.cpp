@@ -21,19 +21,23 @@ using testing::TemporaryFolder;
 class ScriptedSecret final : public CryptoDialogs, private SecretView {
  public:
   struct Script {
-    std::u16string typed;
+    std::u16string typed = {};
     bool rijndael = false;
     bool cancel = false;
+    std::u16string repeated = {};
+    bool sealed = false;
   };
 
   void ShowSecret(SecretDialog& dialog) override {
     ++shown;
-    lastCiphers = dialog.ciphers();
+    lastRequest = dialog.request();
     ASSERT_FALSE(script.empty()) << "nobody expected the key box";
     const Script next = script.front();
     script.pop_front();
     text_ = next.typed;
+    repeated_ = next.repeated;
     rijndael_ = next.rijndael;
+    sealed_ = next.sealed;
     closed_ = false;
     next.cancel ? dialog.Cancel(*this) : dialog.Accept(*this);
     if (!closed_) {
@@ -45,17 +49,21 @@ class ScriptedSecret final : public CryptoDialogs, private SecretView {
 
   std::deque<Script> script;
   int shown = 0;
-  SecretDialog::Ciphers lastCiphers = SecretDialog::Ciphers::kBoth;
+  SecretRequest lastRequest;
 
  private:
   std::u16string KeyText() const override { return text_; }
   void ClearKeyText() override { text_.clear(); }
+  std::u16string RepeatedText() const override { return repeated_; }
   bool RijndaelChecked() const override { return rijndael_; }
+  bool SealedChecked() const override { return sealed_; }
   void FocusKeyText() override { focused_ = true; }
   void CloseView() override { closed_ = true; }
 
   std::u16string text_;
+  std::u16string repeated_;
   bool rijndael_ = false;
+  bool sealed_ = false;
   bool focused_ = false;
   bool closed_ = false;
 };
@@ -94,6 +102,57 @@ TEST_F(CipherHandlers, EncryptTheSelectionBothWays) {
     EXPECT_EQ(workbench_.editor().Text(), u"[" + text + u"]");
   }
   EXPECT_TRUE(workbench_.prompts().messages.empty());
+}
+
+TEST_F(CipherHandlers, SealUnderAPasswordThatIsTypedTwice) {
+  const std::u16string text = u"中文 \U0001F600\r\n\xDC81";
+  workbench_.editor().Open(u"[" + text + u"]", {{1}, text.size()});
+  dialogs_.script = {{.typed = u"口令 1", .repeated = u"口令 2", .sealed = true}};
+  Run("mnuEncryptSelectedText");
+  EXPECT_EQ(LastMessage(), u"两次输入的口令不一样。");
+  dialogs_.script = {{.sealed = true}};
+  Run("mnuEncryptSelectedText");
+  EXPECT_EQ(LastMessage(), u"请输入口令。");
+  EXPECT_EQ(workbench_.editor().changes, 0);
+  dialogs_.script = {{.typed = u"口令 1", .repeated = u"口令 1", .sealed = true}};
+  Run("mnuEncryptSelectedText");
+  EXPECT_FALSE(dialogs_.lastRequest.isSealed);
+  const std::u16string sealed = workbench_.editor().Text();
+  EXPECT_TRUE(sealed.starts_with(u"[-----BEGIN ") && sealed.ends_with(u"-----]"));
+
+  workbench_.editor().SetSelection({{1}, sealed.size() - 2});
+  dialogs_.script = {{.typed = u"口令 2", .sealed = true}, {.typed = u"口令 1", .sealed = true}};
+  Run("mnuDeEncryptSelectedText");
+  EXPECT_TRUE(dialogs_.lastRequest.isSealed);
+  EXPECT_EQ(LastMessage(), u"Incorrect Encryption Key\r\n口令不对，或密文被改动过。");
+  EXPECT_EQ(workbench_.editor().Text(), sealed);
+  Run("mnuDeEncryptSelectedText");
+  EXPECT_EQ(workbench_.editor().Text(), u"[" + text + u"]");
+}
+
+TEST_F(CipherHandlers, KeepADocumentInASealedFile) {
+  for (const std::string_view name : {"letter.txt", "letter.rtf"}) {
+    const std::filesystem::path file = folder_.path() / name;
+    workbench_.editor().Open(u"机密");
+    workbench_.prompts().Will(file);
+    dialogs_.script = {{.typed = u"p", .repeated = u"p", .sealed = true}};
+    Run("mnuSaveEncryptFile");
+    std::u16string saved = Decode(Encoding::kGbk, ReadWholeFile(file));
+    if (name.ends_with(".rtf")) {
+      EXPECT_TRUE(saved.starts_with(u"{\\rtf1\\ansi -----BEGIN") && saved.ends_with(u"-----}"));
+      saved = saved.substr(12, saved.size() - 13);
+      for (std::size_t at = 0; (at = saved.find(u"\\par")) != std::u16string::npos;) {
+        saved.erase(at, 4);
+      }
+    }
+    workbench_.document().texts[file] = saved;
+    workbench_.editor().Open(u"other");
+    workbench_.prompts().Will(file);
+    dialogs_.script = {{.typed = u"p", .sealed = true}};
+    Run("mnuOpenEncryptedFile");
+    EXPECT_TRUE(dialogs_.lastRequest.isSealed && dialogs_.lastRequest.isOfFile);
+    EXPECT_EQ(workbench_.editor().Text(), u"机密");
+  }
 }
 
 TEST_F(CipherHandlers, TellWhatOfALongKeyDoesNotCount) {
@@ -195,7 +254,7 @@ TEST_F(CipherHandlers, SaveEncryptedAndKeepThePlaintext) {
   workbench_.prompts().Will(folder_.path() / "letter");
   dialogs_.script = {{u"123456"}};
   Run("mnuSaveEncryptFile");
-  EXPECT_EQ(dialogs_.lastCiphers, SecretDialog::Ciphers::kRijndaelOnly);
+  EXPECT_TRUE(dialogs_.lastRequest.isOfFile);
   EXPECT_EQ(workbench_.prompts().files.back().filter, u"*.txt");
   EXPECT_EQ(Decode(Encoding::kGbk, ReadWholeFile(folder_.path() / "letter.Txt")), Rijndael(text, u"123456"));
   EXPECT_EQ(workbench_.editor().Text(), text);
@@ -384,6 +443,7 @@ TEST_F(CipherHandlers, OpenNothingWhenCalledOff) {
   workbench_.document().offerAnswer = true;
   workbench_.prompts().Will(std::filesystem::path());
   Run("mnuOpenEncryptedFile");
+  workbench_.document().texts[folder_.path() / "letter.txt"] = u"00";
   workbench_.prompts().Will(folder_.path() / "letter.txt");
   dialogs_.script = {{u"", false, true}};
   Run("mnuOpenEncryptedFile");

@@ -38,7 +38,9 @@ class TypedKey final : public CryptoDialogs, private SecretView {
   void ShowSecret(SecretDialog& dialog) override { dialog.Accept(*this); }
   std::u16string KeyText() const override { return u"1"; }
   void ClearKeyText() override {}
+  std::u16string RepeatedText() const override { return u"1"; }
   bool RijndaelChecked() const override { return true; }
+  bool SealedChecked() const override { return false; }
   void FocusKeyText() override {}
   void CloseView() override {}
 };

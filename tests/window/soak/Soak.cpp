@@ -132,7 +132,9 @@ class Soak::Dialogs final : public LineDialogs,
   void SetTotal(const std::u16string&) override {}
   std::u16string KeyText() const override { return key; }
   void ClearKeyText() override {}
+  std::u16string RepeatedText() const override { return key; }
   bool RijndaelChecked() const override { return rijndael; }
+  bool SealedChecked() const override { return false; }
   void FocusKeyText() override {}
   void CloseView() override {}
 };
