@@ -1,5 +1,7 @@
 #include "lines/CleanupHandlers.h"
 
+#include <utility>
+
 #include "lines/DelLinesDialog.h"
 #include "lines/LineCleanup.h"
 #include "lines/LineWork.h"
@@ -9,10 +11,16 @@ namespace scrivanta {
 
 namespace {
 
-void RunCleanup(Workbench& workbench, std::u16string_view resultFileName, const LineTransform& transform) {
+struct Cleanup {
+  CapturedInput input;
+  LineCounts counts;
+};
+
+Cleanup RunCleanup(Workbench& workbench, std::u16string_view resultFileName, const LineTransform& transform) {
   const std::unique_ptr<BusyWork> work = workbench.StartWork();
-  const CapturedInput input = CaptureInput(workbench);
-  TransformLines(workbench, input, resultFileName, work->progress(), transform);
+  CapturedInput input = CaptureInput(workbench);
+  const LineCounts counts = TransformLines(workbench, input, resultFileName, work->progress(), transform);
+  return {std::move(input), counts};
 }
 
 // Returns how many tabs every line has now.
@@ -26,11 +34,15 @@ std::uint64_t PadTabs(Workbench& workbench) {
 }
 
 void mnuDelEmptyLine(Workbench& workbench) {
-  RunCleanup(workbench, u"DelEmptyLineOk.txt", DelEmptyLines);
+  const Cleanup done = RunCleanup(workbench, u"DelEmptyLineOk.txt", DelEmptyLines);
+  ShowDone(workbench, done.input, u"已删除空行 " + done.counts.Removed());
 }
 
 void mnuTrimLine(Workbench& workbench) {
-  RunCleanup(workbench, u"TrimLines.TXT", TrimLines);
+  std::uint64_t trimmed = 0;
+  const Cleanup done = RunCleanup(workbench, u"TrimLines.TXT",
+                                  [&trimmed](LineReader& in, LineWriter& out) { trimmed = TrimLines(in, out); });
+  ShowDone(workbench, done.input, u"已去掉 " + DecimalText(trimmed) + u" 行的首尾空格");
 }
 
 void mnuDelLineFromXtoY(Workbench& workbench, LineDialogs& dialogs) {

@@ -34,13 +34,15 @@ void DelLinesDialog::Delete(DelLinesView& view) {
   }
   // A line is a whole number, so a fraction only shows on which side of it a line lies.
   const LineRange range{Whole(std::ceil(first)), Whole(std::floor(last))};
+  LineCounts counts;
   {
     const std::unique_ptr<BusyWork> work = workbench_.StartWork();
     RewriteInputFile(input_);
-    TransformLines(workbench_, input_, u"DelLineFromXToY.txt", work->progress(),
-                   [&range](LineReader& in, LineWriter& out) { DelLines(in, out, range); });
+    counts = TransformLines(workbench_, input_, u"DelLineFromXToY.txt", work->progress(),
+                            [&range](LineReader& in, LineWriter& out) { DelLines(in, out, range); });
   }
   view.CloseView();
+  ShowDone(workbench_, input_, u"已删除 " + counts.Removed());
 }
 
 }  // namespace scrivanta

@@ -2,6 +2,7 @@
 
 #include <functional>
 #include <optional>
+#include <utility>
 
 #include "lines/LineWork.h"
 #include "lines/RegExpLineFilters.h"
@@ -17,9 +18,9 @@ constexpr std::u16string_view kDefaultPattern = u"[a-su-zA-SU-Z]+|[\\d]+";
 
 using TwoGroups = std::function<void(LineReader& in, LineWriter& first, LineWriter& second)>;
 
-// Divides the captured lines into two files.
-void DivideLines(const CapturedInput& input, ResultFile& first, ResultFile& second, Progress& progress,
-                 const TwoGroups& divide) {
+// Divides the captured lines into two files. Returns how many the first and the second have got.
+std::pair<std::uint64_t, std::uint64_t> DivideLines(const CapturedInput& input, ResultFile& first, ResultFile& second,
+                                                    Progress& progress, const TwoGroups& divide) {
   InputLines lines(input, progress);
   LineWriter firstWriter(first);
   LineWriter secondWriter(second);
@@ -28,6 +29,7 @@ void DivideLines(const CapturedInput& input, ResultFile& first, ResultFile& seco
   secondWriter.Flush();
   first.Save();
   second.Save();
+  return {firstWriter.lines(), secondWriter.lines()};
 }
 
 Answer AskHowManyToKeep(Workbench& workbench) {
@@ -40,15 +42,19 @@ Answer AskHowManyToKeep(Workbench& workbench) {
 // Divides the lines into those that are kept and a report of the repeats, and puts both back.
 void RunDuplicateFilter(Workbench& workbench, bool keepFirst, WholeTextEnd wholeTextEnd, bool addLineBreak,
                         const std::function<void(LineReader&, LineWriter&, LineWriter&, Progress&)>& filter) {
-  const std::unique_ptr<BusyWork> work = workbench.StartWork();
+  std::unique_ptr<BusyWork> work = workbench.StartWork();
   CapturedInput input = CaptureInput(workbench, kInputFileName, wholeTextEnd);
   if (addLineBreak) {
     AddLineBreak(input);
   }
+  std::uint64_t read = 0;
+  std::uint64_t remaining = 0;
   ResultFile kept(workbench, u"FilterLineOk.txt");
   ResultFile report(workbench, u"FilterLineSameOk.txt");
   DivideLines(input, kept, report, work->progress(), [&](LineReader& in, LineWriter& first, LineWriter& second) {
     filter(in, first, second, work->progress());
+    read = in.number();
+    remaining = first.lines();
   });
   ResultFile collected(workbench, u"Collect.txt");
   if (keepFirst) {
@@ -62,10 +68,15 @@ void RunDuplicateFilter(Workbench& workbench, bool keepFirst, WholeTextEnd whole
     LineWriter writer(dropped);
     DropReportedLines(keptReader, reportReader, writer, work->progress());
     writer.Flush();
+    remaining = writer.lines();
     dropped.Save();
     MergeFiles({&dropped, &report}, collected, work->progress());
   }
   PutResultBack(workbench, input, collected);
+  work.reset();
+  ShowDone(workbench, input,
+           u"共 " + DecimalText(read) + u" 行：保留 " + DecimalText(remaining) + u" 行，重复 " +
+               DecimalText(read - remaining) + u" 行列在后面");
 }
 
 // What the questions of the filter over the whole text have given.
@@ -125,21 +136,28 @@ void mnuFilterNeedLine(Workbench& workbench) {
                                                     .buttons = Buttons::kYesNo,
                                                     .icon = Icon::kQuestion,
                                                     .defaultAnswer = Answer::kNo});
-  const std::unique_ptr<BusyWork> work = workbench.StartWork();
+  std::unique_ptr<BusyWork> work = workbench.StartWork();
   const CapturedInput input = CaptureInput(workbench);
   const WordFilterOptions options{keyword, kWorkFileEncoding};
   ResultFile have(workbench, u"FilterHave.txt");
   ResultFile haveNot(workbench, u"FilterNotHave.txt");
-  DivideLines(input, have, haveNot, work->progress(), [&](LineReader& in, LineWriter& first, LineWriter& second) {
-    if (isPattern == Answer::kYes) {
-      RegExpWordFilter(input.text, first, second, options, workbench.regExpEngine(), work->progress());
-    } else {
-      WordFilter(in, first, second, options);
-    }
-  });
+  const auto [with, without] =
+      DivideLines(input, have, haveNot, work->progress(), [&](LineReader& in, LineWriter& first, LineWriter& second) {
+        if (isPattern == Answer::kYes) {
+          RegExpWordFilter(input.text, first, second, options, workbench.regExpEngine(), work->progress());
+        } else {
+          WordFilter(in, first, second, options);
+        }
+      });
   ResultFile all(workbench, u"FilterAll.txt");
   MergeFiles({&have, &haveNot}, all, work->progress());
   PutResultBack(workbench, input, all);
+  work.reset();
+  const std::u16string having = DecimalText(with - kHaveHeaderLines);
+  const std::u16string others = DecimalText(without - kHaveNotHeaderLines);
+  ShowDone(workbench, input,
+           isPattern == Answer::kYes ? u"匹配 " + having + u" 处在前，其余 " + others + u" 行在后"
+                                     : u"含有 " + having + u" 行在前，不含 " + others + u" 行在后");
 }
 
 void mnuFilterRepeatLine(Workbench& workbench) {

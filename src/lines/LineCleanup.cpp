@@ -23,10 +23,14 @@ void DelEmptyLines(LineReader& in, LineWriter& out) {
   }
 }
 
-void TrimLines(LineReader& in, LineWriter& out) {
+std::uint64_t TrimLines(LineReader& in, LineWriter& out) {
+  std::uint64_t trimmed = 0;
   while (in.Next()) {
-    out.WriteLine(TrimSpaces(std::string_view(in.line())));
+    const std::string_view line = TrimSpaces(in.line());
+    trimmed += line.size() < in.line().size() ? 1 : 0;
+    out.WriteLine(line);
   }
+  return trimmed;
 }
 
 void DelLines(LineReader& in, LineWriter& out, const LineRange& range) {

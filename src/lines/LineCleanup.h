@@ -11,8 +11,8 @@ namespace scrivanta {
 // Copies every line but the empty ones; a line of blanks is not empty.
 void DelEmptyLines(LineReader& in, LineWriter& out);
 
-// Takes the space characters away from both ends of every line; tabs stay.
-void TrimLines(LineReader& in, LineWriter& out);
+// Takes the space characters away from both ends of every line; tabs stay. Returns how many lines had any.
+std::uint64_t TrimLines(LineReader& in, LineWriter& out);
 
 // Lines counted from 1, both ends included; empty when last is smaller than first.
 struct LineRange {

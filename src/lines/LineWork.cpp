@@ -2,14 +2,15 @@
 
 namespace scrivanta {
 
-void TransformLines(Workbench& workbench, const CapturedInput& input, std::u16string_view resultFileName,
-                    Progress& progress, const LineTransform& transform) {
+LineCounts TransformLines(Workbench& workbench, const CapturedInput& input, std::u16string_view resultFileName,
+                          Progress& progress, const LineTransform& transform) {
   InputLines lines(input, progress);
   ResultFile result(workbench, resultFileName);
   LineWriter writer(result);
   transform(lines.reader(), writer);
   writer.Flush();
   PutResultBack(workbench, input, result);
+  return {lines.reader().number(), writer.lines()};
 }
 
 }  // namespace scrivanta

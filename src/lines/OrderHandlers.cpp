@@ -10,11 +10,17 @@ namespace scrivanta {
 namespace {
 
 void mnuRandOrder(Workbench& workbench) {
-  const std::unique_ptr<BusyWork> work = workbench.StartWork();
-  const CapturedInput input = CaptureInput(workbench, u"RandOrderSelectedTextTmpFile.txt");
   const auto seed = static_cast<std::uint64_t>(workbench.clock().Now().time_since_epoch().count());
-  TransformLines(workbench, input, u"DisplayLike.txt", work->progress(),
-                 [&](LineReader& in, LineWriter& out) { ShuffleLines(LineStore(in), out, seed, work->progress()); });
+  CapturedInput input;
+  LineCounts counts;
+  {
+    const std::unique_ptr<BusyWork> work = workbench.StartWork();
+    input = CaptureInput(workbench, u"RandOrderSelectedTextTmpFile.txt");
+    counts = TransformLines(
+        workbench, input, u"DisplayLike.txt", work->progress(),
+        [&](LineReader& in, LineWriter& out) { ShuffleLines(LineStore(in), out, seed, work->progress()); });
+  }
+  ShowDone(workbench, input, u"已打乱 " + DecimalText(counts.written) + u" 行的次序");
 }
 
 void mnuStatistics(Workbench& workbench) {

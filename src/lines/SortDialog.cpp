@@ -42,14 +42,17 @@ void SortDialog::Sort(SortView& view) {
                             .first = static_cast<std::size_t>(first),
                             .last = static_cast<std::size_t>(last),
                             .encoding = kWorkFileEncoding};
-  ResultFile result(workbench_, u"FileSortOK.txt");
-  const std::unique_ptr<BusyWork> work = workbench_.StartWork();
-  RewriteInputFile(input_);
-  InputLines lines(input_, work->progress());
-  LineWriter writer(result);
-  SortLines(LineStore(lines.reader()), writer, options, work->progress());
-  writer.Flush();
-  PutBack(view, result);
+  {
+    ResultFile result(workbench_, u"FileSortOK.txt");
+    const std::unique_ptr<BusyWork> work = workbench_.StartWork();
+    RewriteInputFile(input_);
+    InputLines lines(input_, work->progress());
+    LineWriter writer(result);
+    SortLines(LineStore(lines.reader()), writer, options, work->progress());
+    writer.Flush();
+    PutBack(view, result);
+  }
+  ShowDone(workbench_, input_, u"已排序 " + DecimalText(last - first + 1) + u" 行");
 }
 
 bool SortDialog::IsStillCaptured() const {

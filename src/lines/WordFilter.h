@@ -1,6 +1,7 @@
 // Splits lines into those that contain a keyword and those that do not.
 #pragma once
 
+#include <cstdint>
 #include <string>
 
 #include "text/Encoding.h"
@@ -13,6 +14,10 @@ struct WordFilterOptions {
   std::u16string keyword;              // found as it stands, letter by letter; not empty
   Encoding encoding = Encoding::kGbk;  // of the lines
 };
+
+// How many lines the headers take.
+inline constexpr std::uint64_t kHaveHeaderLines = 1;
+inline constexpr std::uint64_t kHaveNotHeaderLines = 3;
 
 // The header line above the group of lines that contain the keyword.
 void WriteHaveHeader(LineWriter& have, const WordFilterOptions& options);

@@ -160,7 +160,7 @@ void FindDialog::FindAll(FindView& view) {
   if (state_.findText.empty()) {
     return;
   }
-  const auto work = workbench_.StartWork();
+  auto work = workbench_.StartWork();
   const std::u16string text = workbench_.editor().Text();
   const auto places = FindPlaces(text, state_, workbench_.regExpEngine(), work->progress());
   if (places.empty()) {
@@ -168,6 +168,8 @@ void FindDialog::FindAll(FindView& view) {
     return;
   }
   HighlightRanges(workbench_, text, places, HighlightHeader::kSongTi, work->progress());
+  work.reset();
+  workbench_.ShowStatus(FoundRemark(places.size()));
 }
 
 // What takes the place of the selected text; nothing when that is no match.
@@ -296,7 +298,7 @@ void FindDialog::Filter(FindView& view) {
   if (state_.findText.empty()) {
     return;
   }
-  const auto work = workbench_.StartWork();
+  auto work = workbench_.StartWork();
   const CapturedInput input = CaptureInput(workbench_, kInputFileName, WholeTextEnd::kAsItStands);
   const std::u16string patterns = state_.isRegExp ? state_.findText : WholeLinePattern(state_.findText);
   const auto filter = [&](MarkerFilterMode mode) {
@@ -317,6 +319,8 @@ void FindDialog::Filter(FindView& view) {
     text += kLineBreak;
   }
   PutTextBack(workbench_, input, kInputFileName, text);
+  work.reset();
+  ShowDone(workbench_, input, u"含有 " + DecimalText(std::ranges::count(matches, u'\n')) + u" 行在前，其余在后");
 }
 
 std::vector<std::filesystem::path> FindDialog::DroppedFiles(const FindView& view) const {

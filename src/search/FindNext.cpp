@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "search/EditSelection.h"
+#include "text/DecimalText.h"
 #include "text/LiteralFinder.h"
 
 namespace scrivanta {
@@ -170,6 +171,10 @@ bool FindPrevious(Workbench& workbench, FindState& state) {
   state.isNewSearch = opposite.isNewSearch;
   state.beginsAtCaret = opposite.beginsAtCaret;
   return found;
+}
+
+std::u16string FoundRemark(std::size_t places) {
+  return u"共找到 " + DecimalText(places) + u" 处";
 }
 
 void SayNotFound(Prompts& prompts) {

@@ -3,6 +3,7 @@
 
 #include <cstddef>
 #include <optional>
+#include <string>
 #include <string_view>
 
 #include "regexp/RegExp.h"
@@ -37,6 +38,8 @@ bool FindNext(Workbench& workbench, FindState& state);
 // The same in the other direction than the state says.
 bool FindPrevious(Workbench& workbench, FindState& state);
 
+// What is said of places that are shown all at once.
+std::u16string FoundRemark(std::size_t places);
 // "未找到结果".
 void SayNotFound(Prompts& prompts);
 

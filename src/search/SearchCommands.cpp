@@ -11,6 +11,7 @@
 #include "search/Highlight.h"
 #include "search/TextRanges.h"
 #include "shell/workbench/ResultFiles.h"
+#include "text/DecimalText.h"
 #include "text/LineText.h"
 #include "text/PlatformFile.h"
 
@@ -40,7 +41,7 @@ void mnufindall(Workbench& workbench, const FindState& state) {
     HighlightInEditor(workbench, {});
     return;
   }
-  const auto work = workbench.StartWork();
+  auto work = workbench.StartWork();
   const std::u16string text = workbench.editor().Text();
   const auto places = FindPlaces(text, state, workbench.regExpEngine(), work->progress());
   if (places.empty()) {
@@ -51,6 +52,8 @@ void mnufindall(Workbench& workbench, const FindState& state) {
   have.Write(Encode(kWorkFileEncoding, text));
   have.Save();
   HighlightRanges(workbench, text, places, HighlightHeader::kMsSansSerif, work->progress());
+  work.reset();
+  workbench.ShowStatus(FoundRemark(places.size()));
 }
 
 void mnuGoToThis(Workbench& workbench) {
@@ -94,7 +97,7 @@ void mnuRegGet(Workbench& workbench) {
   if (pattern.empty()) {
     return;
   }
-  const auto work = workbench.StartWork();
+  auto work = workbench.StartWork();
   const CapturedInput input = CaptureInput(workbench, kInputFileName, WholeTextEnd::kAsItStands);
   const auto results = ExtractFromText(workbench.regExpEngine(), input.text, pattern, {}, work->progress());
   if (results.empty()) {
@@ -104,6 +107,8 @@ void mnuRegGet(Workbench& workbench) {
   ResultFile lines(workbench, kInputFileName);
   lines.Write(Encode(kWorkFileEncoding, JoinLines(results) + u"\r\n"));
   PutResultBack(workbench, input, lines);
+  work.reset();
+  ShowDone(workbench, input, u"已提取 " + DecimalText(results.size()) + u" 处");
 }
 
 void mnuRegReplace(Workbench& workbench) {
@@ -116,7 +121,7 @@ void mnuRegReplace(Workbench& workbench) {
   if (replacement.empty()) {
     return;
   }
-  const auto work = workbench.StartWork();
+  auto work = workbench.StartWork();
   const CapturedInput input = CaptureInput(workbench, kInputFileName, WholeTextEnd::kAsItStands);
   std::size_t count = 0;
   const std::u16string result =
@@ -126,6 +131,8 @@ void mnuRegReplace(Workbench& workbench) {
     return;
   }
   PutTextBack(workbench, input, kInputFileName, result);
+  work.reset();
+  ShowDone(workbench, input, u"已替换" + DecimalText(count) + u"处");
 }
 
 }  // namespace

@@ -11,6 +11,7 @@ constexpr std::size_t kBlockSize = 256 * 1024;
 void LineWriter::WriteLine(std::string_view line) {
   WriteRaw(line);
   gathered_.append("\r\n", 2);
+  ++lines_;
 }
 
 void LineWriter::WriteRaw(std::string_view bytes) {

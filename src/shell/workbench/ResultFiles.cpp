@@ -2,6 +2,7 @@
 
 #include "shell/workbench/ReplaceSelected.h"
 #include "text/AtomicFile.h"
+#include "text/DecimalText.h"
 #include "text/LineReader.h"
 #include "text/LineWriter.h"
 #include "text/StandIns.h"
@@ -94,6 +95,13 @@ void PutTextBack(Workbench& workbench, const CapturedInput& input, std::u16strin
   result.Write(StandIns(kWorkFileEncoding, text).Encode(text));
   result.Save();
   ReplaceCaptured(workbench, input, text);
+}
+
+void ShowDone(Workbench& workbench, const CapturedInput& input, std::u16string remark) {
+  if (!input.selection.empty() && input.OwnText().find(kLineBreak) == std::u16string_view::npos) {
+    remark += u"（只处理了所选的 " + DecimalText(input.selection.length) + u" 个字符）";
+  }
+  workbench.ShowStatus(remark);
 }
 
 void MergeFiles(const std::vector<const ResultFile*>& parts, ResultFile& target, Progress& progress) {

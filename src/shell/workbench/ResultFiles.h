@@ -71,6 +71,9 @@ void PutResultBack(Workbench& workbench, const CapturedInput& input, const Resul
 void PutTextBack(Workbench& workbench, const CapturedInput& input, std::u16string_view fileName,
                  std::u16string_view text);
 
+// Says what a command has done, and that it was done to a part of a line where that was captured.
+void ShowDone(Workbench& workbench, const CapturedInput& input, std::u16string remark);
+
 // The lines of the parts, in order, into the target, each ended by a line break.
 void MergeFiles(const std::vector<const ResultFile*>& parts, ResultFile& target, Progress& progress);
 

@@ -197,6 +197,7 @@ TEST(SortDialog, SortsAgainAndAgain) {
   view.SetRange(u"2", u"3");
   dialog.Sort(view);
   EXPECT_EQ(workbench.editor().Text(), u"c\r\na\r\nb\r\nd");
+  EXPECT_EQ(workbench.status, u"已排序 2 行");
   view.descending = true;
   dialog.Sort(view);
   EXPECT_EQ(workbench.editor().Text(), u"d\r\nb\r\na\r\nc");

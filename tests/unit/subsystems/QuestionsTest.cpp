@@ -1,4 +1,4 @@
-// Every box of the commands, word for word: what people know them by.
+// Every box of the commands, and what they say that they have done, word for word: what people know them by.
 #include <algorithm>
 #include <optional>
 #include <string>
@@ -128,6 +128,53 @@ const Case kCases[] = {
      {u"输入要寻找的字串（正则表达式）<>"}},
     {"mnuDeEncryptSelectedText", u"xyz", {{0}, 3}, {}, {u"错误：非十六进制数据！"}},
 };
+
+struct Remarked {
+  std::string_view command;
+  std::u16string_view document;
+  TextRange selection;
+  Script answers;
+  std::u16string_view remark;
+};
+
+const Remarked kRemarked[] = {
+    {"mnuDelEmptyLine", u"a\r\n\r\nb\r\n\r\n\r\nc", {}, {}, u"已删除空行 3 行"},
+    {"mnuTrimLine", u" a\r\nb\r\nc ", {}, {}, u"已去掉 2 行的首尾空格"},
+    {"mnuTrimLine", u"[ 中文 ]", {{1}, 4}, {}, u"已去掉 1 行的首尾空格（只处理了所选的 4 个字符）"},
+    {"mnuRandOrder", u"a\r\nb\r\nc", {}, {}, u"已打乱 3 行的次序"},
+    {"mnuFilterNeedLine", u"ab\r\nb\r\nac\r\nc\r\nd", {}, {u"a"s, Answer::kNo}, u"含有 2 行在前，不含 3 行在后"},
+    {"mnuFilterNeedLine", u"aba\r\nb", {}, {u"a"s, Answer::kYes}, u"匹配 2 处在前，其余 2 行在后"},
+    {"mnuFilterRepeatLine",
+     u"a\r\nb\r\na\r\na",
+     {},
+     {Answer::kNo, Answer::kYes, Answer::kNo},
+     u"共 4 行：保留 2 行，重复 2 行列在后面"},
+    {"mnuFilterRepeatLine",
+     u"a\r\nb\r\na\r\na",
+     {},
+     {Answer::kNo, Answer::kNo, Answer::kNo},
+     u"共 4 行：保留 1 行，重复 3 行列在后面"},
+    {"mnuFilterContinueRepeatLine", u"a\r\na\r\nb\r\na", {}, {Answer::kYes}, u"共 4 行：保留 3 行，重复 1 行列在后面"},
+    {"mnuRegGet", u"a1b2", {{1}, 3}, {u"\\d"s}, u"已提取 2 处（只处理了所选的 3 个字符）"},
+    {"mnuRegReplace", u"a1\r\nb2", {}, {u"\\d"s, u"x"s}, u"已替换2处"},
+};
+
+TEST(Remarks, SayWhatACommandHasDone) {
+  NoLineDialogs lineDialogs;
+  NoSearchDialogs searchDialogs;
+  CommandTable table;
+  RegisterLineCommands(table, lineDialogs);
+  RegisterSearchCommands(table, searchDialogs);
+  for (const Remarked& c : kRemarked) {
+    ScriptedWorkbench workbench;
+    workbench.editor().Open(c.document, c.selection);
+    for (const auto& answer : c.answers) {
+      workbench.prompts().Will(answer);
+    }
+    EXPECT_TRUE(table.Run(c.command, workbench));
+    EXPECT_EQ(workbench.status, c.remark) << c.command;
+  }
+}
 
 TEST(Questions, AreAskedInTheirWords) {
   NoLineDialogs lineDialogs;
