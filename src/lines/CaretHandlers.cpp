@@ -3,6 +3,7 @@
 #include <optional>
 
 #include "shell/workbench/ResultFiles.h"
+#include "text/LineText.h"
 #include "text/Numbers.h"
 #include "text/Surrogates.h"
 
@@ -11,22 +12,6 @@ namespace scrivanta {
 namespace {
 
 constexpr std::u16string_view kLineBreak = u"\r\n";
-
-// Where the line begins; nothing when the text has no such line.
-std::optional<TextPos> BeginOfLine(std::u16string_view text, long long number) {
-  if (number < 1) {
-    return std::nullopt;
-  }
-  std::size_t begin = 0;
-  for (long long line = 1; line < number; ++line) {
-    const std::size_t lineBreak = text.find(kLineBreak, begin);
-    if (lineBreak == std::u16string_view::npos) {
-      return std::nullopt;
-    }
-    begin = lineBreak + kLineBreak.size();
-  }
-  return TextPos{begin};
-}
 
 // How many code units the character at the front takes: two for a surrogate pair. The text is not empty.
 std::size_t FirstCharacterLength(std::u16string_view text) {
@@ -58,9 +43,9 @@ void mnuGotoLine(Workbench& workbench) {
     return;
   }
   Editor& editor = workbench.editor();
-  const std::optional<TextPos> begin = BeginOfLine(editor.Text(), LeadingWholeNumber(answer));
+  const std::optional<std::size_t> begin = BeginOfLine(editor.Text(), LeadingWholeNumber(answer));
   if (begin) {
-    editor.SetSelection({*begin, 0});
+    editor.SetSelection({{*begin}, 0});
   } else {
     workbench.prompts().Ask({.text = u"出错了！", .icon = Icon::kCritical, .systemModal = true});
   }

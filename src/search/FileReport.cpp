@@ -5,6 +5,7 @@
 #include "search/FindTokens.h"
 #include "text/DecimalText.h"
 #include "text/LineText.h"
+#include "text/Numbers.h"
 #include "text/PlatformFile.h"
 
 namespace scrivanta {
@@ -12,6 +13,8 @@ namespace scrivanta {
 namespace {
 
 constexpr std::u16string_view kLineBreak = u"\r\n";
+constexpr std::u16string_view kIndent = u"    ";
+constexpr std::u16string_view kBeforeLine = u"处，第";
 
 // No line but that of a path may hold the mark.
 std::u16string Unmarked(std::u16string_view text) {
@@ -30,8 +33,8 @@ std::u16string ReportOf(const FileSearchResult& result, std::u16string_view find
       u"以下文件 含有 查找内容：" + shown + u"（" + DecimalText(result.have.size()) + u"个文件）\r\n";
   for (const FileWithMatches& file : result.have) {
     AppendPath(report, file.path);
-    report +=
-        u"    " + DecimalText(file.matches) + u"处，第" + DecimalText(file.lineNumber) + u"行：" + Unmarked(file.line);
+    report.append(kIndent).append(DecimalText(file.matches)).append(kBeforeLine).append(DecimalText(file.lineNumber));
+    report += u"行：" + Unmarked(file.line);
     report += kLineBreak;
   }
   report += u"\r\n以下文件 不含有 查找内容：" + shown + u"（" + DecimalText(result.haveNot.size()) + u"个文件）\r\n";
@@ -49,6 +52,28 @@ std::u16string ReportOf(const FileSearchResult& result, std::u16string_view find
     }
   }
   return report;
+}
+
+std::optional<ReportedPlace> PlaceAt(std::u16string_view text, std::size_t position) {
+  const std::size_t lineBreak = position == 0 ? std::u16string_view::npos : text.rfind(kLineBreak, position - 1);
+  if (lineBreak == std::u16string_view::npos) {
+    return std::nullopt;
+  }
+  const std::size_t begin = lineBreak + kLineBreak.size();
+  const std::u16string_view line = text.substr(begin, text.find(kLineBreak, begin) - begin);
+  const std::size_t number = line.find(kBeforeLine);
+  if (!line.starts_with(kIndent) || number == std::u16string_view::npos ||
+      line.substr(kIndent.size(), number - kIndent.size()).find_first_not_of(u"0123456789") != line.npos) {
+    return std::nullopt;
+  }
+  const std::size_t before = lineBreak == 0 ? std::u16string_view::npos : text.rfind(kLineBreak, lineBreak - 1);
+  const std::size_t pathBegin = before == std::u16string_view::npos ? 0 : before + kLineBreak.size();
+  const std::vector<std::filesystem::path> paths =
+      PathsOfLines(text.substr(pathBegin, lineBreak - pathBegin), PathLines::kMarked);
+  if (paths.empty()) {
+    return std::nullopt;
+  }
+  return ReportedPlace{paths.front(), LeadingWholeNumber(line.substr(number + kBeforeLine.size()))};
 }
 
 std::vector<std::filesystem::path> PathsOfLines(std::u16string_view text, PathLines which) {

@@ -91,6 +91,17 @@ std::u16string LineAround(std::u16string_view text, std::size_t place) {
   return (isCut ? u"…" : u"") + std::u16string(text.substr(shown, std::min(end - shown, kLongestLine)));
 }
 
+// As in a document, where every CR LF, CR and LF ends a line. In front of the LF of a CR LF is still the line that it
+// ends.
+std::size_t LineNumberAt(std::u16string_view text, std::size_t place) {
+  std::size_t number = 1;
+  for (std::size_t at = 0; at < place; ++at) {
+    const bool isReturnOfBreak = text[at] == u'\r' && at + 1 < text.size() && text[at + 1] == u'\n';
+    number += (text[at] == u'\n' || text[at] == u'\r') && !isReturnOfBreak ? 1 : 0;
+  }
+  return number;
+}
+
 void SearchFile(const std::filesystem::path& path, const Query& query, FileSearchResult& result, Progress& progress) {
   const std::optional<FileText> file = ReadFileText(path);
   if (!file) {
@@ -104,9 +115,7 @@ void SearchFile(const std::filesystem::path& path, const Query& query, FileSearc
     result.haveNot.push_back(path);
     return;
   }
-  const auto begin = static_cast<std::ptrdiff_t>(first);
-  const auto lineNumber = 1 + std::count(text.begin(), text.begin() + begin, u'\n');
-  result.have.push_back({path, matches, static_cast<std::size_t>(lineNumber), LineAround(text, first)});
+  result.have.push_back({path, matches, LineNumberAt(text, first), LineAround(text, first)});
 }
 
 }  // namespace

@@ -324,7 +324,18 @@ void FindDialog::Filter(FindView& view) {
 }
 
 std::vector<std::filesystem::path> FindDialog::DroppedFiles(const FindView& view) const {
-  return PathsOfLines(view.DropBox(), PathLines::kMarked);
+  // Typed ones count too, when they are there: the hint is a line as well.
+  std::vector<std::filesystem::path> paths;
+  for (const std::u16string& line : SplitLines(WithOnlyFullLineBreaks(view.DropBox()))) {
+    const bool isMarked = line.find(kPathMark) != std::u16string::npos;
+    for (std::filesystem::path& path : PathsOfLines(TrimSpaces(std::u16string_view(line)), PathLines::kAll)) {
+      std::error_code error;
+      if (isMarked || std::filesystem::exists(path, error)) {
+        paths.push_back(std::move(path));
+      }
+    }
+  }
+  return paths;
 }
 
 void FindDialog::SearchInFiles(FindView& view) {

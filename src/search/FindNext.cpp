@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "search/EditSelection.h"
+#include "search/FindPlaces.h"
 #include "text/DecimalText.h"
 #include "text/LiteralFinder.h"
 
@@ -137,13 +138,45 @@ std::optional<TextRange> FindNextMatch(std::u16string_view text, std::size_t car
   return next ? next : state.searchesUp ? last : first;
 }
 
-bool FindNext(Workbench& workbench, FindState& state) {
-  if (state.findText.empty()) {
-    return false;
+namespace {
+
+// Beyond that counting takes longer than anybody wants to wait for a key.
+constexpr std::size_t kMostCounted = 32'000'000;  // characters
+constexpr std::size_t kMostCountedByPattern = 2'000'000;
+
+// What a search began with.
+struct SearchBegin {
+  TextRange selection;
+  bool isNewSearch = false;
+  bool beginsAtCaret = false;
+};
+
+bool HasWrapped(const SearchBegin& begin, std::size_t place, bool searchesUp) {
+  const std::size_t caret = begin.selection.start.value;
+  if (place == caret) {
+    return !begin.isNewSearch && !begin.beginsAtCaret && !begin.selection.empty();
   }
-  if (!state.isRegExp) {
-    return FindNextInEditor(workbench, state.findText, state) > 0;
+  return searchesUp ? place > caret : place < caret;
+}
+
+// Says which of how many places has been selected, and that the search has gone around the end.
+void TellPlace(Workbench& workbench, const FindState& state, const SearchBegin& begin) {
+  const std::u16string text = workbench.editor().Text();
+  std::u16string remark;
+  if (text.size() <= (state.isRegExp ? kMostCountedByPattern : kMostCounted)) {
+    const auto work = workbench.StartWork();
+    const auto places = FindPlaces(text, state, workbench.regExpEngine(), work->progress());
+    const auto behind =
+        std::ranges::upper_bound(places, state.lastFound, {}, [](const TextRange& range) { return range.start.value; });
+    remark = u"第 " + DecimalText(behind - places.begin()) + u" 处，共 " + DecimalText(places.size()) + u" 处";
   }
+  if (HasWrapped(begin, state.lastFound, state.searchesUp)) {
+    remark += state.searchesUp ? u"（已到文首，从文末接着找）" : u"（已到文末，从文首接着找）";
+  }
+  workbench.ShowStatus(remark);
+}
+
+bool FindNextMatchInEditor(Workbench& workbench, FindState& state) {
   Editor& editor = workbench.editor();
   std::optional<TextRange> match;
   {
@@ -161,6 +194,21 @@ bool FindNext(Workbench& workbench, FindState& state) {
   EditSetSelection(editor, static_cast<std::ptrdiff_t>(match->start.value), static_cast<std::ptrdiff_t>(match->length));
   state.lastFound = match->start.value;
   return true;
+}
+
+}  // namespace
+
+bool FindNext(Workbench& workbench, FindState& state) {
+  if (state.findText.empty()) {
+    return false;
+  }
+  const SearchBegin begin{workbench.editor().Selection(), state.isNewSearch, state.beginsAtCaret};
+  const bool isFound =
+      state.isRegExp ? FindNextMatchInEditor(workbench, state) : FindNextInEditor(workbench, state.findText, state) > 0;
+  if (isFound) {
+    TellPlace(workbench, state, begin);
+  }
+  return isFound;
 }
 
 bool FindPrevious(Workbench& workbench, FindState& state) {

@@ -56,8 +56,13 @@ void mnufindall(Workbench& workbench, const FindState& state) {
   workbench.ShowStatus(FoundRemark(places.size()));
 }
 
+// A place in a report of searched files is shown in this program; of any other line the path is opened.
 void mnuGoToThis(Workbench& workbench) {
   Editor& editor = workbench.editor();
+  if (const auto place = PlaceAt(editor.Text(), editor.Selection().start.value)) {
+    workbench.document().OpenAt(place->path, place->line);
+    return;
+  }
   const TextRange line = WholeLines(editor.Text(), {editor.Selection().start, 0});
   editor.SetSelection(line);
   const auto paths = PathsOfLines(editor.SelectedText(), PathLines::kAll);

@@ -64,6 +64,21 @@ std::vector<std::u16string> SplitLines(std::u16string_view text) {
   return lines;
 }
 
+std::optional<std::size_t> BeginOfLine(std::u16string_view text, long long number) {
+  if (number < 1) {
+    return std::nullopt;
+  }
+  std::size_t begin = 0;
+  for (long long line = 1; line < number; ++line) {
+    const std::size_t lineBreak = text.find(kBreak, begin);
+    if (lineBreak == std::u16string_view::npos) {
+      return std::nullopt;
+    }
+    begin = lineBreak + kBreak.size();
+  }
+  return begin;
+}
+
 std::u16string TableLine(std::initializer_list<std::u16string_view> fields) {
   std::u16string line;
   for (const std::u16string_view field : fields) {

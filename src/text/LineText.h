@@ -1,7 +1,9 @@
 // Lines and pieces of text that many parts of the program take apart and put together.
 #pragma once
 
+#include <cstddef>
 #include <initializer_list>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <type_traits>
@@ -37,6 +39,9 @@ void AppendLine(std::u16string& joined, std::u16string_view line);
 std::u16string JoinLines(const std::vector<std::u16string>& lines);
 // The lines between line breaks, without empty ones.
 std::vector<std::u16string> SplitLines(std::u16string_view text);
+
+// Where a line begins, counted from 1, in a text whose lines end with CR LF; nothing when it has no such line.
+std::optional<std::size_t> BeginOfLine(std::u16string_view text, long long number);
 
 // A line of a table with tabs, its line break (CR LF) included; tabs and line breaks in a field become blanks.
 std::u16string TableLine(std::initializer_list<std::u16string_view> fields);

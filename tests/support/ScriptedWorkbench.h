@@ -141,7 +141,9 @@ class ScriptedDocument final : public Document {
   void ShowNew(std::u16string_view text, DocumentSaver newSaver) override;
   void SaveThrough(DocumentSaver newSaver) override;
   std::u16string TextOfFile(const std::filesystem::path& file) override;
+  void OpenAt(const std::filesystem::path& file, long long line) override { opened.emplace_back(file, line); }
 
+  std::vector<std::pair<std::filesystem::path, long long>> opened;  // and where
   std::filesystem::path path;
   bool changed = false;
   DocumentSaver saver;

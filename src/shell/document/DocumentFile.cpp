@@ -7,10 +7,12 @@
 #include "rtf/RtfLosses.h"
 #include "shell/document/DocumentQuestions.h"
 #include "shell/document/SaveProgressBar.h"
+#include "shell/workbench/NewInstance.h"
 #include "text/AtomicFile.h"
 #include "text/Bytes.h"
 #include "text/DecimalText.h"
 #include "text/ExplainedError.h"
+#include "text/LineText.h"
 #include "text/PathParts.h"
 #include "text/PlatformFile.h"
 #include "text/ReadAll.h"
@@ -405,6 +407,23 @@ void DocumentFile::OpenDropped(std::span<const std::filesystem::path> paths) {
 void DocumentFile::OpenNamed(const std::filesystem::path& path) {
   if (OfferToSave(kTextFilter, WithoutName::kCancel)) {
     Load(path);
+  }
+}
+
+void DocumentFile::GoToLine(long long line) {
+  if (line > 0) {
+    Editor& editor = workbench_.editor();
+    const std::u16string text = editor.Text();
+    editor.SetSelection({{BeginOfLine(text, line).value_or(text.size())}, 0});
+  }
+}
+
+void DocumentFile::OpenAt(const std::filesystem::path& path, long long line) {
+  if (isChanged_) {
+    StartInstance(workbench_, path, line);
+  } else {
+    Load(path);
+    GoToLine(line);
   }
 }
 

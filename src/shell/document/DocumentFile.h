@@ -74,6 +74,8 @@ class DocumentFile final : public Document {
   void OpenAsked();
   // As one that is dropped.
   void OpenNamed(const std::filesystem::path& path);
+  // Puts the caret to the beginning of a line, counted from 1; to the end when there are fewer, and nowhere for 0.
+  void GoToLine(long long line);
   void OpenDropped(std::span<const std::filesystem::path> paths);
   void Save();
   // Whether the document has been saved.
@@ -122,6 +124,7 @@ class DocumentFile final : public Document {
   void ShowNew(std::u16string_view text, DocumentSaver saver) override;
   void SaveThrough(DocumentSaver saver) override;
   std::u16string TextOfFile(const std::filesystem::path& path) override;
+  void OpenAt(const std::filesystem::path& path, long long line) override;
 
  private:
   // What a cancelled file dialog means when the document has no name to be saved under.

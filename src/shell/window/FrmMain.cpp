@@ -86,8 +86,9 @@ FrmMain::FrmMain(WindowHost& host, Folders folders, Settings& settings, const Re
       busy_(host, bars_) {}
 
 void FrmMain::Open(std::u16string_view commandLine) {
+  const DocumentArgument argument = DocumentOf(commandLine);
   const std::filesystem::path documentPath =
-      commandLine.empty() ? ReadOptions(settings_).defaultFile : PathOfText(DocumentPathOf(commandLine));
+      commandLine.empty() ? ReadOptions(settings_).defaultFile : PathOfText(argument.path);
   untitledCaption_ = NumberedCaption(kProgramTitle, TopLevelWindowTitles());
   Create(windowClass_, ToWide(untitledCaption_), WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN, {0, 0, 0, 0});
   menuBar_.Create(handle());
@@ -98,10 +99,11 @@ void FrmMain::Open(std::u16string_view commandLine) {
   SetFocus(editor_.box());
   UpdateWindow(handle());
   if (!documentPath.empty()) {
-    RunGuarded([this, documentPath] {
+    RunGuarded([this, documentPath, line = argument.line] {
       if (!recovery_.Restore(documentPath)) {
         documentFile_.Load(documentPath);
       }
+      documentFile_.GoToLine(line);
     });
   }
   RunGuarded([this] { recovery_.OfferLeftBehind(); });

@@ -7,7 +7,8 @@
 
 namespace scrivanta {
 
-// Opens the document there, an empty window for an empty path. Throws FileError.
-void StartInstance(Workbench& workbench, const std::filesystem::path& document);
+// Opens the document there, an empty window for an empty path, with the caret in a line, counted from 1. Throws
+// FileError.
+void StartInstance(Workbench& workbench, const std::filesystem::path& document, long long line = 1);
 
 }  // namespace scrivanta

@@ -4,6 +4,7 @@
 #include "rtf/RtfText.h"
 #include "search/ComboHistory.h"
 #include "search/FileReplace.h"
+#include "search/FileReport.h"
 #include "search/FileSearch.h"
 #include "search/FileText.h"
 #include "search/FindDialog.h"
@@ -91,6 +92,36 @@ TEST(FindNext, ByPatternTakesTheNextMatchAfterTheCaret) {
   EXPECT_EQ(starts, (std::vector<std::size_t>{5, 10, 0, 5, 10}));
 }
 
+TEST(FindNext, SaysWhichOfHowManyItIsAndWhenItGoesAround) {
+  struct Step {
+    bool up;
+    std::u16string_view remark;
+  };
+  constexpr Step kSteps[] = {{false, u"第 1 处，共 3 处"},
+                             {false, u"第 2 处，共 3 处"},
+                             {false, u"第 3 处，共 3 处"},
+                             {false, u"第 1 处，共 3 处（已到文末，从文首接着找）"},
+                             {true, u"第 3 处，共 3 处（已到文首，从文末接着找）"},
+                             {true, u"第 2 处，共 3 处"}};
+  for (const bool isRegExp : {false, true}) {
+    ScriptedWorkbench workbench;
+    workbench.editor().Open(u"-中 中\r\n中", {});
+    FindState state{.findText = u"中", .isRegExp = isRegExp};
+    for (const Step& step : kSteps) {
+      state.searchesUp = step.up;
+      EXPECT_TRUE(FindNext(workbench, state));
+      EXPECT_EQ(workbench.status, step.remark) << isRegExp;
+    }
+    // The only one is found again and again.
+    workbench.editor().Open(u"x中", {});
+    state = {.findText = u"中", .isRegExp = isRegExp};
+    FindNext(workbench, state);
+    EXPECT_EQ(workbench.status, u"第 1 处，共 1 处");
+    FindNext(workbench, state);
+    EXPECT_EQ(workbench.status, u"第 1 处，共 1 处（已到文末，从文首接着找）");
+  }
+}
+
 class ScriptedFindView final : public FindView {
  public:
   std::u16string FindBox() const override { return find; }
@@ -130,6 +161,18 @@ class ScriptedFindView final : public FindView {
   std::u16string tip;
   DialogPlace place;
 };
+
+class NoDialogs final : public SearchDialogs {
+  void ShowFind(Workbench&, FindState&, FindDialogFocus) override {}
+  void ShowRegularTest(Workbench&) override {}
+};
+
+void RunCommand(std::string_view command, Workbench& workbench) {
+  NoDialogs dialogs;
+  CommandTable table;
+  RegisterSearchCommands(table, dialogs);
+  EXPECT_TRUE(table.Run(command, workbench));
+}
 
 class FindDialogTest : public ::testing::Test {
  protected:
@@ -383,12 +426,32 @@ TEST_F(FindDialogTest, SearchesAndReplacesInFiles) {
   EXPECT_EQ(workbench.prompts().folders.back().initialFolder, folder.path());
   EXPECT_EQ(workbench.editor().Text(), expected) << "cancelled";
 
+  // On the line of a place that place is shown here, on any other its file elsewhere.
+  const std::size_t place = expected.find(u"    2处");
+  EXPECT_EQ(PlaceAt(expected, place - 2), std::nullopt);
+  EXPECT_EQ(PlaceAt(expected, expected.find(u"跳过")), std::nullopt);
+  workbench.editor().SetSelection({{place + 7}, 0});
+  RunCommand("mnuGoToThis", workbench);
+  ASSERT_EQ(workbench.document().opened.size(), 1U);
+  EXPECT_EQ(workbench.document().opened[0], std::pair(has, 2LL));
+  workbench.editor().SetSelection({});
+
   workbench.prompts().Will(Answer::kYes);
   dialog.ReplaceInFiles(view);
   EXPECT_EQ(workbench.prompts().messages.back().text, u"已全部替换！");
   EXPECT_EQ(ReadWholeFile(has), "x\ngone gone `` me\n");
   EXPECT_EQ(ReadWholeFile(gbk), "\xD6\xD0\r\ngone");
   EXPECT_EQ(ReadWholeFile(folder.path() / "e.log"), "find");
+}
+
+TEST_F(FindDialogTest, TakesPathsThatAreTypedToo) {
+  testing::TemporaryFolder folder;
+  const auto has = folder.Put("b.txt", "find");
+  view.drop = u"请将文件拖动到此窗口\r  " + has.u16string() + u" \r" + folder.path().u16string() + u"/none.txt";
+  Fill(u"find", u"gone");
+  workbench.prompts().Will(Answer::kYes);
+  dialog.ReplaceInFiles(view);
+  EXPECT_EQ(ReadWholeFile(has), "gone");
 }
 
 TEST_F(FindDialogTest, AppendsTheReportWithoutRebuildingTheDocument) {
@@ -476,7 +539,8 @@ TEST(FileSearch, ReportsWhatItCannotSearchAndPassesBinariesOver) {
   std::filesystem::resize_file(huge, kLargestFileText + 1);
   const auto large = folder.Put("large.txt", std::string(70'000, 'x') + "\nfind");
   std::filesystem::create_symlink(folder.path() / "gone.txt", folder.path() / "broken.txt");
-  const auto longLine = folder.Put("line.txt", "first\n" + std::string(500, 'a') + "find" + std::string(500, 'b'));
+  const auto longLine =
+      folder.Put("line.txt", "first\r\rthird\r\n" + std::string(500, 'a') + "find" + std::string(500, 'b'));
   NoProgress progress;
   const FindState state{.findText = u"find"};
   const FileSearchResult result = SearchFiles({folder.path(), folder.path() / "missing"}, FileFilter(u"*.TXT ; *.rtf"),
@@ -485,7 +549,7 @@ TEST(FileSearch, ReportsWhatItCannotSearchAndPassesBinariesOver) {
   ASSERT_EQ(result.have.size(), 2U);
   EXPECT_EQ(result.have[0].path, large);
   EXPECT_EQ(result.have[1].line, u"…" + std::u16string(100, u'a') + u"find" + std::u16string(96, u'b'));
-  EXPECT_EQ(result.have[1].lineNumber, 2U);
+  EXPECT_EQ(result.have[1].lineNumber, 4U) << "every kind of line end counts";
   ASSERT_EQ(result.failures.size(), 2U);
   EXPECT_EQ(result.failures[0].path, huge);
   EXPECT_EQ(result.failures[0].reason, u"文件超过256MB，太大");
@@ -569,18 +633,6 @@ TEST(Highlight, FindsWordsWhateverTheirCaseAndMergesThem) {
   NoProgress progress;
   EXPECT_EQ(FindWords(u"xABab b", u"ab||B", progress), (std::vector<TextRange>{{{1}, 4}, {{6}, 1}}));
   EXPECT_TRUE(FindWords(u"x", u"|", progress).empty());
-}
-
-class NoDialogs final : public SearchDialogs {
-  void ShowFind(Workbench&, FindState&, FindDialogFocus) override {}
-  void ShowRegularTest(Workbench&) override {}
-};
-
-void RunCommand(std::string_view command, Workbench& workbench) {
-  NoDialogs dialogs;
-  CommandTable table;
-  RegisterSearchCommands(table, dialogs);
-  EXPECT_TRUE(table.Run(command, workbench));
 }
 
 TEST(SearchCommands, ExtractsAndReplacesByPattern) {

@@ -104,13 +104,16 @@ TEST(InstanceNumberTest, IsOneMoreThanTheLargest) {
 }
 
 TEST(CommandLineTest, QuotesAreTakenOff) {
-  EXPECT_EQ(DocumentPathOf(u"\"C:\\a b\\x.txt\""), u"C:\\a b\\x.txt");
-  EXPECT_EQ(DocumentPathOf(u"\"C:\\a b\\x.txt\" \t"), u"C:\\a b\\x.txt");
-  EXPECT_EQ(DocumentPathOf(u"C:\\a b\\x.txt "), u"C:\\a b\\x.txt ");
-  EXPECT_EQ(DocumentPathOf(u"C:\\a b\\x.txt"), u"C:\\a b\\x.txt");
-  EXPECT_EQ(DocumentPathOf(u"\""), u"\"");
-  EXPECT_EQ(DocumentPathOf(u"\"x"), u"\"x");
-  EXPECT_EQ(DocumentPathOf(u""), u"");
+  EXPECT_EQ(DocumentOf(u"\"C:\\a b\\x.txt\"").path, u"C:\\a b\\x.txt");
+  EXPECT_EQ(DocumentOf(u"\"C:\\a b\\x.txt\" \t").path, u"C:\\a b\\x.txt");
+  EXPECT_EQ(DocumentOf(u"C:\\a b\\x.txt ").path, u"C:\\a b\\x.txt ");
+  EXPECT_EQ(DocumentOf(u"C:\\a b\\x.txt").path, u"C:\\a b\\x.txt");
+  EXPECT_EQ(DocumentOf(u"\"").path, u"\"");
+  EXPECT_EQ(DocumentOf(u"\"x").path, u"\"x");
+  EXPECT_EQ(DocumentOf(u"").path, u"");
+  EXPECT_EQ(DocumentOf(u"\"C:\\a b.txt\" /line:12 ").path, u"C:\\a b.txt");
+  EXPECT_EQ(DocumentOf(u"\"C:\\a b.txt\" /line:12").line, 12);
+  EXPECT_EQ(DocumentOf(u"\"C:\\a b.txt\"").line, 0);
 }
 
 TEST(DateTimeTextTest, PadsWithZeros) {
