@@ -200,6 +200,7 @@ void FrmWindows::ChooseWindow(std::size_t row) {
   isShowing_ = true;
   Tree(TVM_SELECTITEM, TVGN_CARET, reinterpret_cast<LPARAM>(items_.at(row)));
   Tree(TVM_ENSUREVISIBLE, 0, reinterpret_cast<LPARAM>(items_.at(row)));
+  Tree(WM_HSCROLL, SB_LEFT, 0);  // a long caption is seen from its beginning
   isShowing_ = false;
 }
 
