@@ -35,7 +35,8 @@ class ArmorSource final : public ByteSource {
   // Whether the first line is the one that it has to be. To be asked before anything is read.
   bool Begins();
   std::size_t Read(std::span<char> buffer) override;
-  // Whether the last line has been read, and nothing else but Base64 before it and nothing behind it. To be asked after the last Read.
+  // Whether the last line has been read, and nothing else but Base64 before it and nothing behind it. To be asked after
+  // the last Read.
   bool HasEnded();
 
  private:

@@ -171,7 +171,7 @@ TEST_F(RichTextTest, FormatsThatHaveToGoAreSaidToGo) {
   app.Menu("mnuFind");
   app.ExpectDialog(u"查找").Type(Combo1, u"four").Press(CmdFilter);
   EXPECT_TRUE(app.Text().starts_with(u"four\r\none"));
-  app.ExpectRemark(u"格式没有保留（有图片或表格等），可以撤消");
+  app.ExpectRemark(u"含有 1 行在前，其余在后，格式没有保留（有图片或表格等），可以撤消");
   app.Menu("mnuUndo");
   EXPECT_TRUE(app.Text().starts_with(u"one"));
   EXPECT_TRUE(Formats().starts_with("bbb|"));

@@ -61,7 +61,7 @@ bool DocumentHistory::MayBeErasing(ControlRange selection) const {
 }
 
 bool DocumentHistory::NoteChange(const ControlView& control, Time now) {
-  ControlEdit edit = FindEdit(text_, selection_, control);
+  ControlEdit edit = FindEdit(text_, selection_, control, known_ ? EqualEnds::kBelong : EqualEnds::kLeftOut);
   const ControlRange before = std::exchange(selection_, control.Selection());
   if (edit.empty()) {
     return false;

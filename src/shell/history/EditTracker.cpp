@@ -65,9 +65,13 @@ std::optional<ControlEdit> EditAtCaret(const TextMirror& known, ControlRange sel
 
 }  // namespace
 
-ControlEdit FindEdit(const TextMirror& known, ControlRange selectionBefore, const ControlView& control) {
+ControlEdit FindEdit(const TextMirror& known, ControlRange selectionBefore, const ControlView& control,
+                     EqualEnds equalEnds) {
   std::optional<ControlEdit> edit = EditAtCaret(known, selectionBefore, control);
-  return edit ? Trimmed(std::move(*edit)) : FindEditByWholeText(known, control);
+  if (!edit) {
+    return FindEditByWholeText(known, control);
+  }
+  return equalEnds == EqualEnds::kBelong ? *std::move(edit) : Trimmed(*std::move(edit));
 }
 
 ControlEdit FindEditByWholeText(const TextMirror& known, const ControlView& control) {

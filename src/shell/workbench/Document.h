@@ -51,8 +51,8 @@ class Document : public Interface {
   // ShowNew.
   virtual void SaveThrough(DocumentSaver saver) = 0;
 
-  // Opens a file in the place of the document, or beside it in a new window while the document is changed, with the caret
-  // at the beginning of a line, counted from 1. Throws FileError, ExplainedError.
+  // Opens a file in the place of the document, or beside it in a new window while the document is changed, with the
+  // caret at the beginning of a line, counted from 1. Throws FileError, ExplainedError.
   virtual void OpenAt(const std::filesystem::path& path, long long line) = 0;
 
   // The text of a file as a document would show it: rich text by its name, the encoding recognised. Touches nothing

@@ -22,7 +22,8 @@ class EditBox : public Interface {
   virtual bool HasEffect(TextEffect effect) const = 0;
   virtual void SetEffect(TextEffect effect, bool on) = 0;
 
-  // The font of the document. Setting one changes what differs from it, of all characters, and nothing when nothing does.
+  // The font of the document. Setting one changes what differs from it, of all characters, and nothing when nothing
+  // does.
   virtual FontDescription Font() const = 0;
   virtual void SetFont(const FontDescription& font) = 0;
   // The platform's dialog; nothing when it was cancelled.

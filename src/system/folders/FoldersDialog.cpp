@@ -6,9 +6,9 @@
 #include "system/folders/FileCopies.h"
 #include "text/Bytes.h"
 #include "text/DecimalText.h"
-#include "text/LineText.h"
 #include "text/EnvironmentText.h"
 #include "text/ExplainedError.h"
+#include "text/LineText.h"
 #include "text/PlatformFile.h"
 
 namespace scrivanta {

@@ -51,7 +51,8 @@ class InputPlayer {
   // Lets go whatever is held down.
   ~InputPlayer();
 
-  // Waits, plays them, and waits for them to arrive. Throws Interrupted, and InputPlayError for a window that is not there.
+  // Waits, plays them, and waits for them to arrive. Throws Interrupted, and InputPlayError for a window that is not
+  // there.
   void Play(const std::vector<InputStep>& steps, std::chrono::milliseconds delay);
   std::size_t played() const noexcept { return played_; }
 

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "rtf/FormattedText.h"
+#include "rtf/StandardRtf.h"
 #include "text/win/WideText.h"
 #include "window/driver/Wait.h"
 #include "window/driver/WindowProbe.h"
@@ -75,6 +77,43 @@ CHARFORMAT2W EditBoxDriver::SelectionFormat() const {
   format.cbSize = sizeof(format);
   Send(window_, EM_GETCHARFORMAT, SCF_SELECTION, reinterpret_cast<LPARAM>(&format));
   return format;
+}
+
+std::string EditBoxDriver::Effects() const {
+  std::string rtf;
+  EDITSTREAM stream{};
+  stream.dwCookie = reinterpret_cast<DWORD_PTR>(&rtf);
+  stream.pfnCallback = [](DWORD_PTR cookie, BYTE* bytes, LONG count, LONG* taken) -> DWORD {
+    reinterpret_cast<std::string*>(cookie)->append(reinterpret_cast<const char*>(bytes),
+                                                   static_cast<std::size_t>(count));
+    *taken = count;
+    return 0;
+  };
+  Send(window_, EM_STREAMOUT, SF_RTF | SF_USECODEPAGE | (CP_UTF8 << 16U), reinterpret_cast<LPARAM>(&stream));
+  const std::u16string text = Text();
+  std::u16string ofControl = text;
+  std::erase(ofControl, u'\n');
+  const auto formatted = FormattedText::Read(StandardRtf(rtf, [&ofControl] { return ofControl; }));
+  if (!formatted || formatted->text() != ofControl) {
+    throw DriverFailure("the rich text is not that of the text " + Shown(text) + ": " + rtf);
+  }
+  std::string effects;
+  std::size_t at = 0;  // in the rich text, where a line break is one unit
+  for (const FormatRun& run : formatted->formats().runs) {
+    int effect = 0;
+    for (const auto& [what, word] : *run.format) {
+      effect += what == "b" ? 1 : what == "i" ? 2 : what == "ul" ? 4 : 0;
+    }
+    for (const std::size_t end = at + run.length; at < end && effects.size() < text.size(); ++at) {
+      const bool isBreak = text.compare(effects.size(), 2, u"\r\n") == 0;
+      // Wine's control does not tell the format of a tab.
+      const bool isTab = text[effects.size()] == u'\t';
+      effects += isBreak ? std::string("00") : std::string(1, static_cast<char>('0' + (isTab ? 0 : effect)));
+    }
+  }
+  // The control leaves out the last line break.
+  effects.resize(text.size(), '0');
+  return effects;
 }
 
 }  // namespace scrivanta

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <array>
 #include <cstdio>
+#include <map>
 #include <numeric>
 #include <span>
 #include <utility>
@@ -23,7 +24,6 @@
 #include "search/SearchCommands.h"
 #include "shell/window/Capitals.h"
 #include "shell/window/FrmOptionsControls.h"
-#include "shell/workbench/FontLine.h"
 #include "text/Surrogates.h"
 #include "window/driver/Wait.h"
 #include "window/driver/WindowProbe.h"
@@ -150,8 +150,9 @@ Soak::Soak(App& app, const TestFolder& folder, std::uint64_t seed)
   RegisterCryptoCommands(commands_, *dialogs_);
   app_.Open(document_);
   text_ = u"第一行\r\n";
-  states_.Reset(text_);
   app_.ExpectText(text_);
+  effects_ = app_.Editor().Effects();
+  states_.Reset(Present());
 }
 
 Soak::~Soak() = default;
@@ -162,7 +163,7 @@ const std::vector<Soak::Kind>& Soak::Kinds() {
                                            {"delete", 5, &Soak::Delete},
                                            {"clipboard", 8, &Soak::CutCopyPaste},
                                            {"capitals", 3, &Soak::Capitals},
-                                           {"format", 4, &Soak::Format},
+                                           {"format", 12, &Soak::Format},
                                            {"line command", 22, &Soak::RunLineCommand},
                                            {"search command", 5, &Soak::RunSearchCommand},
                                            {"delete lines", 4, &Soak::DeleteLines},
@@ -243,9 +244,35 @@ void Soak::Capitals() {
 }
 
 void Soak::Format() {
-  app_.Menu(OneOf(std::array{"mnuBold", "mnuItalic", "mnuUnderline"}));
-  hasFormats_ = true;
+  struct Effect {
+    const char* command;
+    int digit;
+  };
+  const Effect effect = OneOf(std::array{Effect{"mnuBold", 1}, Effect{"mnuItalic", 2}, Effect{"mnuUnderline", 4}});
+  app_.Menu(effect.command);
+  app_.Settle();
   app_.ExpectText(text_);
+  NotePresent(false);
+  // All of the selection has the effect now, or has it no more; nothing else has changed.
+  int seen = 0;  // 1: some unit has it, 2: some has it not
+  for (std::size_t at = 0; at < text_.size(); ++at) {
+    const bool isSelected = at >= selection_.start.value && at < selection_.end().value;
+    const int before = effectsBefore_[at] - '0';
+    const int now = effects_[at] - '0';
+    if (isSelected ? (before | effect.digit) != (now | effect.digit) : before != now) {
+      throw DriverFailure("formatting has changed another effect, or another place: " + effectsBefore_ + "\nto " +
+                          effects_);
+    }
+    if (isSelected && std::u16string_view(u"\r\n\t").find(text_[at]) == std::u16string_view::npos) {
+      seen |= (now & effect.digit) != 0 ? 1 : 2;
+    }
+  }
+  if (seen == 3) {
+    throw DriverFailure(
+        "formatting has left a part of the selection: " + effects_.substr(selection_.start.value, selection_.length) +
+        "\nof " + Shown(Selected()) + "\nwhich was " +
+        effectsBefore_.substr(selection_.start.value, selection_.length) + "\nand around it " + effects_);
+  }
 }
 
 void Soak::RunLineCommand() {
@@ -328,14 +355,9 @@ void Soak::Shuffle() {
     std::ranges::sort(text);
     return text;
   };
-  std::u16string expected = text_;
-  // The last line break of a selection is the one that is cut off when a result is put back.
-  if (Selected().ends_with(u"\r\n")) {
-    expected.erase(selection_.end().value - 2, 2);
-  }
   app_.Menu("mnuRandOrder");
   const std::u16string shuffled = app_.Text();
-  if (sorted(shuffled) != sorted(expected)) {
+  if (sorted(shuffled) != sorted(text_)) {
     throw DriverFailure("shuffling has changed more than the order: " + Shown(shuffled));
   }
   Expect(shuffled);
@@ -368,17 +390,18 @@ void Soak::Encrypt() {
   app_.ExpectText(before);
 }
 
-// Where the text has had formatting there are steps that change nothing else.
 void Soak::Undo() {
   const bool offered = app_.MenuEntry("mnuUndo").enabled;
-  if (offered != states_.canUndo() && !(offered && hasFormats_)) {
+  if (offered != states_.canUndo()) {
     throw DriverFailure("undoing is offered where there is nothing to undo, or the other way round");
   }
   if (offered) {
     app_.Menu("mnuUndo");
-    const std::u16string before = std::exchange(text_, app_.Text());
-    if (!(hasFormats_ && text_ == before) && !states_.Undo(text_)) {
-      throw DriverFailure("undoing has led to a text that never was: " + Shown(text_) + "\nfrom " + Shown(before) +
+    const std::u16string before = Present();
+    text_ = app_.Text();
+    effects_ = app_.Editor().Effects();
+    if (!states_.Undo(Present())) {
+      throw DriverFailure("undoing has led to a text that never was: " + Shown(Present()) + "\nfrom " + Shown(before) +
                           "\nwhich came from " + states_.Describe());
     }
   }
@@ -391,9 +414,10 @@ void Soak::Redo() {
     return;
   }
   app_.Menu("mnuRedo");
-  const std::u16string before = std::exchange(text_, app_.Text());
-  if (!(hasFormats_ && text_ == before) && !states_.Redo(text_)) {
-    throw DriverFailure("redoing has led to a text that never was: " + Shown(text_));
+  text_ = app_.Text();
+  effects_ = app_.Editor().Effects();
+  if (!states_.Redo(Present())) {
+    throw DriverFailure("redoing has led to a text that never was: " + Shown(Present()));
   }
 }
 
@@ -415,8 +439,8 @@ void Soak::SaveAndOpen() {
   if (std::ranges::any_of(text_, [](char16_t unit) { return unit >= 0x800; })) {
     app_.Open(document_);
     app_.ExpectText(text_);
-    states_.Reset(text_);
-    hasFormats_ = false;
+    effects_ = app_.Editor().Effects();
+    states_.Reset(Present());
   }
 }
 
@@ -427,7 +451,7 @@ void Soak::CancelDialogs() {
   app_.ExpectDialog(u"选项").Press(CmdQuit).WaitUntilGone();
   app_.Settle();
   app_.Menu("mnuFont");
-  app_.AnswerInput({.prompt = u"字体设置：", .preset = FontToLine({.name = u"宋体", .size = 10.5})}, u"");
+  app_.ExpectDialog(u"Scrivanta").Close();
   app_.Menu("mnuFind");
   app_.ExpectDialog(u"查找").Close();
   app_.ExpectText(text_);
@@ -510,21 +534,62 @@ void Soak::ExpectModel(const Answers& answers) {
     app_.ExpectBox(*message).Answer(Answer::kOk);
   }
   app_.Settle();
+  const std::u16string before = text_;
   Expect(model_.editor().Text());
+  ExpectLinesKeepEffects(before);
 }
 
 void Soak::Expect(const std::u16string& text, bool typed) {
   app_.ExpectText(text);
-  if (text != text_) {
-    text_ = text;
-    states_.Note(text_, typed);
+  text_ = text;
+  NotePresent(typed);
+}
+
+std::u16string Soak::Present() const {
+  return text_ + u"\n" + std::u16string(effects_.begin(), effects_.end());
+}
+
+void Soak::NotePresent(bool typed) {
+  effectsBefore_ = std::exchange(effects_, app_.Editor().Effects());
+  if (std::u16string present = Present(); present != states_.text()) {
+    states_.Note(present, typed);
+  }
+}
+
+void Soak::ExpectSameEffects(std::size_t before, std::size_t now, std::size_t length) const {
+  if (effectsBefore_.compare(before, length, effects_, now, length) != 0) {
+    throw DriverFailure("what has stayed has got other formats: " + effectsBefore_ + "\nfrom " +
+                        std::to_string(before) + ", now\n" + effects_ + "\nfrom " + std::to_string(now) + ", " +
+                        std::to_string(length) + " units");
+  }
+}
+
+void Soak::ExpectLinesKeepEffects(const std::u16string& before) const {
+  const auto placesOfLines = [](const std::u16string& text) {
+    std::map<std::u16string, std::vector<std::size_t>> places;
+    for (std::size_t begin = 0; begin <= text.size();) {
+      const std::size_t end = std::min(text.find(u"\r\n", begin), text.size());
+      places[text.substr(begin, end - begin)].push_back(begin);
+      begin = end + 2;
+    }
+    return places;
+  };
+  const auto placesNow = placesOfLines(text_);
+  for (const auto& [line, places] : placesOfLines(before)) {
+    const auto now = placesNow.find(line);
+    if (places.size() == 1 && now != placesNow.end() && now->second.size() == 1) {
+      ExpectSameEffects(places.front(), now->second.front(), line.size());
+    }
   }
 }
 
 void Soak::ExpectReplaced(const std::u16string& replacement, bool typed) {
   std::u16string text = text_;
   text.replace(selection_.start.value, selection_.length, replacement);
+  const std::size_t behind = text_.size() - selection_.end().value;
   Expect(text, typed);
+  ExpectSameEffects(0, 0, selection_.start.value);
+  ExpectSameEffects(effectsBefore_.size() - behind, effects_.size() - behind, behind);
 }
 
 }  // namespace scrivanta

@@ -1,6 +1,7 @@
-// Works with the program at random, as somebody would in a long day: edits, commands, undoing, dialogs answered and
-// cancelled. After each step the document is compared with a plain model, a string on which the same commands run
-// without a window. A message box that nobody expects ends it.
+// Works with the program at random, as somebody would in a long day: edits, formats, commands, undoing, dialogs
+// answered and cancelled. After each step the document is compared with a plain model, a string on which the same
+// commands run without a window, and the formats of what has stayed with those before; undoing must bring back both, as
+// they were. A message box that nobody expects ends it.
 #pragma once
 
 #include <cstddef>
@@ -76,6 +77,9 @@ class Soak {
   const auto& OneOf(const Items& items) {
     return items[Random(items.size())];
   }
+  // The text and its formats, as undoing has to bring them back.
+  std::u16string Present() const;
+  void NotePresent(bool typed);
   std::u16string RandomText(std::size_t longest);
   std::size_t RandomPosition();
   void Select(TextRange range);
@@ -89,6 +93,10 @@ class Soak {
   // What stands there now is this.
   void Expect(const std::u16string& text, bool typed = false);
   void ExpectReplaced(const std::u16string& replacement, bool typed = false);
+  // Units of the text before keep their formats in the present one.
+  void ExpectSameEffects(std::size_t before, std::size_t now, std::size_t length) const;
+  // Lines that occur once before and once now do.
+  void ExpectLinesKeepEffects(const std::u16string& before) const;
 
   App& app_;
   std::filesystem::path document_;
@@ -99,10 +107,11 @@ class Soak {
   std::unique_ptr<Dialogs> dialogs_;
   TextStates states_;
   std::u16string text_;
+  std::string effects_;        // of its units
+  std::string effectsBefore_;  // before the last step
   TextRange selection_;
   std::optional<std::u16string> clipboard_;
-  bool hasFormats_ = false;  // some of the text has, or had, a format of its own
-  std::string steps_;        // their names so far
+  std::string steps_;  // their names so far
 };
 
 }  // namespace scrivanta

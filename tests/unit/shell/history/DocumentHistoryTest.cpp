@@ -137,6 +137,21 @@ TEST(DocumentHistory, WhatIsErasedComesBackWithItsFormats) {
   EXPECT_EQ(session.control.formats, "bxpp") << "as it was when it was undone";
 }
 
+// The end of what is replaced, or all of it, stands in the new text again.
+TEST(DocumentHistory, WhatIsReplacedByTheSameComesBackWithItsFormats) {
+  for (const std::u16string_view pasted : {u"cxd", u"cd"}) {
+    Session session(u"abcdef");
+    session.control.formats = "bbiipp";
+    session.PlaceCaret(2, 2);
+    session.history.KnowFormats({0}, *session.control.Formatted({{0}, 6}));
+    session.Paste(std::u16string(pasted));
+    session.control.formats.replace(2, pasted.size(), std::string(pasted.size(), 'n'));
+    session.PlaceCaret(0);
+    ASSERT_TRUE(session.history.Undo(session.control));
+    EXPECT_EQ(session.control.formats, "bbiipp");
+  }
+}
+
 TEST(DocumentHistory, FormattingIsAStepThatCostsWhatItChanges) {
   Session session(std::u16string(100'000, u'x'));
   const auto format = [&](std::size_t start, std::size_t length, char letter) {
