@@ -245,6 +245,9 @@ TEST_F(RichTextTest, UndoBringsBackFormats) {
   app.Menu("mnuPaste");
   note();
   EXPECT_EQ(states.back(), std::pair(std::u16string(u"E Tronee fx"), std::string("--bb--bb-rr")));
+  app.Editor().SelectText(u"ronee");
+  app.Menu("mnuPaste");
+  note();
   app.Menu("mnuSelectAll");
   app.Menu("mnuItalic");
   app.Press("Ctrl+End");

@@ -331,6 +331,10 @@ void FrmMainEditor::Paste() {
   // Not by the control, which drops pictures and the like, and has line breaks that are none of the text.
   const std::string rtf = RtfOnClipboard(box_.handle());
   if (FrmMainControl::IsRichText(rtf)) {
+    const ControlRange selection = control_.Selection();
+    if (std::optional<FormattedText> replaced = selection.empty() ? std::nullopt : FormatsOf(selection)) {
+      history_.KnowFormats(selection.start, *std::move(replaced));
+    }
     control_.InsertRtf(rtf);
   } else {
     box_.Send(WM_PASTE);
