@@ -127,8 +127,11 @@ class Writer {
   }
 
   std::string WordsOf(const FormatWords& words) {
-    return std::accumulate(words.begin(), words.end(), std::string(),
-                           [this](std::string all, const auto& word) { return std::move(all) + WordOf(word); });
+    std::string all;
+    for (const auto& word : words) {
+      all += WordOf(word);
+    }
+    return all;
   }
 
   static std::string_view WordThatEnds(std::string_view key) {
