@@ -4,14 +4,11 @@
 
 #include "calendar/FrmCalendarControls.h"
 #include "text/ExplainedError.h"
+#include "win/Keys.h"
 
 namespace scrivanta {
 
 namespace {
-
-bool IsDown(int key) {
-  return GetKeyState(key) < 0;
-}
 
 struct Step {
   int key;  // a virtual key, or a button
@@ -88,7 +85,7 @@ bool FrmCalendar::OnPageKey(WPARAM key) {
     logic_.Move(*this, step->unit, step->number);
     return true;
   }
-  const CalendarUnit unit = IsDown(VK_CONTROL) ? CalendarUnit::kYear : CalendarUnit::kMonth;
+  const CalendarUnit unit = IsKeyDown(VK_CONTROL) ? CalendarUnit::kYear : CalendarUnit::kMonth;
   switch (key) {
     case VK_PRIOR:
       logic_.Move(*this, unit, -1);

@@ -1,10 +1,9 @@
 #include "crypto/Armor.h"
 
-#include <algorithm>
-
 #include <sodium.h>
 
 #include "crypto/Base64.h"
+#include "text/LineText.h"
 
 namespace scrivanta {
 
@@ -80,9 +79,7 @@ bool ArmorSource::NextLine() {
     if (!lines_.Next()) {
       return false;
     }
-    line_ = lines_.line();
-    line_.remove_prefix(std::min(line_.find_first_not_of(kBlanks), line_.size()));
-    line_ = line_.substr(0, line_.find_last_not_of(kBlanks) + 1);
+    line_ = Trim(lines_.line(), kBlanks);
   } while (line_.empty());
   return true;
 }

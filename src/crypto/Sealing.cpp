@@ -9,6 +9,7 @@
 #include <sodium.h>
 
 #include "crypto/Armor.h"
+#include "crypto/Chunk.h"
 #include "text/DocumentFormat.h"
 #include "text/Encoding.h"
 #include "text/ExplainedError.h"
@@ -112,17 +113,8 @@ class StreamKey {
   std::array<unsigned char, crypto_secretstream_xchacha20poly1305_KEYBYTES> key_{};
 };
 
-// As many bytes as there are, up to the size of the buffer.
-std::size_t ReadFull(ByteSource& source, std::span<unsigned char> buffer) {
-  std::size_t filled = 0;
-  while (filled < buffer.size()) {
-    const std::size_t count = source.Read({reinterpret_cast<char*>(buffer.data()) + filled, buffer.size() - filled});
-    if (count == 0) {
-      break;
-    }
-    filled += count;
-  }
-  return filled;
+std::span<char> CharsOf(std::span<unsigned char> bytes) {
+  return {reinterpret_cast<char*>(bytes.data()), bytes.size()};
 }
 
 [[noreturn]] void ThrowChanged() {
@@ -147,10 +139,10 @@ void Seal(std::u16string_view password, ByteSource& source, ByteSink& sink, Prog
   Bytes chunk(kChunk);
   Bytes next(kChunk);
   Bytes sealed(kSealedChunk);
-  std::size_t count = ReadFull(source, chunk);
+  std::size_t count = FillFrom(source, CharsOf(chunk));
   std::uint64_t done = 0;
   for (bool isLast = false; !isLast;) {
-    const std::size_t nextCount = count < kChunk ? 0 : ReadFull(source, next);
+    const std::size_t nextCount = count < kChunk ? 0 : FillFrom(source, CharsOf(next));
     isLast = nextCount == 0;
     // The head is proven right with the first chunk.
     crypto_secretstream_xchacha20poly1305_push(
@@ -169,13 +161,13 @@ void Unseal(std::u16string_view password, ByteSource& source, ByteSink& sink, Pr
   StartLibrary();
   ArmorSource armor(source, progress);
   std::array<unsigned char, Head::kBytes> packed{};
-  if (!armor.Begins() || ReadFull(armor, packed) < packed.size()) {
+  if (!armor.Begins() || FillFrom(armor, CharsOf(packed)) < packed.size()) {
     throw ExplainedError("this is no sealed text, or only a part of one",
                          u"这不是用口令加密的内容，或只是其中一部分。");
   }
   const Head head = Head::Unpacked(packed);
   std::array<unsigned char, crypto_secretstream_xchacha20poly1305_HEADERBYTES> streamHeader{};
-  if (ReadFull(armor, streamHeader) < streamHeader.size()) {
+  if (FillFrom(armor, CharsOf(streamHeader)) < streamHeader.size()) {
     ThrowChanged();
   }
   const StreamKey key(password, head);
@@ -185,7 +177,7 @@ void Unseal(std::u16string_view password, ByteSource& source, ByteSink& sink, Pr
   std::string text(kChunk, '\0');
   unsigned char tag = 0;
   for (bool isFirst = true; tag != crypto_secretstream_xchacha20poly1305_TAG_FINAL; isFirst = false) {
-    const std::size_t count = ReadFull(armor, sealed);
+    const std::size_t count = FillFrom(armor, CharsOf(sealed));
     unsigned long long length = 0;
     const bool isRight =
         count >= crypto_secretstream_xchacha20poly1305_ABYTES &&
@@ -200,7 +192,7 @@ void Unseal(std::u16string_view password, ByteSource& source, ByteSink& sink, Pr
     sink.Write(std::string_view(text).substr(0, static_cast<std::size_t>(length)));
   }
   unsigned char behind = 0;
-  if (ReadFull(armor, {&behind, 1}) != 0 || !armor.HasEnded()) {
+  if (FillFrom(armor, CharsOf({&behind, 1})) != 0 || !armor.HasEnded()) {
     ThrowChanged();
   }
   sodium_memzero(text.data(), text.size());

@@ -9,6 +9,7 @@
 #include "regexp/RegExpErrors.h"
 #include "text/Twips.h"
 #include "text/win/WideText.h"
+#include "win/Keys.h"
 #include "win/Monitors.h"
 
 namespace scrivanta {
@@ -17,10 +18,6 @@ namespace {
 
 constexpr UINT_PTR kKeepTimer = 1;
 constexpr UINT kKeepInterval = 250;  // milliseconds
-
-bool IsDown(int key) {
-  return GetKeyState(key) < 0;
-}
 
 NoteDialog::Time Now() {
   return std::chrono::steady_clock::now();
@@ -178,7 +175,7 @@ bool FrmNote::OnMenu(int commandId) {
 
 bool FrmNote::OnKey(WPARAM key) {
   if (key == VK_F3) {
-    GoToPlace(!IsDown(VK_SHIFT));
+    GoToPlace(!IsKeyDown(VK_SHIFT));
     return true;
   }
   if (key == VK_ESCAPE) {
@@ -192,7 +189,7 @@ bool FrmNote::OnKey(WPARAM key) {
   constexpr std::array kWithCtrl = {Shortcut{'F', mnuNoteFind}, Shortcut{VK_RETURN, mnuNoteToDocument},
                                     Shortcut{'N', mnuNoteNew}};
   const auto* const found = std::ranges::find(kWithCtrl, key, &Shortcut::key);
-  return found != kWithCtrl.end() && IsDown(VK_CONTROL) && OnMenu(found->command);
+  return found != kWithCtrl.end() && IsKeyDown(VK_CONTROL) && OnMenu(found->command);
 }
 
 // When the note cannot be kept its window stays, with all of the text.

@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "text/win/WideText.h"
+#include "win/Keys.h"
 #include "win/PopupMenu.h"
 
 namespace scrivanta {
@@ -17,12 +18,8 @@ constexpr COLORREF kMark = RGB(255, 160, 64);
 // Posted by the control to itself when other text may be seen.
 constexpr UINT kMarkVisible = WM_APP + 1;
 
-bool IsDown(int key) {
-  return GetKeyState(key) < 0;
-}
-
 bool IsPasteKey(WPARAM key) {
-  return (key == 'V' && IsDown(VK_CONTROL) && !IsDown(VK_MENU)) || (key == VK_INSERT && IsDown(VK_SHIFT));
+  return (key == 'V' && IsKeyDown(VK_CONTROL) && !IsKeyDown(VK_MENU)) || (key == VK_INSERT && IsKeyDown(VK_SHIFT));
 }
 
 std::u16string WithLineBreaks(std::u16string_view text) {

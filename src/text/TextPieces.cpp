@@ -7,6 +7,7 @@
 #include <unordered_map>
 #include <utility>
 
+#include "text/LineText.h"
 #include "text/Surrogates.h"
 
 namespace scrivanta {
@@ -22,8 +23,7 @@ constexpr std::size_t kMostCellsInAll = std::size_t{1} << 28U;
 constexpr std::size_t kLinesAhead = 8;
 
 std::u16string_view WithoutBlanks(std::u16string_view line) {
-  const std::size_t begin = std::min(line.find_first_not_of(kBlanks), line.size());
-  return line.substr(begin, line.find_last_not_of(kBlanks) + 1 - begin);
+  return Trim(line, kBlanks);
 }
 
 std::size_t CommonStart(std::u16string_view a, std::u16string_view b) {
@@ -58,7 +58,7 @@ std::optional<std::vector<std::size_t>> PlacesOfSubsequence(std::u16string_view 
 // Puts pieces together; neighbours that belong together become one.
 class PieceList {
  public:
-  PieceList(std::u16string_view oldText, std::u16string_view newText) : old_(oldText), new_(newText) {}
+  explicit PieceList(std::u16string_view newText) : new_(newText) {}
 
   void Keep(std::size_t from, std::size_t length) {
     Add({from, length, true});
@@ -105,7 +105,6 @@ class PieceList {
     pieces_.push_back(piece);
   }
 
-  std::u16string_view old_;
   std::u16string_view new_;
   TextPieces pieces_;
   std::size_t last_ = 0;
@@ -134,7 +133,7 @@ struct Lines {
 class Matcher {
  public:
   Matcher(std::u16string_view oldText, std::u16string_view newText)
-      : oldText_(oldText), newText_(newText), old_(oldText), new_(newText), pieces_(oldText, newText) {
+      : oldText_(oldText), newText_(newText), old_(oldText), new_(newText), pieces_(newText) {
     origin_.assign(new_.size(), kNone);
     isTaken_.assign(old_.size(), false);
   }

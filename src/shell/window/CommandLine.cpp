@@ -1,6 +1,7 @@
 #include "shell/window/CommandLine.h"
 
-#include "text/LineText.h"
+#include <cstddef>
+
 #include "text/Numbers.h"
 
 namespace scrivanta {

@@ -1,7 +1,6 @@
 // The command line of the program: what follows its name.
 #pragma once
 
-#include <cstddef>
 #include <string>
 #include <string_view>
 

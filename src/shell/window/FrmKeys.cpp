@@ -1,14 +1,11 @@
 #include "shell/window/FrmKeys.h"
 
 #include "shell/window/FrmKeysControls.h"
+#include "win/Keys.h"
 
 namespace scrivanta {
 
 namespace {
-
-bool IsDown(int key) {
-  return GetKeyState(key) < 0;
-}
 
 bool IsModifier(WPARAM code) {
   return code == VK_CONTROL || code == VK_SHIFT || code == VK_MENU || code == VK_PROCESSKEY;
@@ -38,7 +35,8 @@ bool FrmKeys::TakeKey(WPARAM code) {
   if (IsModifier(code)) {
     return true;
   }
-  const KeyStroke key{.ctrl = IsDown(VK_CONTROL), .shift = IsDown(VK_SHIFT), .code = static_cast<std::uint16_t>(code)};
+  const KeyStroke key{
+      .ctrl = IsKeyDown(VK_CONTROL), .shift = IsKeyDown(VK_SHIFT), .code = static_cast<std::uint16_t>(code)};
   const std::u16string reason = WhyNoCommandMayHave(key);
   SetControlText(LblKeyAnswer, reason.empty() ? u"" : u"这个键" + reason + u"。");
   if (reason.empty()) {

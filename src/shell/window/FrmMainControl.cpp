@@ -190,14 +190,19 @@ bool FrmMainControl::ReplaceWholeFormatted(std::span<const ControlEdit> edits) {
     changes.push_back({start.value, length, text, edits[i].insertedFormats});
   }
   std::ranges::sort(changes, {}, &FormattedChange::start);
-  const FormattedText after = before->Changed(changes);
+  const POINT scrolledTo = box_.ScrollPosition();
+  return ShowFormatted(before->Changed(changes), [&](RichEdit& box) { box.SetScrollPosition(scrolledTo); });
+}
+
+// False, and nothing is done, when the control does not take the text as it is.
+bool FrmMainControl::ShowFormatted(const FormattedText& text, const ShowPlace& showPlace) {
   const std::unique_ptr<BusyWork> work = host_.startWork();
   FreshRichEdit fresh(box_, RichTextBox0);
-  fresh.box().LoadRtfByLines(after.ToRtf(), work->progress());
-  if (fresh.box().Text() != after.text()) {
+  fresh.box().LoadRtfByLines(text.ToRtf(), work->progress());
+  if (fresh.box().Text() != text.text()) {
     return false;
   }
-  fresh.box().SetScrollPosition(box_.ScrollPosition());
+  showPlace(fresh.box());
   Show(fresh, true);
   return true;
 }
@@ -441,16 +446,7 @@ bool FrmMainControl::LoadRearranged(const NewText& after, const ShowPlace& showP
     pieces.push_back(piece);
   }
   pieces.push_back({after.part.end().value, before->text().size() - after.part.end().value, true});
-  const std::u16string text = WholeText(after);
-  const std::unique_ptr<BusyWork> work = host_.startWork();
-  FreshRichEdit fresh(box_, RichTextBox0);
-  fresh.box().LoadRtfByLines(before->Rearranged(pieces, text).ToRtf(), work->progress());
-  if (fresh.box().Text() != text) {
-    return false;
-  }
-  showPlace(fresh.box());
-  Show(fresh, true);
-  return true;
+  return ShowFormatted(before->Rearranged(pieces, WholeText(after)), showPlace);
 }
 
 std::optional<std::u16string> FrmMainControl::TextOfRtf(std::string_view bytes) {

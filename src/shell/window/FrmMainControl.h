@@ -99,6 +99,7 @@ class FrmMainControl final : public UndoTarget {
   bool ReplaceInPlace(const NewText& after, const ShowPlace& showPlace);
   bool LoadRearranged(const NewText& after, const ShowPlace& showPlace);
   bool ShowRtf(std::string_view controlRtf);
+  bool ShowFormatted(const FormattedText& text, const ShowPlace& showPlace);
   void Show(FreshRichEdit& fresh, bool hasFormatting);
 
   RichEdit& box_;

@@ -46,13 +46,13 @@ class FrmMainEditor final : public Editor, public EditBox {
   bool ShowRichDocument(std::string_view rtf);
   // As SetText; `onUndo` is told whenever that is undone (true) or redone (false).
   void ReplaceText(std::u16string_view text, std::function<void(bool isUndone)> onUndo);
-  // The text of a rich text, seen by nobody; nothing when the bytes are none.
   // The same with a rich text. False when the bytes are none.
   bool ReplaceByRtf(std::string_view rtf);
   // As other programs read it: with pictures and whatever else the control does not hold, and without what stands for
   // them in the text.
   std::string DocumentRtf() const { return control_.DocumentRtf(); }
   std::u16string PlainText() const { return control_.parts().WithoutSigns(Text()); }
+  // The text of a rich text, seen by nobody; nothing when the bytes are none.
   std::optional<std::u16string> TextOfRtf(std::string_view rtf) { return control_.TextOfRtf(rtf); }
 
   // For UndoCommand.

@@ -4,6 +4,7 @@
 
 #include "shell/window/FrmMainTimers.h"
 #include "text/DateTimeText.h"
+#include "win/Keys.h"
 
 namespace scrivanta {
 
@@ -11,10 +12,6 @@ namespace {
 
 // Until the keys of the shortcut are up again.
 constexpr UINT kTypingDelay = 250;  // milliseconds
-
-bool IsDown(int key) {
-  return GetKeyState(key) < 0;
-}
 
 }  // namespace
 
@@ -62,11 +59,11 @@ void FrmMainKeys::FinishComposition() const {
 
 // True when the key is no longer the control's.
 bool FrmMainKeys::HandleKey(WPARAM key) {
-  const bool shift = IsDown(VK_SHIFT);
-  if (isComposing_ || IsDown(VK_MENU)) {
+  const bool shift = IsKeyDown(VK_SHIFT);
+  if (isComposing_ || IsKeyDown(VK_MENU)) {
     return false;
   }
-  if (IsDown(VK_CONTROL)) {
+  if (IsKeyDown(VK_CONTROL)) {
     return HandleControlKey(key, shift);
   }
   SelectForErasing(key);
