@@ -16,6 +16,7 @@
 #include "shell/window/ShellCommands.h"
 #include "shell/window/View.h"
 #include "shell/workbench/CommandTable.h"
+#include "win/Colours.h"
 #include "win/ComApartment.h"
 #include "win/MessageLoop.h"
 #include "win/RichEdit.h"
@@ -43,7 +44,8 @@ int RunApp(HINSTANCE instance, const std::u16string& commandLine, std::atomic<HW
   InitCommonControlsEx(&controls);
 
   MessageLoop loop;
-  WindowHost host{instance, loop, &ShowFailure};
+  Colours colours;
+  WindowHost host{instance, loop, colours, &ShowFailure};
   const IniFile iniFile = FindIniFile();
   const std::unique_ptr<RegistryStore> registry = OpenRegistryStore(iniFile);
   SettingsStore settings(*registry, iniFile);

@@ -3,6 +3,7 @@
 #include "text/Twips.h"
 #include "text/win/PlatformError.h"
 #include "text/win/WideText.h"
+#include "win/Colours.h"
 #include "win/Monitors.h"
 #include "win/WindowText.h"
 
@@ -225,6 +226,7 @@ INT_PTR Dialog::Open(HWND window) noexcept {
   wasOpened_ = true;
   const bool isOpen = opening_.Hold([this] {
     host_.loop.AddDialog(handle_);
+    host_.colours.Dress(handle_);
     ShowOwnersIcon();
     CentreOverOwner();
     OnInit();

@@ -19,7 +19,7 @@ std::optional<std::size_t> ChooseFromPopup(HWND owner, POINT at, const std::vect
   for (std::size_t i = 0; i < entries.size(); ++i) {
     AppendEntry(menu.get(), entries[i], i + 1);
   }
-  const int chosen = TrackPopupMenu(menu.get(), TPM_RETURNCMD | TPM_NONOTIFY, at.x, at.y, 0, owner, nullptr);
+  const int chosen = TrackPopupMenu(menu.get(), TPM_RETURNCMD, at.x, at.y, 0, GetAncestor(owner, GA_ROOT), nullptr);
   return chosen > 0 ? std::optional(static_cast<std::size_t>(chosen) - 1) : std::nullopt;
 }
 

@@ -1,6 +1,7 @@
 #include "win/Window.h"
 
 #include "text/win/PlatformError.h"
+#include "win/Colours.h"
 
 namespace scrivanta {
 
@@ -53,6 +54,9 @@ LRESULT CALLBACK Window::Procedure(HWND window, UINT message, WPARAM wParam, LPA
   auto* const self = reinterpret_cast<Window*>(GetWindowLongPtrW(window, GWLP_USERDATA));
   if (self == nullptr) {
     return DefWindowProcW(window, message, wParam, lParam);
+  }
+  if (message == WM_CREATE) {
+    self->host_.colours.Dress(window);
   }
   const LRESULT answer = self->AnswerTo(message, wParam, lParam);
   if (message == WM_NCDESTROY) {

@@ -9,6 +9,7 @@
 #include <gtest/gtest.h>
 
 #include "text/SameFile.h"
+#include "win/Colours.h"
 #include "win/Dialog.h"
 #include "win/InputBoxControls.h"
 #include "win/RichEdit.h"
@@ -27,7 +28,8 @@ class CallbackTest : public ::testing::Test {
 
   std::vector<std::string> told;  // of exceptions that reached a window's procedure
   MessageLoop loop;
-  WindowHost host{GetModuleHandleW(nullptr), loop, [this](HWND, const std::exception_ptr& failure) {
+  Colours colours;
+  WindowHost host{GetModuleHandleW(nullptr), loop, colours, [this](HWND, const std::exception_ptr& failure) {
                     try {
                       std::rethrow_exception(failure);
                     } catch (const std::exception& error) {

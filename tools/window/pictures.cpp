@@ -1,19 +1,26 @@
 // Makes the pictures of the documents from the program itself.
 //
-//   pictures SAMPLES IMAGES
+//   pictures SAMPLES IMAGES [dark]
+//
+// In dark colours it takes every window, for somebody to look at.
 #include <windows.h>
 
+#include <algorithm>
 #include <array>
+#include <cstdint>
 #include <cstdio>
 #include <exception>
 #include <filesystem>
 #include <string>
+#include <string_view>
+#include <vector>
 
 #include "shell/window/FrmOptionsControls.h"
 #include "text/win/WideText.h"
 #include "window/driver/FirstRun.h"
 #include "window/driver/ProgramProcess.h"
 #include "window/driver/Screenshot.h"
+#include "window/driver/StoredSettings.h"
 #include "window/driver/Wait.h"
 #include "window/driver/WindowProbe.h"
 
@@ -75,13 +82,48 @@ void TakeKeysPicture(const ProgramProcess& program, const std::filesystem::path&
   }
 }
 
-void TakePictures(const std::filesystem::path& samples, const std::filesystem::path& images) {
+// Those whose looks are in no document.
+constexpr std::array kFurtherDialogs = {
+    DialogPicture{"mnuOptions", L"选项", L"options.png"},
+    DialogPicture{"mnuChangeToSDFFile", L"转为SDF文件", L"sdf.png"},
+    DialogPicture{"mnuFenLan", L"硬分栏", L"columns.png"},
+    DialogPicture{"mnuCalendar", L"日历", L"calendar.png"},
+    DialogPicture{"mnuDatabase", L"数据库交换", L"database.png"},
+    DialogPicture{"mnuNote", L"便笺", L"note.png"},
+    DialogPicture{"mnuChangeDiretryFileTime", L"批量改变文件日期", L"file-times.png"},
+    DialogPicture{"mnuWindows", L"窗口与进程", L"windows.png"},
+    DialogPicture{"mnuRegistry", L"注册表", L"registry.png"},
+    DialogPicture{"mnuFolders", L"特殊文件夹与快捷方式", L"folders.png"},
+    DialogPicture{"mnuZuoBiaoToXiangDuiZuoBiao", L"绝对坐标转为相对坐标", L"coordinates.png"},
+    DialogPicture{"mnuSendInput", L"模拟键盘鼠标", L"send-input.png"}};
+
+// With the access key of its entry in the bar.
+void TakeMenuPicture(const ProgramProcess& program, char accessKey, const std::filesystem::path& file) {
+  PostMessageW(program.MainWindow(), WM_SYSCOMMAND, SC_KEYMENU, accessKey);
+  const HWND menu = WaitFor("the menu", [&] {
+    const std::vector<HWND> menus = TopWindows(program.processId(), L"#32768");
+    return menus.empty() ? nullptr : menus.front();
+  });
+  WaitUntil("the menu to be drawn", [menu] {
+    constexpr std::uint32_t kLight = 0xB0B0B0;
+    return std::ranges::count_if(ScreenPixels(BoundsOf(menu)),
+                                 [](std::uint32_t pixel) { return (pixel & 0xFFFFFF) > kLight; }) > 1000;  // its texts
+  });
+  TakeScreenshot(BoundsOf(program.MainWindow()), file);
+  PostMessageW(program.MainWindow(), WM_CANCELMODE, 0, 0);
+  WaitUntil("the menu to go", [&] { return TopWindows(program.processId(), L"#32768").empty(); });
+}
+
+void TakePictures(const std::filesystem::path& samples, const std::filesystem::path& images, bool dark) {
   const ProgramProcess program(u'"' + (samples / L"notes.txt").u16string() + u'"');
   WaitUntil("the document to open", [&] { return !program.Text().empty(); });
   SetWindowPos(program.MainWindow(), nullptr, 0, 0, 840, 600, SWP_NOZORDER);
   program.WaitUntilDrawn();
   TakeScreenshot(BoundsOf(program.MainWindow()), images / L"main-window.png");
 
+  if (dark) {
+    TakeMenuPicture(program, 'e', images / L"menu.png");
+  }
   program.Menu("mnuSelectAll");
   // The options dialog is left out: it shows where the ini file is on this machine.
   constexpr std::array kDialogs = {DialogPicture{"mnuFind", L"查找", L"find.png"},
@@ -95,6 +137,11 @@ void TakePictures(const std::filesystem::path& samples, const std::filesystem::p
   for (const DialogPicture& picture : kDialogs) {
     TakeDialogPicture(program, picture, images);
   }
+  if (dark) {
+    for (const DialogPicture& picture : kFurtherDialogs) {
+      TakeDialogPicture(program, picture, images);
+    }
+  }
   TakeKeysPicture(program, images / L"keys.png");
   program.Close();
   program.WaitForEnd();
@@ -105,14 +152,18 @@ void TakePictures(const std::filesystem::path& samples, const std::filesystem::p
 
 int wmain(int argc, wchar_t** argv) {
   constexpr int kArguments = 3;
-  if (argc != kArguments) {
-    std::fputs("usage: pictures SAMPLES IMAGES\n", stderr);
+  const bool dark = argc == kArguments + 1 && std::wstring_view(argv[kArguments]) == L"dark";
+  if (argc != kArguments && !dark) {
+    std::fputs("usage: pictures SAMPLES IMAGES [dark]\n", stderr);
     return 2;
   }
   SetProcessDPIAware();  // the pictures are cut out in the pixels of the screen
   try {
     scrivanta::ForgetEarlierRuns();
-    scrivanta::TakePictures(argv[1], argv[2]);
+    if (dark) {
+      scrivanta::StoreSetting(u"DarkColours", u"1");
+    }
+    scrivanta::TakePictures(argv[1], argv[2], dark);
   } catch (const std::exception& error) {
     std::fprintf(stderr, "%s\n", error.what());
     return 1;

@@ -22,6 +22,8 @@
 #include "text/PlatformFile.h"
 #include "text/Twips.h"
 #include "text/win/WideText.h"
+#include "win/Colours.h"
+#include "win/DarkSystem.h"
 #include "win/DroppedFiles.h"
 #include "win/Monitors.h"
 #include "win/TopLevelWindows.h"
@@ -90,6 +92,7 @@ void FrmMain::Open(std::u16string_view commandLine) {
   const std::filesystem::path documentPath =
       commandLine.empty() ? ReadOptions(settings_).defaultFile : PathOfText(argument.path);
   untitledCaption_ = NumberedCaption(kProgramTitle, TopLevelWindowTitles());
+  SetColours(ReadOptions(settings_).colours);
   Create(windowClass_, ToWide(untitledCaption_), WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN, {0, 0, 0, 0});
   menuBar_.Create(handle());
   tray_.Create(handle(), icon_);
@@ -168,7 +171,7 @@ std::optional<LRESULT> FrmMain::OnStateMessage(UINT message, WPARAM wParam, LPAR
       return 0;
     }
     case WM_SETTINGCHANGE:
-      RefreshLook(GetDpiForWindow(handle()));
+      OnSettingChange();
       [[fallthrough]];
     case WM_SYSCOLORCHANGE:
       // Only top windows are told.
@@ -198,7 +201,8 @@ std::optional<LRESULT> FrmMain::OnStateMessage(UINT message, WPARAM wParam, LPAR
       }
       return 0;
     case WM_DRAWITEM:
-      lineNumbers_.Draw(*reinterpret_cast<const DRAWITEMSTRUCT*>(lParam), editor_.box(), editor_.breaks());
+      lineNumbers_.Draw(*reinterpret_cast<const DRAWITEMSTRUCT*>(lParam), editor_.box(), editor_.breaks(),
+                        host().colours);
       return TRUE;
     case WM_QUERYENDSESSION:  // the user logs off
       return closing_.MayEndSession() ? TRUE : FALSE;
@@ -246,6 +250,15 @@ void FrmMain::TakeUpEditBox() {
 void FrmMain::RefreshLook(UINT dotsPerInch) {
   look_.Apply(host().instance, handle(), bars_.statusBar(), dotsPerInch);
   LayOut();
+}
+
+void FrmMain::OnSettingChange() {
+  SetColours(ReadOptions(settings_).colours);
+  RefreshLook(GetDpiForWindow(handle()));
+}
+
+void FrmMain::SetColours(ColourChoice choice) {
+  host().colours.SetDark(IsDark(choice, {.isDark = IsSystemDark(), .isHighContrast = IsHighContrast()}));
 }
 
 void FrmMain::TellControls(UINT message, WPARAM wParam, LPARAM lParam) const {

@@ -67,6 +67,7 @@ class FrmMain final : public Window, public Workbench, public MainWindow, privat
   void SetWordWrap(bool wraps) override { editor_.SetWordWrap(wraps); }
   void SetZoom(int percent) override { editor_.SetZoom(percent); }
   void SetLineNumbers(bool shown) override;
+  void SetColours(ColourChoice choice) override;
   void SetKeys(const KeyMap& keys) override { menuBar_.SetKeys(keys); }
   void OpenEncodingMenu() override { OpenPanelMenu(StatusPanel::kEncoding, EncodingChoices(documentFile_)); }
   void OpenLineEndsMenu() override { OpenPanelMenu(StatusPanel::kLineEnds, LineEndChoices(documentFile_)); }
@@ -110,6 +111,7 @@ class FrmMain final : public Window, public Workbench, public MainWindow, privat
   void TakeUpEditBox();
   // Colours, fonts or the resolution of the screen are others now.
   void RefreshLook(UINT dotsPerInch);
+  void OnSettingChange();
   void TellControls(UINT message, WPARAM wParam, LPARAM lParam) const;
   // How the window is to be shown first (SW_SHOW).
   int RestoreSettings();

@@ -9,6 +9,7 @@
 #include "text/DecimalText.h"
 #include "text/win/PlatformError.h"
 #include "text/win/WideText.h"
+#include "win/Colours.h"
 #include "win/Handles.h"
 
 namespace scrivanta {
@@ -98,12 +99,13 @@ bool FrmMainLineNumbers::Follow(HWND box, const LineBreakIndex& breaks) {
   return isWider;
 }
 
-void FrmMainLineNumbers::Draw(const DRAWITEMSTRUCT& item, HWND box, const LineBreakIndex& breaks) const {
-  FillRect(item.hDC, &item.rcItem, GetSysColorBrush(COLOR_BTNFACE));
+void FrmMainLineNumbers::Draw(const DRAWITEMSTRUCT& item, HWND box, const LineBreakIndex& breaks,
+                              Colours& colours) const {
+  FillRect(item.hDC, &item.rcItem, colours.BrushOf(COLOR_BTNFACE));
   const OwnedFont font = FigureFont(box);
   const HGDIOBJ before = SelectObject(item.hDC, font.get());
   SetBkMode(item.hDC, TRANSPARENT);
-  SetTextColor(item.hDC, GetSysColor(COLOR_BTNTEXT));
+  SetTextColor(item.hDC, colours.Of(COLOR_BTNTEXT));
   SIZE figure{};
   GetTextExtentPoint32W(item.hDC, L"0", 1, &figure);
   POINT origin{};

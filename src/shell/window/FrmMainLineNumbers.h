@@ -7,6 +7,8 @@
 
 namespace scrivanta {
 
+class Colours;
+
 class FrmMainLineNumbers {
  public:
   void Create(HWND parent);
@@ -17,7 +19,7 @@ class FrmMainLineNumbers {
   int Width(HWND box, const LineBreakIndex& breaks) const;
   // To be called when the box has been drawn: it may have been scrolled. True when there is another number of figures.
   bool Follow(HWND box, const LineBreakIndex& breaks);
-  void Draw(const DRAWITEMSTRUCT& item, HWND box, const LineBreakIndex& breaks) const;
+  void Draw(const DRAWITEMSTRUCT& item, HWND box, const LineBreakIndex& breaks, Colours& colours) const;
 
  private:
   // What the numbers depend on.

@@ -7,6 +7,7 @@
 #include "shell/window/FrmMainMenu.h"
 #include "shell/window/MenuTree.h"
 #include "shell/window/RecentMenu.h"
+#include "win/Colours.h"
 #include "win/PopupMenu.h"
 
 namespace scrivanta {
@@ -32,6 +33,7 @@ FrmMainMenuBar::FrmMainMenuBar(WindowHost& host, Settings& settings, const Comma
 void FrmMainMenuBar::Create(HWND window) {
   window_ = window;
   SetMenu(window_, BuildMainMenu(keys_).Release());
+  host_.colours.DressMenuBar(window_);
   ownFileEntries_ = GetMenuItemCount(FileMenu());
   host_.loop.SetAccelerators(window_, BuildAccelerators(keys_));
 }

@@ -25,6 +25,7 @@ void FrmOptions::OnInit() {
   SetToolTip(ChkEngLish, u"勾选后[定位到指定行]速度快，但文中若有中文字符时定位不够准确，故有中文字符时不要勾选");
   SetChecked(ChkRegExpObject, options_.usesRegExpObject);
   SetToolTip(ChkRegExpObject, u"不勾选时使用程序自带的正则表达式，在任何系统上结果都一样，查找时可以中断");
+  SetChecked(OptColours0 + static_cast<int>(options_.colours), true);
   SetControlText(TxtDefaultFile, TextOfPath(options_.defaultFile));
   SetControlText(TxtIniFile, TextOfPath(workbench_->folders().iniFile));
   CentreOverOwner();
@@ -46,6 +47,7 @@ bool FrmOptions::OnCommand(int controlId, int) {
                   .allEnglish = IsChecked(ChkEngLish),
                   .usesRegExpObject = IsChecked(ChkRegExpObject),
                   .defaultFile = PathOfText(ControlText(TxtDefaultFile)),
+                  .colours = ChosenColours(),
                   .keys = options_.keys};
       Close(CmdOK);
       return true;
@@ -55,6 +57,12 @@ bool FrmOptions::OnCommand(int controlId, int) {
     default:
       return false;
   }
+}
+
+ColourChoice FrmOptions::ChosenColours() const {
+  return IsChecked(OptColours2)   ? ColourChoice::kDark
+         : IsChecked(OptColours1) ? ColourChoice::kLight
+                                  : ColourChoice::kLikeSystem;
 }
 
 void FrmOptions::BrowseForDefaultFile() {

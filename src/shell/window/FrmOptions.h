@@ -20,6 +20,7 @@ class FrmOptions final : public Dialog, public OptionsDialog {
  private:
   void OnInit() override;
   bool OnCommand(int controlId, int notification) override;
+  ColourChoice ChosenColours() const;
   void BrowseForDefaultFile();
 
   std::function<HWND()> owner_;

@@ -14,3 +14,7 @@
 #define ChkRegExpObject 3210
 #define LblEngLish 3211
 #define CmdKeys 3212
+#define LblColours 3213
+#define OptColours0 3214
+#define OptColours1 3215
+#define OptColours2 3216

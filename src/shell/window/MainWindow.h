@@ -1,6 +1,7 @@
 // What the commands of the editor ask of the main window beyond the Workbench.
 #pragma once
 
+#include "shell/window/ColourChoice.h"
 #include "text/Interface.h"
 
 namespace scrivanta {
@@ -19,6 +20,7 @@ class MainWindow : public Interface {
   virtual void SetWordWrap(bool wraps) = 0;
   virtual void SetZoom(int percent) = 0;
   virtual void SetLineNumbers(bool shown) = 0;
+  virtual void SetColours(ColourChoice choice) = 0;
   virtual void SetKeys(const KeyMap& keys) = 0;
   // The menu of a panel of the status bar.
   virtual void OpenEncodingMenu() = 0;

@@ -4,6 +4,7 @@
 #include <filesystem>
 #include <optional>
 
+#include "shell/window/ColourChoice.h"
 #include "shell/window/KeyMap.h"
 #include "shell/window/MainWindow.h"
 #include "shell/workbench/CommandTable.h"
@@ -17,7 +18,8 @@ struct Options {
   bool allEnglish = true;             // kept for old settings: going to a line is right whatever the text holds
   bool usesRegExpObject = false;      // patterns are searched by the platform's object, not by the built-in engine
   std::filesystem::path defaultFile;  // opened when the program starts without a document
-  KeyMap keys = {};                   // left empty by ReadOptions, which others ask often
+  ColourChoice colours = ColourChoice::kLikeSystem;
+  KeyMap keys = {};  // left empty by ReadOptions, which others ask often
 
   friend bool operator==(const Options&, const Options&) = default;
 };

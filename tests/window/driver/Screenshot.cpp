@@ -33,7 +33,6 @@ class GdiPlus {
   ULONG_PTR token_ = 0;
 };
 
-using OwnedBitmap = Owner<NullableTraits<HGDIOBJ, DeleteObject>>;
 using OwnedMemoryContext = Owner<NullableTraits<HDC, DeleteDC>>;
 
 // {557CF406-1A04-11D3-9A73-0000F81EF32E}: the encoder for PNG.
@@ -56,7 +55,7 @@ OwnedBitmap CopyScreen(const RECT& part) {
 void TakeScreenshot(const RECT& part, const std::filesystem::path& file) {
   const GdiPlus library;
   const OwnedBitmap copy = CopyScreen(part);
-  Gdiplus::Bitmap picture(static_cast<HBITMAP>(copy.get()), nullptr);
+  Gdiplus::Bitmap picture(copy.get(), nullptr);
   if (picture.Save(file.c_str(), &kPngEncoder, nullptr) != Gdiplus::Ok) {
     throw std::runtime_error("the picture was not written: " + file.string());
   }
@@ -73,7 +72,7 @@ std::vector<std::uint32_t> ScreenPixels(const RECT& part) {
   std::vector<std::uint32_t> pixels(static_cast<std::size_t>(format.bmiHeader.biWidth) *
                                     static_cast<std::size_t>(format.bmiHeader.biHeight));
   const WindowDeviceContext screen(nullptr);
-  GetDIBits(screen.get(), static_cast<HBITMAP>(copy.get()), 0, static_cast<UINT>(format.bmiHeader.biHeight),
+  GetDIBits(screen.get(), copy.get(), 0, static_cast<UINT>(format.bmiHeader.biHeight),
             pixels.data(), &format, DIB_RGB_COLORS);
   return pixels;
 }

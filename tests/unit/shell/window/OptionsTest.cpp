@@ -28,6 +28,7 @@ class WrappingWindow final : public MainWindow {
   void SetWordWrap(bool wrap) override { wraps = wrap; }
   void SetZoom(int percent) override { zoom = percent; }
   void SetLineNumbers(bool shown) override { numbers = shown; }
+  void SetColours(ColourChoice chosen) override { colours = chosen; }
   void SetKeys(const KeyMap& chosen) override { keys = chosen; }
   void OpenEncodingMenu() override {}
   void OpenLineEndsMenu() override {}
@@ -35,6 +36,7 @@ class WrappingWindow final : public MainWindow {
   void Redo() override {}
 
   std::optional<bool> wraps;
+  std::optional<ColourChoice> colours;
   KeyMap keys;
   int zoom = 0;
   bool numbers = false;
@@ -51,9 +53,14 @@ TEST(Options, AreKeptAndAppliedOnlyWhenTheUserSaysSo) {
   EXPECT_FALSE(window.wraps);
   EXPECT_TRUE(workbench.settings().values.empty());
 
-  dialog.answer = Options{.wraps = true, .allEnglish = false, .usesRegExpObject = true, .defaultFile = "folder/a.txt"};
+  dialog.answer = Options{.wraps = true,
+                          .allEnglish = false,
+                          .usesRegExpObject = true,
+                          .defaultFile = "folder/a.txt",
+                          .colours = ColourChoice::kDark};
   table.Run("mnuOptions", workbench);
   EXPECT_EQ(window.wraps, true);
+  EXPECT_EQ(window.colours, ColourChoice::kDark);
   const Settings& settings = workbench.settings();
   EXPECT_EQ(settings.Get(u"LineReturn", Store::kRegistry, u"Settings"), u"0");
   EXPECT_EQ(settings.Get(u"AllEnglish", Store::kRegistry, u"Settings"), u"0");
@@ -120,6 +127,21 @@ TEST(Options, ChooseWhatSearchesPatterns) {
   EXPECT_NE(engine.Compile(u"a", {}), nullptr);
   SaveOptions({.usesRegExpObject = true, .defaultFile = {}}, workbench.settings());
   EXPECT_EQ(engine.Compile(u"a", {}), nullptr);
+}
+
+TEST(Options, HaveColoursThatFollowTheSystemUntilTheyAreChosen) {
+  testing::ScriptedWorkbench workbench;
+  Settings& settings = workbench.settings();
+  EXPECT_EQ(ReadOptions(settings).colours, ColourChoice::kLikeSystem);
+  for (const ColourChoice choice : {ColourChoice::kDark, ColourChoice::kLight, ColourChoice::kLikeSystem}) {
+    SaveOptions({.defaultFile = {}, .colours = choice}, settings);
+    EXPECT_EQ(ReadOptions(settings).colours, choice);
+    for (const bool system : {false, true}) {
+      const bool isDark = choice == ColourChoice::kDark || (choice == ColourChoice::kLikeSystem && system);
+      EXPECT_EQ(IsDark(choice, {.isDark = system}), isDark);
+      EXPECT_FALSE(IsDark(choice, {.isDark = system, .isHighContrast = true}));
+    }
+  }
 }
 
 }  // namespace

@@ -22,6 +22,7 @@ class RecordingWindow final : public MainWindow, public EditBox {
   void SetWordWrap(bool) override {}
   void SetZoom(int) override {}
   void SetLineNumbers(bool) override {}
+  void SetColours(ColourChoice) override {}
   void SetKeys(const KeyMap&) override {}
   void OpenEncodingMenu() override {}
   void OpenLineEndsMenu() override {}
