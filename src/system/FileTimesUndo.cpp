@@ -6,7 +6,7 @@
 #include "text/ExplainedError.h"
 #include "text/LineReader.h"
 #include "text/LineWriter.h"
-#include "text/PlatformFile.h"
+#include "text/PathField.h"
 
 namespace scrivanta {
 
@@ -27,35 +27,6 @@ std::string StampOf(const std::optional<FileMoment>& moment) {
   std::string text = Encode(Encoding::kUtf8, MomentText(utc));
   text[text.find(' ')] = 'T';
   return text + "." + fraction + "Z";
-}
-
-// A path may hold what separates columns and lines.
-std::string Escaped(std::string_view path) {
-  std::string text;
-  for (const char character : path) {
-    constexpr std::string_view kHexDigits = "0123456789ABCDEF";
-    if (static_cast<unsigned char>(character) < ' ' || character == '%') {
-      const auto byte = static_cast<unsigned char>(character);
-      text += {'%', kHexDigits[byte >> 4U], kHexDigits[byte & 0xFU]};
-    } else {
-      text += character;
-    }
-  }
-  return text;
-}
-
-std::string Unescaped(std::string_view text) {
-  std::string path;
-  for (std::size_t index = 0; index < text.size(); ++index) {
-    constexpr int kHexadecimal = 16;
-    if (text[index] == '%' && index + 2 < text.size()) {
-      path += static_cast<char>(std::strtol(std::string(text.substr(index + 1, 2)).c_str(), nullptr, kHexadecimal));
-      index += 2;
-    } else {
-      path += text[index];
-    }
-  }
-  return path;
 }
 
 [[noreturn]] void ThrowNoUndoText(std::uint64_t line) {
@@ -86,7 +57,7 @@ FileTimesEntry EntryOfLine(std::string_view text, std::uint64_t line) {
     entry.changed[kind] = MomentOfStamp(text.substr(0, tab), line);
     text.remove_prefix(tab + 1);
   }
-  entry.path = PathOfText(Decode(Encoding::kUtf8, Unescaped(text)));
+  entry.path = PathOfField(text);
   return entry;
 }
 
@@ -101,7 +72,7 @@ std::string UndoText(const std::vector<FileTimesEntry>& entries) {
     for (const FileTimeKind kind : kFileTimeKinds) {
       line += StampOf(entry.changed[kind] ? entry.old[kind] : std::nullopt) + "\t";
     }
-    writer.WriteLine(line + Escaped(Encode(Encoding::kUtf8, TextOfPath(entry.path))));
+    writer.WriteLine(line + PathField(entry.path));
   }
   writer.Flush();
   return sink.bytes();

@@ -6,10 +6,6 @@
 
 namespace scrivanta {
 
-std::filesystem::path UndoFolder(const Folders& folders) {
-  return folders.recovery.parent_path() / "Undo";
-}
-
 // A name of its own, so that every change can be taken back.
 std::filesystem::path WriteUndoFile(Workbench& workbench, std::u16string_view what, std::u16string_view extension,
                                     std::string_view bytes) {

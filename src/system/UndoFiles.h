@@ -4,12 +4,9 @@
 #include <filesystem>
 #include <string_view>
 
-#include "shell/workbench/Workbench.h"
+#include "shell/workbench/UndoFolder.h"
 
 namespace scrivanta {
-
-// Beside the snapshots.
-std::filesystem::path UndoFolder(const Folders& folders);
 
 // Writes a file that is named after what was changed, and the moment. Its path. Throws FileError.
 std::filesystem::path WriteUndoFile(Workbench& workbench, std::u16string_view what, std::u16string_view extension,

@@ -63,6 +63,12 @@ void FileSink::Write(std::string_view bytes) {
   WriteAll(file_.get(), bytes, path_);
 }
 
+void FileSink::Flush() {
+  if (const std::error_code code = FlushToDisk(file_.get())) {
+    throw FileError(path_, code);
+  }
+}
+
 void FileSink::Close() {
   if (std::fclose(file_.release()) != 0) {
     throw FileError(path_, LastFileError());

@@ -93,6 +93,8 @@ class FileSink final : public ByteSink {
  public:
   explicit FileSink(const std::filesystem::path& path);
   void Write(std::string_view bytes) override;
+  // Returns when what has been written so far has reached the disk.
+  void Flush();
   void Close();
 
  private:

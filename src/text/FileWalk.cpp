@@ -9,6 +9,7 @@
 #include "text/LineText.h"
 #include "text/NaturalOrder.h"
 #include "text/PlatformFile.h"
+#include "text/SameFile.h"
 #include "text/UpperCase.h"
 
 namespace scrivanta {
@@ -158,6 +159,17 @@ void DropRepeatedFiles(std::vector<std::filesystem::path>& files) {
 bool IsFile(const std::filesystem::path& path) {
   std::error_code error;
   return std::filesystem::is_regular_file(path, error);
+}
+
+void DropFilesIn(const std::filesystem::path& folder, std::vector<std::filesystem::path>& files) {
+  std::filesystem::path absolute = AbsolutePath(folder);
+  if (!absolute.has_filename()) {
+    absolute = absolute.parent_path();  // it was written with a separator behind it
+  }
+  std::erase_if(files, [&absolute](const std::filesystem::path& file) {
+    const std::filesystem::path inside = AbsolutePath(file);
+    return std::mismatch(absolute.begin(), absolute.end(), inside.begin(), inside.end()).first == absolute.end();
+  });
 }
 
 }  // namespace scrivanta

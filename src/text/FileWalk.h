@@ -44,4 +44,7 @@ bool IsFile(const std::filesystem::path& path);
 // Leaves of every file the first path that leads to it, as the file system sees it.
 void DropRepeatedFiles(std::vector<std::filesystem::path>& files);
 
+// Leaves out those below a folder.
+void DropFilesIn(const std::filesystem::path& folder, std::vector<std::filesystem::path>& files);
+
 }  // namespace scrivanta
