@@ -63,6 +63,7 @@ int RunApp(HINSTANCE instance, const std::u16string& commandLine, std::atomic<HW
                                           .commands = commands,
                                           .editBox = mainWindow.editBox(),
                                           .services = services,
+                                          .folders = mainWindow.folders(),
                                           .mainWindow = [&mainWindow] { return mainWindow.handle(); },
                                           .editBoxWindow = [&mainWindow] { return mainWindow.editBoxHandle(); }});
   mainWindow.Open(commandLine);

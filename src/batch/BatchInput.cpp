@@ -10,24 +10,31 @@ constexpr std::size_t kBlockSize = 256 * 1024;
 
 }  // namespace
 
-BatchInput::BatchInput(const std::filesystem::path& path)
-    : path_(path), file_(std::make_unique<FileSource>(path)), stream_(file_.get()) {}
+ByteSource& BatchInput::Stream() const {
+  if (stream_ != nullptr) {
+    return *stream_;
+  }
+  if (file_ == nullptr) {
+    file_ = std::make_unique<FileSource>(path_);
+  }
+  return *file_;
+}
 
 std::size_t BatchInput::Read(std::span<char> buffer) {
-  return stream_->Read(buffer);
+  return Stream().Read(buffer);
 }
 
 std::optional<std::uint64_t> BatchInput::Size() const {
-  return stream_->Size();
+  return Stream().Size();
 }
 
 void BatchInput::MakeRewindable(Progress& progress) {
-  if (file_ != nullptr && file_->Size()) {
+  if (!path_.empty() && Size()) {
     return;
   }
   auto spool = std::make_unique<Spool>();
   std::vector<char> block(kBlockSize);
-  while (const std::size_t count = stream_->Read(block)) {
+  while (const std::size_t count = Read(block)) {
     spool->Write({block.data(), count});
     progress.Report(0, 0);
   }
@@ -40,7 +47,6 @@ void BatchInput::Rewind() {
     spool_->Rewind();
   } else {
     file_ = std::make_unique<FileSource>(path_);
-    stream_ = file_.get();
   }
 }
 

@@ -13,8 +13,11 @@ namespace scrivanta {
 class BatchInput final : public ByteSource {
  public:
   explicit BatchInput(ByteSource& stream) : stream_(&stream) {}
-  // Throws FileError.
-  explicit BatchInput(const std::filesystem::path& path);
+  // The file is opened when it is first read or measured, which may throw FileError: a command that takes files and
+  // folders by name has this one among them.
+  explicit BatchInput(std::filesystem::path path) : path_(std::move(path)) {}
+  // Empty: what comes through standard input.
+  const std::filesystem::path& path() const noexcept { return path_; }
 
   std::size_t Read(std::span<char> buffer) override;
   std::optional<std::uint64_t> Size() const override;
@@ -25,10 +28,12 @@ class BatchInput final : public ByteSource {
   void Rewind();
 
  private:
+  ByteSource& Stream() const;
+
   std::filesystem::path path_;
-  std::unique_ptr<FileSource> file_;  // null: stream_ is read
-  std::unique_ptr<Spool> spool_;      // a copy of the whole input, once there is one
-  ByteSource* stream_ = nullptr;
+  mutable std::unique_ptr<FileSource> file_;  // null while it is not open, and for standard input
+  std::unique_ptr<Spool> spool_;              // a copy of the whole input, once there is one
+  ByteSource* stream_ = nullptr;              // null: the file is read
 };
 
 }  // namespace scrivanta

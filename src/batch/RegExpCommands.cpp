@@ -6,6 +6,7 @@
 #include <nlohmann/json.hpp>
 
 #include "batch/BatchCommand.h"
+#include "batch/ReplaceInFiles.h"
 #include "batch/TextInput.h"
 #include "regexp/MultiReplace.h"
 #include "regexp/RegExp.h"
@@ -185,14 +186,25 @@ struct ReplaceArguments {
 
 BatchWork ConfigureReplace(CLI::App& parser) {
   const auto arguments = std::make_shared<ReplaceArguments>();
-  parser.add_option("--pattern", arguments->pattern, "Regular expression")->required()->type_name("P");
-  parser.add_option("--replacement", arguments->replacement, "What takes its place; \\1 or $1 stands for a group")
-      ->required()
-      ->type_name("R");
+  CLI::Option* pattern = parser.add_option("--pattern", arguments->pattern, "Regular expression")->type_name("P");
+  pattern->needs(
+      parser.add_option("--replacement", arguments->replacement, "What takes its place; \\1 or $1 stands for a group")
+          ->type_name("R"));
   parser.add_flag("--ignore-case", arguments->ignoreCase, "Take upper and lower case for the same");
   parser.add_flag("--first-only", arguments->firstOnly, "Replace only the first match");
   parser.add_flag("--single-line", arguments->singleLine, "Let ^ and $ hold at the ends of the text only");
-  return [arguments](BatchContext& context) {
+  const ReplaceInFiles inFiles(parser, *pattern);
+  return [arguments, inFiles](BatchContext& context) {
+    if (inFiles.IsMeant()) {
+      const FindState state{.findText = FromArgument(arguments->pattern),
+                            .replacement = FromArgument(arguments->replacement),
+                            .matchesCase = !arguments->ignoreCase,
+                            .isRegExp = true};
+      return inFiles.Run(state,
+                         {.taken = arguments->firstOnly ? MatchesTaken::kFirst : MatchesTaken::kAll,
+                          .multiLine = !arguments->singleLine},
+                         context);
+    }
     TextReplacer replacer(
         BuiltInRegExpEngine(), FromArgument(arguments->pattern), FromArgument(arguments->replacement),
         {.ignoreCase = arguments->ignoreCase, .global = !arguments->firstOnly, .multiLine = !arguments->singleLine});
@@ -220,12 +232,18 @@ MultiReplace MakeMultiReplace(const MultiReplaceArguments& arguments) {
 
 BatchWork ConfigureMultiReplace(CLI::App& parser) {
   const auto arguments = std::make_shared<MultiReplaceArguments>();
-  parser.add_option("--find", arguments->find, "Texts to find, separated by |")->required()->type_name("LIST");
-  parser.add_option("--replace", arguments->replace, "What takes their places, separated by |")
-      ->required()
-      ->type_name("LIST");
+  CLI::Option* find = parser.add_option("--find", arguments->find, "Texts to find, separated by |")->type_name("LIST");
+  find->needs(
+      parser.add_option("--replace", arguments->replace, "What takes their places, separated by |")->type_name("LIST"));
   parser.add_flag("--ignore-case", arguments->ignoreCase, "Take upper and lower case for the same");
-  return [arguments](BatchContext& context) {
+  const ReplaceInFiles inFiles(parser, *find);
+  return [arguments, inFiles](BatchContext& context) {
+    if (inFiles.IsMeant()) {
+      const FindState state{.findText = FromArgument(arguments->find),
+                            .replacement = FromArgument(arguments->replace),
+                            .matchesCase = !arguments->ignoreCase};
+      return inFiles.Run(state, {}, context);
+    }
     const MultiReplace replace = MakeMultiReplace(*arguments);
     std::u16string text = TextInput(context).ReadAll();
     replace.Apply(text, context.progress);
@@ -248,12 +266,15 @@ std::vector<BatchCommand> RegExpBatchCommands() {
            R"x(scrivanta-batch regexp-extract --pattern "(\w+)@(\w+)" --groups "2\1" --separator ": " mail.txt)x",
        .configure = ConfigureExtract},
       {.name = "regexp-replace",
-       .description = "Replace the matches of a regular expression",
+       .description = "Replace the matches of a regular expression, in a text or in many files",
        .example = R"x(scrivanta-batch regexp-replace --pattern "^(\d+) " --replacement "\1. " list.txt -o list.txt)x",
        .configure = ConfigureReplace},
       {.name = "multi-replace",
-       .description = "Replace several plain texts",
-       .example = "scrivanta-batch multi-replace --find 'colour|grey' --replace 'color|gray' book.txt -o book.txt",
+       .description = "Replace several plain texts, in a text or in many files",
+       .example =
+           "scrivanta-batch multi-replace --find 'colour|grey' --replace 'color|gray' book.txt -o book.txt\n"
+           "  scrivanta-batch multi-replace --in-files --find 2025 --replace 2026 --recursive reports --undo kept\n"
+           "  scrivanta-batch multi-replace --undo kept",
        .configure = ConfigureMultiReplace},
   };
 }

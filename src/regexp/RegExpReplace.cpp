@@ -9,12 +9,12 @@
 
 namespace scrivanta {
 
-namespace {
-
-// Of a result, in characters. $` and $' can make more of a text than any machine holds.
-constexpr std::size_t kLargestResult = std::size_t{1} << 30;
-
-}  // namespace
+void CheckReplacedSize(std::size_t size) {
+  constexpr std::size_t kLargest = std::size_t{1} << 30;
+  if (size > kLargest) {
+    throw ExplainedError("the text would become too long by this replacement", u"替换后的文本太长，放弃替换。");
+  }
+}
 
 TextReplacer::TextReplacer(const RegExpEngine& engine, std::u16string_view pattern, std::u16string_view replacement,
                            RegExpReplaceOptions options)
@@ -52,9 +52,7 @@ std::u16string TextReplacer::ReplaceMatches(std::u16string_view text, Progress& 
         replacer_->AppendReplacement(result, text, match);
         copied = match.end();
         ++count_;
-        if (result.size() > kLargestResult) {
-          throw ExplainedError("the text would become too long by this replacement", u"替换后的文本太长，放弃替换。");
-        }
+        CheckReplacedSize(result.size());
         return options_.global;
       },
       progress);

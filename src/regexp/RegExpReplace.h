@@ -17,6 +17,9 @@ struct RegExpReplaceOptions {
   bool keepsLineFeeds = false;  // leaves lone line feeds as they are, whatever the pattern ends with
 };
 
+// $` and $' can make more of a text than any machine holds: throws ExplainedError for so many characters.
+void CheckReplacedSize(std::size_t size);
+
 // A replacement made ready for many texts, or for one in pieces.
 class TextReplacer {
  public:

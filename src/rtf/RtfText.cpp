@@ -78,7 +78,7 @@ RtfText::RtfText(std::string_view rtf) : rtf_(rtf) {
   RtfReader(rtf, builder).Read();
 }
 
-bool RtfText::IsInOnePiece(const Replacement& replacement) const {
+bool RtfText::CanReplace(const Replacement& replacement) const {
   for (std::size_t i = replacement.start + 1; i < replacement.start + replacement.length; ++i) {
     for (std::size_t byte = places_[i - 1].end; byte < places_[i].begin; ++byte) {
       // Line breaks among the bytes mean nothing.
@@ -87,7 +87,7 @@ bool RtfText::IsInOnePiece(const Replacement& replacement) const {
       }
     }
   }
-  return true;
+  return replacement.length > 0;
 }
 
 const RtfText::Context& RtfText::ContextAt(std::size_t character) const {
@@ -122,7 +122,7 @@ RtfText::Outcome RtfText::Replace(std::span<const Replacement> replacements) con
   };
   bool justReplaced = false;
   for (const Replacement& replacement : replacements) {
-    if (replacement.length == 0 || !IsInOnePiece(replacement)) {
+    if (!CanReplace(replacement)) {
       ++outcome.split;
       continue;
     }

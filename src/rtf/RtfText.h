@@ -29,8 +29,10 @@ class RtfText {
   struct Outcome {
     std::string rtf;
     std::size_t replaced = 0;
-    std::size_t split = 0;  // not replaced, because a formatting code stands between the characters
+    std::size_t split = 0;  // not replaced, because they cannot be
   };
+  // Whether the stretch is not empty and no formatting code stands between its characters.
+  bool CanReplace(const Replacement& replacement) const;
   // The replacements do not overlap and come in ascending order. Every byte outside the stretches stays as it is.
   Outcome Replace(std::span<const Replacement> replacements) const;
 
@@ -52,7 +54,6 @@ class RtfText {
     }
   };
 
-  bool IsInOnePiece(const Replacement& replacement) const;
   const Context& ContextAt(std::size_t character) const;
   std::string EscapedFor(const Replacement& replacement) const;
 

@@ -1,150 +1,136 @@
 #include "search/FileReplace.h"
 
-#include <memory>
+#include <numeric>
 #include <optional>
-#include <utility>
 
-#include "regexp/MultiReplace.h"
-#include "regexp/RegExpReplace.h"
-#include "rtf/RtfText.h"
-#include "search/FileText.h"
-#include "search/FindPlaces.h"
+#include "search/KeptFiles.h"
 #include "text/AtomicFile.h"
-#include "text/DecimalText.h"
+#include "text/ExplainedError.h"
 #include "text/FileProgress.h"
-#include "text/LineText.h"
 
 namespace scrivanta {
 
 namespace {
 
-struct FileOutcome {
-  std::size_t replaced = 0;
-  std::size_t split = 0;
-  bool isBinary = false;
-};
+// What the file is going to hold. Throws ExplainedError when it is not the one that was looked at any more.
+std::string BytesOf(const PlannedFile& file, const ReplaceRule& rule, Progress& progress) {
+  std::optional<ReplaceRule::Found> found = rule.FindIn(file.path, progress);
+  if (!found || found->file.content != file.content || found->edits.size() != file.ticks.size()) {
+    throw ExplainedError("it has been changed since it was looked at", u"预览以后又变了");
+  }
+  TextEdits edits;
+  for (std::size_t place = 0; place < file.ticks.size(); ++place) {
+    if (file.ticks[place]) {
+      edits.push_back(std::move(found->edits[place]));
+    }
+  }
+  return ReplaceRule::BytesWith(found->file, edits);
+}
 
-class Replacement {
+class Replacing {
  public:
-  Replacement(const FindState& state, const RegExpEngine& engine) : state_(state), engine_(engine) {
-    if (state.isRegExp) {
-      engine.Compile(state.findText, {});
-    } else {
-      pairs_ = MultiReplace::PairUp(state.findText, state.replacement);
-      plain_ = std::make_unique<MultiReplace>(pairs_, !state.matchesCase);
+  Replacing(const ReplacePlan& plan, const ReplaceRule& rule, const std::filesystem::path& keepIn, Progress& progress)
+      : rule_(rule), keeps_(!keepIn.empty()), progress_(progress, plan.TickedFiles() * (keeps_ ? 2 : 1)) {
+    for (const PlannedFile& file : plan.files) {
+      if (file.Ticked() > 0) {
+        files_.push_back(&file);
+      }
+    }
+    if (keeps_ && !files_.empty()) {
+      run_.emplace(keepIn);
     }
   }
 
-  // Where nothing is replaced the file is not touched.
-  FileOutcome ApplyTo(const std::filesystem::path& path, Progress& progress) const {
-    std::optional<FileText> file = ReadFileText(path);
-    if (!file) {
-      return {.isBinary = true};
+  FileReplaceOutcome Run() {
+    if (run_) {
+      DoWithEach([this](const PlannedFile& file) { return Keep(file); });
     }
-    FileOutcome outcome;
-    std::string bytes;
-    if (!file->rtf.empty()) {
-      outcome = ReplaceRichText(file->rtf, progress);
-      bytes = std::move(file->rtf);
-    } else {
-      outcome.replaced = ReplaceText(*file, progress);
-      bytes = outcome.replaced > 0 ? EncodeDocument(file->text, file->format) : std::string();
+    if (run_ && !files_.empty()) {
+      run_->Seal();
     }
-    if (outcome.replaced > 0) {
-      ReplaceFileContent(path, bytes);
-    }
-    return outcome;
+    DoWithEach([this](const PlannedFile& file) { return Replace(file); });
+    return std::move(outcome_);
   }
 
  private:
-  std::size_t ReplaceText(FileText& file, Progress& progress) const {
-    if (plain_) {
-      return plain_->Apply(file.text, progress);
-    }
-    std::size_t count = 0;
-    const bool keepsLineEnds = file.format.lineEnds == DocumentLineEnds::kMixed;
-    file.text = ReplaceInText(engine_, file.text, state_.findText, state_.replacement,
-                              {.ignoreCase = !state_.matchesCase, .keepsLineFeeds = keepsLineEnds}, progress, &count);
-    if (!keepsLineEnds) {
-      file.text = WithOnlyFullLineBreaks(file.text);  // as in a document
-    }
-    return count;
-  }
-
-  FileOutcome ReplaceRichText(std::string& rtf, Progress& progress) const {
-    FileOutcome outcome;
-    if (state_.isRegExp) {
-      ReplaceOnce(rtf, state_, outcome, progress);
-    }
-    FindState state = state_;
-    for (const MultiReplace::Pair& pair : pairs_) {
-      state.findText = pair.find;
-      state.replacement = pair.replacement;
-      if (!pair.find.empty()) {
-        ReplaceOnce(rtf, state, outcome, progress);
+  // Leaves of the files those with which something is still to be done. After an interrupt that is none.
+  void DoWithEach(const auto& work) {
+    std::vector<const PlannedFile*> remaining;
+    auto next = files_.begin();
+    try {
+      while (next != files_.end()) {
+        progress_.Report(0, 0);
+        const PlannedFile& file = **next;
+        try {
+          if (work(file)) {
+            remaining.push_back(&file);
+          }
+        } catch (const Interrupted&) {
+          throw;
+        } catch (const NotKept&) {
+          throw;
+        } catch (const std::exception& error) {
+          outcome_.leftOver.push_back(FailureOf(file.path, error));
+        }
+        ++next;
+        progress_.FileDone();
       }
+    } catch (const Interrupted&) {
+      // What is done is done, and the user must know of it.
+      remaining.insert(remaining.end(), next, files_.end());
+      for (const PlannedFile* file : remaining) {
+        outcome_.leftOver.push_back({file->path, u"中断时还没有替换", "not reached when the work was interrupted"});
+      }
+      outcome_.untouchedFiles = remaining.size();
+      remaining.clear();
     }
-    return outcome;
+    files_ = std::move(remaining);
   }
 
-  void ReplaceOnce(std::string& rtf, const FindState& state, FileOutcome& outcome, Progress& progress) const {
-    const RtfText text(rtf);
-    RtfText::Outcome once = text.Replace(FindReplacements(text.text(), state, engine_, progress));
-    outcome.replaced += once.replaced;
-    outcome.split += once.split;
-    if (once.replaced > 0) {
-      rtf = std::move(once.rtf);
+  bool Keep(const PlannedFile& file) {
+    const Fingerprint content = run_->Keep(file.path);
+    try {
+      const std::string bytes = BytesOf(file, rule_, progress_);
+      if (content != file.content) {
+        throw ExplainedError("it has been changed since it was looked at", u"预览以后又变了");
+      }
+      run_->WillBe(FingerprintOf(bytes));
+    } catch (const std::exception&) {
+      run_->DropLast();
+      throw;
     }
+    return true;
   }
 
-  const FindState& state_;
-  const RegExpEngine& engine_;
-  // None when the find text is a pattern.
-  std::vector<MultiReplace::Pair> pairs_;
-  std::unique_ptr<MultiReplace> plain_;
+  bool Replace(const PlannedFile& file) {
+    const std::size_t number = number_++;
+    ReplaceFileContent(file.path, BytesOf(file, rule_, progress_));
+    if (run_) {
+      run_->NoteReplaced(number);
+    }
+    outcome_.changed.push_back({file.path, file.Ticked()});
+    return false;
+  }
+
+  const ReplaceRule& rule_;
+  const bool keeps_;
+  FileProgress progress_;
+  std::vector<const PlannedFile*> files_;
+  std::optional<KeepingRun> run_;  // none: nothing is kept
+  std::size_t number_ = 0;         // of the file that is replaced next, as the run counts
+  FileReplaceOutcome outcome_;
 };
-
-void ReplaceInFile(const std::filesystem::path& path, const Replacement& replacement, FileReplaceOutcome& outcome,
-                   Progress& progress) {
-  try {
-    const FileOutcome file = replacement.ApplyTo(path, progress);
-    outcome.replaced += file.replaced;
-    outcome.changedFiles += file.replaced > 0 ? 1 : 0;
-    outcome.split += file.split;
-    if (file.isBinary) {
-      outcome.leftOver.push_back({path, u"不是文本文件"});
-    } else if (file.split > 0) {
-      outcome.leftOver.push_back({path, u"有" + DecimalText(file.split) + u"处被格式代码分开"});
-    }
-  } catch (const Interrupted&) {
-    throw;
-  } catch (const std::exception& error) {
-    outcome.leftOver.push_back(FailureOf(path, error));
-  }
-}
 
 }  // namespace
 
-FileReplaceOutcome ReplaceInFiles(const std::vector<std::filesystem::path>& files, const FindState& state,
-                                  const RegExpEngine& engine, Progress& progress) {
-  const Replacement replacement(state, engine);
-  FileReplaceOutcome outcome;
-  FileProgress fileProgress(progress, files.size());
-  auto next = files.begin();
-  try {
-    while (next != files.end()) {
-      ReplaceInFile(*next, replacement, outcome, fileProgress);
-      ++next;
-      fileProgress.FileDone();
-    }
-  } catch (const Interrupted&) {
-    // What is done is done, and the user must know of it.
-    for (; next != files.end(); ++next) {
-      outcome.leftOver.push_back({*next, u"中断时还没有替换"});
-      ++outcome.untouchedFiles;
-    }
-  }
-  return outcome;
+std::size_t FileReplaceOutcome::Places() const {
+  return std::accumulate(changed.begin(), changed.end(), std::size_t{0},
+                         [](std::size_t sum, const Changed& file) { return sum + file.places; });
+}
+
+FileReplaceOutcome CarryOut(const ReplacePlan& plan, const ReplaceRule& rule, const std::filesystem::path& keepIn,
+                            Progress& progress) {
+  return Replacing(plan, rule, keepIn, progress).Run();
 }
 
 }  // namespace scrivanta

@@ -4,25 +4,30 @@
 #include <filesystem>
 #include <vector>
 
-#include "regexp/RegExp.h"
-#include "search/FindState.h"
-#include "text/FileWalk.h"
+#include "search/ReplacePlan.h"
+#include "search/ReplaceRule.h"
+#include "text/FileFailure.h"
+#include "text/Progress.h"
 
 namespace scrivanta {
 
 struct FileReplaceOutcome {
-  std::size_t changedFiles = 0;
-  std::size_t replaced = 0;           // places in all of them
-  std::size_t split = 0;              // places in rich texts that formatting parts, which stayed
-  std::vector<FileFailure> leftOver;  // files in which not all was replaced, and why
+  struct Changed {
+    std::filesystem::path path;
+    std::size_t places = 0;
+  };
+  std::vector<Changed> changed;
+  std::vector<FileFailure> leftOver;  // files in which what was planned was not done, and why
   std::size_t untouchedFiles = 0;     // of these, the ones that were not reached when the user stopped the work
+
+  std::size_t Places() const;
 };
 
-// By pattern, or plain by the lists of the texts to find and to put in their places, separated by "|". In a rich text
-// only the text of the document is replaced. A file without a match is not touched, nor is one that is no text. Throws
-// RegExpSyntaxError, ExplainedError for lists of unequal length, both before any file is touched. An interrupt ends the
-// work between two files; the outcome tells.
-FileReplaceOutcome ReplaceInFiles(const std::vector<std::filesystem::path>& files, const FindState& state,
-                                  const RegExpEngine& engine, Progress& progress);
+// Does what is ticked in a plan of the same rule. A file that holds something else by now is left over. With a folder
+// to keep in, all files are kept there as they are before the first is replaced (see KeptFiles.h). Throws NotKept, and
+// ExplainedError while somebody else keeps there: nothing is replaced then. An interrupt ends the work between two
+// files; the outcome tells.
+FileReplaceOutcome CarryOut(const ReplacePlan& plan, const ReplaceRule& rule, const std::filesystem::path& keepIn,
+                            Progress& progress);
 
 }  // namespace scrivanta

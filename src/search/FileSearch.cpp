@@ -5,6 +5,7 @@
 
 #include "regexp/MultiReplace.h"
 #include "search/FileText.h"
+#include "search/PlaceLines.h"
 #include "text/FileProgress.h"
 #include "text/LiteralFinder.h"
 
@@ -84,22 +85,10 @@ class Query {
 
 // The line of a place, cut off where it is long.
 std::u16string LineAround(std::u16string_view text, std::size_t place) {
-  const std::size_t start = place == 0 ? 0 : text.find_last_of(u"\r\n", place - 1) + 1;
-  const std::size_t end = std::min(text.find_first_of(u"\r\n", place), text.size());
-  const bool isCut = place - start > kMostBefore;
-  const std::size_t shown = isCut ? place - kMostBefore : start;
-  return (isCut ? u"…" : u"") + std::u16string(text.substr(shown, std::min(end - shown, kLongestLine)));
-}
-
-// As in a document, where every CR LF, CR and LF ends a line. In front of the LF of a CR LF is still the line that it
-// ends.
-std::size_t LineNumberAt(std::u16string_view text, std::size_t place) {
-  std::size_t number = 1;
-  for (std::size_t at = 0; at < place; ++at) {
-    const bool isReturnOfBreak = text[at] == u'\r' && at + 1 < text.size() && text[at + 1] == u'\n';
-    number += (text[at] == u'\n' || text[at] == u'\r') && !isReturnOfBreak ? 1 : 0;
-  }
-  return number;
+  const std::size_t start = BeginOfLineAt(text, place);
+  const std::size_t shown = place - start > kMostBefore ? place - kMostBefore : start;
+  const std::size_t end = std::min(EndOfLineAt(text, place), shown + kLongestLine);
+  return Ending(text.substr(start, place - start), kMostBefore).append(text.substr(place, end - place));
 }
 
 void SearchFile(const std::filesystem::path& path, const Query& query, FileSearchResult& result, Progress& progress) {
@@ -115,7 +104,7 @@ void SearchFile(const std::filesystem::path& path, const Query& query, FileSearc
     result.haveNot.push_back(path);
     return;
   }
-  result.have.push_back({path, matches, LineNumberAt(text, first), LineAround(text, first)});
+  result.have.push_back({path, matches, LineCounter(text).NumberAt(first), LineAround(text, first)});
 }
 
 }  // namespace

@@ -36,6 +36,7 @@ std::optional<FileText> ReadFileText(const std::filesystem::path& path) {
   }
   std::string bytes = ReadWholeFile(path);
   FileText file;
+  file.content = FingerprintOf(bytes);
   if (IsRichTextPath(TextOfPath(path)) && bytes.starts_with("{\\rtf")) {
     file.rtf = std::move(bytes);
     file.text = RtfText(file.rtf).text();

@@ -7,7 +7,7 @@
 #include <string>
 
 #include "text/DocumentFormat.h"
-#include "text/Progress.h"
+#include "text/Fingerprint.h"
 
 namespace scrivanta {
 
@@ -15,6 +15,7 @@ struct FileText {
   std::string rtf;      // the bytes of a rich text; empty for any other file
   std::u16string text;  // as a document shows it; a file of mixed line ends as it stands
   DocumentFormat format;
+  Fingerprint content;  // of all the bytes
 };
 
 // A larger one would take several times as much memory: it is refused, unless its beginning shows that it is binary.

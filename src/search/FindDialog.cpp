@@ -16,6 +16,7 @@
 #include "search/FindPlaces.h"
 #include "search/FindTokens.h"
 #include "search/Highlight.h"
+#include "search/UndoFileReplace.h"
 #include "shell/workbench/FormKey.h"
 #include "shell/workbench/ReplaceSelected.h"
 #include "shell/workbench/ResultFiles.h"
@@ -376,6 +377,7 @@ std::optional<FoundFiles> FindDialog::FilesToReplaceIn(const FindView& view) {
   }
   std::erase_if(found.files, [](const std::filesystem::path& file) { return !IsFile(file); });
   DropRepeatedFiles(found.files);
+  DropFilesIn(KeptFolder(workbench_.folders()), found.files);
   return found;
 }
 
@@ -395,32 +397,42 @@ void FindDialog::ReplaceInFiles(FindView& view) {
                  .systemModal = true});
     return;
   }
-  const Answer answer =
-      prompts.Ask({.text = u"将在" + DecimalText(found->files.size()) + u"个文件中替换，不可逆转！！\n是否继续？",
-                   .buttons = Buttons::kYesNo,
-                   .icon = Icon::kWarning,
-                   .defaultAnswer = Answer::kNo,
-                   .systemModal = true});
-  if (answer != Answer::kYes) {
-    return;
+  const ReplaceRule rule(state_, workbench_.regExpEngine());
+  ReplacePlan plan = PlanOf(*found, rule);
+  if (!plan.files.empty()) {
+    ReplacePreview preview(workbench_, plan);
+    view.ShowPreview(preview);
+    if (!preview.isAccepted()) {
+      return;
+    }
   }
   FileReplaceOutcome outcome;
   {
     const auto work = workbench_.StartWork();
-    outcome = scrivanta::ReplaceInFiles(found->files, state_, workbench_.regExpEngine(), work->progress());
+    outcome = CarryOut(plan, rule, KeptFolder(workbench_.folders()), work->progress());
   }
-  outcome.leftOver.insert(outcome.leftOver.end(), found->failures.begin(), found->failures.end());
-  ReportReplacedInFiles(outcome);
+  outcome.leftOver.insert(outcome.leftOver.end(), plan.failures.begin(), plan.failures.end());
+  ReportReplacedInFiles(outcome, plan.split);
 }
 
-void FindDialog::ReportReplacedInFiles(const FileReplaceOutcome& outcome) {
+ReplacePlan FindDialog::PlanOf(const FoundFiles& found, const ReplaceRule& rule) {
+  const auto work = workbench_.StartWork();
+  ReplacePlan plan = PlanReplacement(found.files, rule, work->progress());
+  for (const std::filesystem::path& binary : plan.binaries) {
+    plan.failures.push_back({binary, u"不是文本文件"});
+  }
+  plan.failures.insert(plan.failures.end(), found.failures.begin(), found.failures.end());
+  return plan;
+}
+
+void FindDialog::ReportReplacedInFiles(const FileReplaceOutcome& outcome, std::size_t split) {
   std::u16string status =
-      u"已在" + DecimalText(outcome.changedFiles) + u"个文件中替换" + DecimalText(outcome.replaced) + u"处";
-  if (outcome.split > 0) {
-    status += SplitRemark(outcome.split);
+      u"已在" + DecimalText(outcome.changed.size()) + u"个文件中替换" + DecimalText(outcome.Places()) + u"处";
+  if (split > 0) {
+    status += SplitRemark(split);
   }
   workbench_.ShowStatus(status);
-  if (outcome.replaced == 0 && outcome.leftOver.empty()) {
+  if (outcome.changed.empty() && outcome.leftOver.empty()) {
     SayNotFound(workbench_.prompts());
     return;
   }

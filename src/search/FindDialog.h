@@ -10,6 +10,7 @@
 #include "search/ComboHistory.h"
 #include "search/FileReplace.h"
 #include "search/FindState.h"
+#include "search/ReplacePreview.h"
 #include "shell/workbench/DialogPlace.h"
 #include "shell/workbench/Workbench.h"
 #include "text/FileWalk.h"
@@ -35,6 +36,9 @@ class FindView : public Interface {
   virtual std::u16string DropBox() const = 0;  // RichTextBox1
   virtual void SetDropBox(const std::u16string& text) = 0;
   virtual void SetReplaceTip(const std::u16string& tip) = 0;
+
+  // Shows what would be replaced in files until the user agrees or closes the window.
+  virtual void ShowPreview(ReplacePreview& preview) = 0;
 
   virtual DialogPlace Place() const = 0;
   virtual void SetPlace(const DialogPlace& place) = 0;
@@ -82,7 +86,8 @@ class FindDialog {
   std::optional<std::u16string> ReplacementOfSelection();
   std::vector<std::filesystem::path> DroppedFiles(const FindView& view) const;
   std::optional<FoundFiles> FilesToReplaceIn(const FindView& view);
-  void ReportReplacedInFiles(const FileReplaceOutcome& outcome);
+  ReplacePlan PlanOf(const FoundFiles& found, const ReplaceRule& rule);
+  void ReportReplacedInFiles(const FileReplaceOutcome& outcome, std::size_t split);
 
   Workbench& workbench_;
   FindState& state_;

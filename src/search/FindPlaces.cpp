@@ -27,27 +27,14 @@ std::vector<TextRange> FindPlaces(std::u16string_view text, const FindState& sta
   return places;
 }
 
-std::vector<RtfText::Replacement> FindReplacements(std::u16string_view text, const FindState& state,
-                                                   const RegExpEngine& engine, Progress& progress) {
-  std::vector<RtfText::Replacement> replacements;
-  if (state.isRegExp) {
-    const RegExpReplacer replacer(engine, state.findText, state.replacement,
-                                  {.ignoreCase = !state.matchesCase, .multiLine = true});
-    replacer.regExp().Scan(
-        text, 0,
-        [&](const RegExpMatch& match) {
-          std::u16string replacement;
-          replacer.AppendReplacement(replacement, text, match);
-          replacements.push_back({match.start, match.value.size(), std::move(replacement)});
-          return true;
-        },
-        progress);
-    return replacements;
+TextEdits FindReplacements(std::u16string_view text, const FindState& state, const RegExpEngine& engine,
+                           Progress& progress) {
+  if (!state.isRegExp) {
+    return EditsOf(text, LiteralFinder(state.findText, !state.matchesCase), state.replacement, progress);
   }
-  for (const TextRange& place : FindPlaces(text, state, engine, progress)) {
-    replacements.push_back({place.start.value, place.length, state.replacement});
-  }
-  return replacements;
+  const RegExpReplacer replacer(engine, state.findText, state.replacement,
+                                {.ignoreCase = !state.matchesCase, .multiLine = true});
+  return EditsOf(text, replacer, MatchesTaken::kAll, progress);
 }
 
 std::u16string WholeLinePattern(std::u16string_view find) {

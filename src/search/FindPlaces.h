@@ -6,8 +6,8 @@
 #include <vector>
 
 #include "regexp/RegExp.h"
-#include "rtf/RtfText.h"
 #include "search/FindState.h"
+#include "search/TextEdits.h"
 #include "shell/workbench/Editor.h"
 
 namespace scrivanta {
@@ -18,8 +18,8 @@ std::vector<TextRange> FindPlaces(std::u16string_view text, const FindState& sta
                                   Progress& progress);
 
 // The same, each with what is to take its place.
-std::vector<RtfText::Replacement> FindReplacements(std::u16string_view text, const FindState& state,
-                                                   const RegExpEngine& engine, Progress& progress);
+TextEdits FindReplacements(std::u16string_view text, const FindState& state, const RegExpEngine& engine,
+                           Progress& progress);
 
 // The pattern of a whole line that contains a plain text.
 std::u16string WholeLinePattern(std::u16string_view find);

@@ -6,6 +6,7 @@
 #include <shellapi.h>
 
 #include "search/FrmFindControls.h"
+#include "search/FrmReplacePreview.h"
 #include "search/ScrivantaComboBox.h"
 #include "text/win/WideText.h"
 #include "win/DroppedFiles.h"
@@ -19,6 +20,18 @@ namespace {
 void PointRegistryEditorAt(const std::u16string& key) {
   WriteRegistryText(u"Software\\Microsoft\\Windows\\CurrentVersion\\Applets\\Regedit", u"LastKey", key);
 }
+
+// A dialog over the find window disables that one alone: commands could still be given in the main window.
+class DisabledWindow {
+ public:
+  explicit DisabledWindow(HWND window) : window_(window) { EnableWindow(window_, FALSE); }
+  DisabledWindow(const DisabledWindow&) = delete;
+  DisabledWindow& operator=(const DisabledWindow&) = delete;
+  ~DisabledWindow() { EnableWindow(window_, TRUE); }
+
+ private:
+  HWND window_;
+};
 
 }  // namespace
 
@@ -231,6 +244,12 @@ void FrmFind::SetDropBox(const std::u16string& text) {
 
 void FrmFind::SetReplaceTip(const std::u16string& tip) {
   SetToolTip(Combo2, tip);
+}
+
+void FrmFind::ShowPreview(ReplacePreview& preview) {
+  FrmReplacePreview window(host(), preview);
+  const DisabledWindow mainWindow(GetWindow(handle(), GW_OWNER));
+  window.ShowModal(handle());
 }
 
 DialogPlace FrmFind::Place() const {

@@ -44,6 +44,7 @@ class FrmFind final : public Dialog, private FindView {
   std::u16string DropBox() const override;
   void SetDropBox(const std::u16string& text) override;
   void SetReplaceTip(const std::u16string& tip) override;
+  void ShowPreview(ReplacePreview& preview) override;
   DialogPlace Place() const override;
   void SetPlace(const DialogPlace& place) override;
 

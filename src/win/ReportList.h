@@ -7,6 +7,7 @@
 #include <commctrl.h>
 
 #include <cstddef>
+#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
@@ -27,13 +28,25 @@ class ReportList {
   void Show(std::vector<ReportRow> rows);
   // The row that is chosen, from 0.
   std::optional<std::size_t> Chosen() const;
+  // Puts a box with a tick before each row. The rows are toggled by a click on the box, and those that are chosen by
+  // the space bar; whoever toggles them draws them anew.
+  using TickOf = std::function<bool(std::size_t row)>;
+  using Toggle = std::function<void(const std::vector<std::size_t>& rows)>;
+  void ShowTicks(TickOf tickOf, Toggle toggle);
+  void Redraw();
   // Takes a WM_NOTIFY of the dialog; true when it was this list asking for a text.
   bool OnNotify(LPARAM notification);
 
  private:
+  void AnswerAsked(LVITEMW& item);
+  void ToggleClicked(const NMITEMACTIVATE& click);
+  void ToggleChosen();
+
   HWND control_ = nullptr;
   std::vector<ReportRow> rows_;
   std::wstring shown_;  // the text that was asked for last
+  TickOf tickOf_;
+  Toggle toggle_;
 };
 
 }  // namespace scrivanta

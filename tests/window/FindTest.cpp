@@ -1,8 +1,14 @@
 // The find dialog as a person uses it.
+#include <windows.h>
+
+#include <commctrl.h>
+
 #include <array>
 
 #include "search/FrmFindControls.h"
+#include "search/FrmReplacePreviewControls.h"
 #include "win/Handles.h"
+#include "window/driver/LeftBehind.h"
 #include "window/driver/StoredSettings.h"
 #include "window/driver/WindowProbe.h"
 #include "window/driver/WindowTest.h"
@@ -24,6 +30,28 @@ class FindTest : public WindowTest {
   DialogDriver Open() {
     app.Menu("mnuFind");
     return app.ExpectDialog(u"查找");
+  }
+
+  DialogDriver Preview() { return app.ExpectDialog(u"在文件中替换：预览"); }
+
+  static Message ReplaceQuestion(const std::u16string& files, const std::u16string& places) {
+    return {.text = u"将在" + files + u"个文件中替换" + places +
+                    u"处。替换前的文件会留到下一次替换，在此之前可以用【撤消文件替换】还原。\n是否继续？",
+            .buttons = Buttons::kYesNo,
+            .icon = Icon::kWarning,
+            .defaultAnswer = Answer::kNo,
+            .systemModal = true};
+  }
+
+  // On the box before a row.
+  void Click(HWND list, int row) {
+    RECT icon{};
+    icon.left = LVIR_ICON;
+    Send(list, LVM_GETITEMRECT, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&icon));
+    const LPARAM place = MAKELPARAM(icon.left - 8, (icon.top + icon.bottom) / 2);
+    PostMessageW(list, WM_LBUTTONDOWN, MK_LBUTTON, place);
+    PostMessageW(list, WM_LBUTTONUP, 0, place);
+    app.Settle();
   }
 
   void ExpectSelected(TextRange range) { EXPECT_EQ(app.Editor().Selection(), range); }
@@ -321,15 +349,11 @@ TEST_F(FindTest, SearchesAndReplacesInTheFilesOfAFolder) {
   const OwnedFile lock(CreateFileW(locked.c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING, 0, nullptr));
   app.Editor().Select({});
   dialog.Press(CmdReplaceInFile);
-  const Message question{.text = u"将在4个文件中替换，不可逆转！！\n是否继续？",
-                         .buttons = Buttons::kYesNo,
-                         .icon = Icon::kWarning,
-                         .defaultAnswer = Answer::kNo,
-                         .systemModal = true};
-  app.ExpectBox(question).Answer(Answer::kNo);
+  Preview().Press(CmdReplaceTicked);
+  app.ExpectBox(ReplaceQuestion(u"3", u"4")).Answer(Answer::kNo);
   EXPECT_EQ(ReadBytes(gbk), Gbk(u"旧账\r\n另一笔旧账\r\n"));
-  dialog.Press(CmdReplaceInFile);
-  app.ExpectBox(question).Answer(Answer::kYes);
+  Preview().Press(CmdReplaceTicked);
+  app.ExpectBox(ReplaceQuestion(u"3", u"4")).Answer(Answer::kYes);
   app.ExpectBox({.text = u"没有全部替换。\n以下文件没有替换，或没有全部替换：\n" + locked.u16string() +
                          u"：没有权限，或文件正被其他程序使用",
                  .systemModal = true})
@@ -343,14 +367,67 @@ TEST_F(FindTest, SearchesAndReplacesInTheFilesOfAFolder) {
   app.DropOn(dialog.Control(RichTextBox1), {none});
   EXPECT_EQ(dialog.Text(RichTextBox1), u"``" + none.u16string());
   dialog.Type(Combo1, u"not").Type(Combo2, u"some").Press(CmdReplaceInFile);
-  app.ExpectBox({.text = u"将在1个文件中替换，不可逆转！！\n是否继续？",
-                 .buttons = Buttons::kYesNo,
-                 .icon = Icon::kWarning,
-                 .defaultAnswer = Answer::kNo,
-                 .systemModal = true})
-      .Answer(Answer::kYes);
+  Preview().Press(CmdReplaceTicked);
+  app.ExpectBox(ReplaceQuestion(u"1", u"1")).Answer(Answer::kYes);
   app.ExpectBox({.text = u"已全部替换！", .systemModal = true}).Answer(Answer::kOk);
   EXPECT_EQ(ReadBytes(none), "somehing");
+}
+
+TEST_F(FindTest, ReplacesWhatIsTickedInFilesAndPutsItBack) {
+  const std::string lines = Gbk(u"旧账\r\n旧友\r\n");
+  const std::string rich = R"({\rtf1\ansi\ansicpg936 \b \'be\'c9\b0\par})";
+  const auto one = folder.Write(u"一.txt", lines);
+  const auto two = folder.Write(u"二.rtf", rich);
+  const auto three = folder.Write(u"三.txt", Utf8(u"故旧“一二三”\n"));
+  ForgetReplacedFiles();
+  StartWith(u"``" + one.u16string() + u"\r\n``" + two.u16string() + u"\r\n``" + three.u16string());
+  EXPECT_FALSE(app.MenuEntry("mnuUndoFileReplace").enabled);
+  DialogDriver dialog = Open();
+  dialog.Type(Combo1, u"旧").Type(Combo2, u"新").Press(CmdReplaceInFile);
+  DialogDriver preview = Preview();
+  EXPECT_FALSE(IsWindowEnabled(app.MainWindow()));
+  const std::u16string cells[][4] = {{u"一.txt", u"1", u"旧账", u"新账"},
+                                     {u"一.txt", u"2", u"旧友", u"新友"},
+                                     {u"二.rtf", u"1", u"旧", u"新"},
+                                     {u"三.txt", u"1", u"故旧“一二三”", u"故新“一二三”"}};
+  for (int row = 0; row < 4; ++row) {
+    for (int column = 0; column < 4; ++column) {
+      EXPECT_EQ(preview.Cell(LstPlaces, row, column), cells[row][column]);
+    }
+  }
+  // The box before the second row is clicked, the last row is toggled by the space bar, forth and back.
+  const HWND list = preview.Control(LstPlaces);
+  const auto isTicked = [list](int row) {
+    return Send(list, LVM_GETITEMSTATE, static_cast<WPARAM>(row), LVIS_STATEIMAGEMASK) == INDEXTOSTATEIMAGEMASK(2);
+  };
+  Click(list, 1);
+  EXPECT_FALSE(isTicked(1));
+  preview.ChooseRow(LstPlaces, 3);
+  Send(list, WM_KEYDOWN, VK_SPACE);
+  EXPECT_FALSE(isTicked(3));
+  EXPECT_EQ(preview.Text(LblCount), u"已勾选2个文件中的2处，共3个文件4处");
+  Send(list, WM_KEYDOWN, VK_SPACE);
+  EXPECT_TRUE(isTicked(3));
+  preview.Press(CmdReplaceTicked);
+  app.ExpectBox(ReplaceQuestion(u"3", u"3")).Answer(Answer::kYes);
+  app.ExpectBox({.text = u"已全部替换！", .systemModal = true}).Answer(Answer::kOk);
+  EXPECT_EQ(ReadBytes(one), Gbk(u"新账\r\n旧友\r\n"));
+  EXPECT_NE(ReadBytes(two), rich);
+  EXPECT_EQ(ReadBytes(three), Utf8(u"故新“一二三”\n"));
+  EXPECT_TRUE(IsWindowEnabled(app.MainWindow()));
+
+  dialog.Close();
+  app.Menu("mnuUndoFileReplace");
+  app.ExpectBox({.text = u"上次替换了3个文件。现在还原成替换之前的样子，以后又改动过的文件不动。\n是否继续？",
+                 .buttons = Buttons::kYesNo,
+                 .icon = Icon::kQuestion,
+                 .defaultAnswer = Answer::kNo})
+      .Answer(Answer::kYes);
+  app.ExpectRemark(u"已还原3个文件");
+  EXPECT_EQ(ReadBytes(one), lines);
+  EXPECT_EQ(ReadBytes(two), rich);
+  EXPECT_EQ(ReadBytes(three), Utf8(u"故旧“一二三”\n"));
+  EXPECT_FALSE(app.MenuEntry("mnuUndoFileReplace").enabled);
 }
 
 TEST_F(FindTest, FollowsThePathsInTheDocument) {

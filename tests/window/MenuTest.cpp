@@ -69,6 +69,7 @@ constexpr auto kExpectedMenu = std::to_array<ExpectedEntry>({
     {"mnuRunAllLine", u"&R 批量打开行（默认打开方式）"},
     {"mnuSep4", u"-"},
     {"mnuFindInFile", u"&F 是否能在文件、目录中找到"},
+    {"mnuUndoFileReplace", u"&U 撤消文件替换..."},
     {"mnuSep00", u"-"},
     {"mnuRegTest", u"&H 正则表达式测试"},
     {"mnuRegGet", u"&I 正则表达式过滤"},

@@ -41,7 +41,7 @@ std::u16string WhyUnavailable(const CommandTable& commands, std::string_view con
       return std::u16string(want.reason);
     }
   }
-  return u"现在不能用";
+  return std::u16string(commands.Find(controlName)->lacks);
 }
 
 }  // namespace scrivanta

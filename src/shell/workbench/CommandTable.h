@@ -25,6 +25,7 @@ struct WorkbenchState {
 struct Command {
   std::function<void(Workbench&)> handler;
   std::function<bool(const WorkbenchState&)> available = nullptr;  // always, when there is none
+  std::u16string_view lacks = u"现在不能用";                       // why not, where the state alone does not tell
 };
 
 class CommandTable {

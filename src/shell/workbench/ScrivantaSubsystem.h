@@ -38,6 +38,7 @@ struct SubsystemHost {
   CommandTable& commands;
   EditBox& editBox;
   SubsystemServices& services;
+  const Folders& folders;
   // Both are asked for when a window opens: the edit box has another window after each change of the whole text.
   std::function<HWND()> mainWindow;
   std::function<HWND()> editBoxWindow;

@@ -100,5 +100,65 @@ TEST(DownloadList, ListsEachAddressOnce) {
   EXPECT_EQ(RunBatchOn("", {"download-list", Argument(folder.Put("c", "x"))}).status, 1);
 }
 
+TEST(ReplaceInFiles, ListsReplacesAndPutsBack) {
+  TemporaryFolder folder;
+  std::filesystem::create_directory(folder.path() / "sub");
+  const auto one = folder.Put("1.txt", "x\n\xD6\xD0 a\n");
+  const auto two = folder.Put("sub/2.txt", "a");
+  const auto log = folder.Put("3.log", "a");
+  folder.Put("4.txt", std::string("a\0\0", 3));
+  const std::string all = Argument(folder.path());
+  const std::string kept = Argument(folder.path() / "kept");
+  std::vector<std::string> replace = {"multi-replace", "--in-files", "--find",      "A|x",    "--replace", "b|y",
+                                      "--ignore-case", "--files",    "*.txt;*.bak", "--undo", kept,        all};
+  replace.insert(replace.end() - 1, "--dry-run");
+  const BatchResult listed = RunBatchOn("", replace);
+  EXPECT_EQ(listed.status, 0) << listed.errors;
+  EXPECT_EQ(listed.output,
+            Argument(one) + ":1\r\n- x\r\n+ y\r\n" + Argument(one) + ":2\r\n- \xD6\xD0 a\r\n+ \xD6\xD0 b\r\n");
+  EXPECT_EQ(listed.errors, "scrivanta-batch: passed over because they are no text: 1 files\n");
+  EXPECT_EQ(ReadWholeFile(one), "x\n\xD6\xD0 a\n");
+
+  std::replace(replace.begin(), replace.end(), std::string("--dry-run"), std::string("--recursive"));
+  const BatchResult replaced = RunBatchOn("", replace);
+  EXPECT_EQ(replaced.status, 0) << replaced.errors;
+  EXPECT_EQ(replaced.output, "2\t" + Argument(one) + "\r\n1\t" + Argument(two) + "\r\n");
+  EXPECT_EQ(ReadWholeFile(one), "y\n\xD6\xD0 b\n");
+  EXPECT_EQ(ReadWholeFile(two), "b");
+  EXPECT_EQ(ReadWholeFile(log), "a");
+  EXPECT_EQ(RunBatchOn("", replace).status, 1) << "what is kept is none of the files";
+
+  folder.Put("sub/2.txt", "c");
+  const BatchResult back = RunBatchOn("", {"multi-replace", "--undo", kept});
+  EXPECT_EQ(back.status, 3);
+  EXPECT_EQ(back.output, "put back 1 files\r\n");
+  EXPECT_EQ(back.errors, "scrivanta-batch: " + Argument(two) + ": it has been changed since\n");
+  EXPECT_EQ(ReadWholeFile(one), "x\n\xD6\xD0 a\n");
+  EXPECT_EQ(ReadWholeFile(two), "c");
+}
+
+TEST(ReplaceInFiles, TakesPatternsAndSaysWhatCannotBeUsed) {
+  TemporaryFolder folder;
+  const auto file = folder.Put("[a,b].txt", "aa\n^aa\n");
+  EXPECT_EQ(RunBatchOn("", {"regexp-replace", "--in-files", "--pattern", "^(a)", "--replacement", "\\1-",
+                            "--first-only", Argument(file), Argument(file)})
+                .output,
+            "1\t" + Argument(file) + "\r\n");
+  EXPECT_EQ(ReadWholeFile(file), "a-a\n^aa\n");
+  const std::string all = Argument(folder.path());
+  for (const std::vector<std::string>& unusable :
+       {std::vector<std::string>{"multi-replace", "--in-files", "--find", "a|b", "--replace", "c", all},
+        {"multi-replace", "--in-files", "--find", "a", "--replace", "c"},
+        {"multi-replace", "--in-files", "--find", "a", all},
+        {"multi-replace", "--in-files", all},
+        {"multi-replace", "--find", "a", "--replace", "b", "--dry-run", Argument(file)},
+        {"multi-replace", "--find", "a", "--replace", "b", Argument(file), all},
+        {"multi-replace", "--undo", all, all},
+        {"regexp-replace", "--in-files", "--pattern", "(", "--replacement", "", all}}) {
+    EXPECT_EQ(RunBatchOn("", unusable).status, 2) << unusable.back();
+  }
+  EXPECT_EQ(RunBatchOn("", {"multi-replace", "--undo", all}).status, 1) << "nothing is kept there";
+}
+
 }  // namespace
 }  // namespace scrivanta::testing

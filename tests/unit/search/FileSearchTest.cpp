@@ -1,7 +1,6 @@
 #include <gtest/gtest.h>
 #include <unistd.h>
 
-#include "search/FileReplace.h"
 #include "search/FileSearch.h"
 #include "search/FileText.h"
 #include "support/ScriptedWorkbench.h"
@@ -77,25 +76,6 @@ TEST(FileSearch, NamesTheFolderAndTheFileThatMayNotBeRead) {
     EXPECT_EQ(failure.path.stem(), "closed");
     EXPECT_EQ(failure.reason, u"没有权限，或文件正被其他程序使用");
   }
-}
-
-TEST(FileReplace, TellsWhatIsDoneWhenItIsStopped) {
-  testing::TemporaryFolder folder;
-  const std::vector files = {folder.Put("1.txt", "a"), folder.Put("2.txt", "a"), folder.Put("3.txt", "a")};
-  class StopsAfterTheFirst final : public Progress {
-    void Report(std::uint64_t done, std::uint64_t) override {
-      if (done == 1) {
-        throw Interrupted();
-      }
-    }
-  } progress;
-  const FindState state{.findText = u"a", .replacement = u"b"};
-  const FileReplaceOutcome outcome = ReplaceInFiles(files, state, BuiltInRegExpEngine(), progress);
-  EXPECT_EQ(outcome.changedFiles, 1U);
-  EXPECT_EQ(outcome.untouchedFiles, 2U);
-  EXPECT_EQ(outcome.leftOver.size(), 2U);
-  EXPECT_EQ(ReadWholeFile(files[0]), "b");
-  EXPECT_EQ(ReadWholeFile(files[1]), "a");
 }
 
 }  // namespace

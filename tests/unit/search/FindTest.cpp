@@ -143,6 +143,19 @@ class ScriptedFindView final : public FindView {
   std::u16string DropBox() const override { return drop; }
   void SetDropBox(const std::u16string& text) override { drop = text; }
   void SetReplaceTip(const std::u16string& text) override { tip = text; }
+  // The user agrees to the whole of it.
+  void ShowPreview(ReplacePreview& preview) override {
+    class : public PreviewView {
+      void ShowFolder(const std::u16string&) override {}
+      void ShowRows(const std::vector<PreviewRow>&) override {}
+      void ShowTicks() override {}
+      void ShowCount(const std::u16string&) override {}
+      void EnableReplace(bool) override {}
+      void Leave() override {}
+    } window;
+    preview.Open(window);
+    preview.Replace(window);
+  }
   DialogPlace Place() const override { return place; }
   void SetPlace(const DialogPlace& newPlace) override { place = newPlace; }
 
@@ -481,7 +494,7 @@ TEST_F(FindDialogTest, ReplacesListsInFilesAndTellsWhatIsLeft) {
   workbench.prompts().Will(Answer::kYes);
   dialog.ReplaceInFiles(view);
   EXPECT_EQ(workbench.prompts().messages[workbench.prompts().messages.size() - 2].text,
-            u"将在4个文件中替换，不可逆转！！\n是否继续？");
+            u"将在2个文件中替换3处。替换前的文件会留到下一次替换，在此之前可以用【撤消文件替换】还原。\n是否继续？");
   EXPECT_EQ(workbench.prompts().messages.back().text, u"没有全部替换。\n以下文件没有替换，或没有全部替换：\n" +
                                                           rich.u16string() + u"：有1处被格式代码分开\n" +
                                                           binary.u16string() + u"：不是文本文件");
@@ -491,7 +504,6 @@ TEST_F(FindDialogTest, ReplacesListsInFilesAndTellsWhatIsLeft) {
   // Nothing is left, and there was nothing.
   workbench.editor().Open(u"``" + (folder.path() / "4.txt").u16string());
   view.drop.clear();
-  workbench.prompts().Will(Answer::kYes);
   dialog.ReplaceInFiles(view);
   EXPECT_EQ(workbench.prompts().messages.back().text, u"未找到结果");
 }

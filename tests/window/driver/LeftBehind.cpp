@@ -2,6 +2,7 @@
 
 #include <filesystem>
 
+#include "search/UndoFileReplace.h"
 #include "shell/window/ScrivantaDesktop.h"
 #include "text/Bytes.h"
 #include "window/driver/Wait.h"
@@ -60,6 +61,11 @@ std::filesystem::path NotesFolder() {
 void ForgetNotes() {
   std::error_code inUse;
   std::filesystem::remove_all(NotesFolder(), inUse);
+}
+
+void ForgetReplacedFiles() {
+  std::error_code error;
+  std::filesystem::remove_all(KeptFolder(FindFolders(FindIniFile())), error);
 }
 
 }  // namespace scrivanta

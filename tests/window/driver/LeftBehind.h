@@ -1,4 +1,5 @@
-// What instances of the program keep beside their settings, alive or dead: snapshots of their documents, and notes.
+// What instances of the program keep beside their settings, alive or dead: snapshots of their documents, notes, and
+// files as they were.
 #pragma once
 
 #include <filesystem>
@@ -20,5 +21,8 @@ void ForgetSnapshots();
 // Of the floating notes, which all instances share.
 std::filesystem::path NotesFolder();
 void ForgetNotes();
+
+// As on a machine where nothing has been replaced in files.
+void ForgetReplacedFiles();
 
 }  // namespace scrivanta
