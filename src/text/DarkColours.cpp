@@ -1,5 +1,6 @@
 #include "text/DarkColours.h"
 
+#include <array>
 #include <cmath>
 
 namespace scrivanta {
@@ -20,14 +21,27 @@ float Brightness(const Colour& colour) {
   return std::sqrt(kOfRed * square(colour.red) + kOfGreen * square(colour.green) + kOfBlue * square(colour.blue));
 }
 
+constexpr std::uint32_t kByte = 0xFF;
+constexpr std::uint32_t kColour = 0xFFFFFF;
+
 std::uint32_t DarkPixel(std::uint32_t pixel) {
   constexpr unsigned kRed = 16;
   constexpr unsigned kGreen = 8;
-  constexpr std::uint32_t kByte = 0xFF;
   const auto part = [pixel](unsigned shift) { return static_cast<int>((pixel >> shift) & kByte); };
   const Colour dark = DarkColour({part(kRed), part(kGreen), part(0)});
   return (static_cast<std::uint32_t>(dark.red) << kRed) | (static_cast<std::uint32_t>(dark.green) << kGreen) |
          static_cast<std::uint32_t>(dark.blue);
+}
+
+// What of each byte makes a grey.
+constexpr std::uint32_t kGrey = 0x010101;
+
+std::array<std::uint32_t, kByte + 1> DarkGreys() {
+  std::array<std::uint32_t, kByte + 1> greys{};
+  for (std::uint32_t grey = 0; grey <= kByte; ++grey) {
+    greys[grey] = DarkPixel(grey * kGrey);
+  }
+  return greys;
 }
 
 }  // namespace
@@ -47,16 +61,23 @@ Colour DarkColour(const Colour& light) {
   return each([share = (after - before) / (kMost - before)](float part) { return part + (kMost - part) * share; });
 }
 
-// Most pixels are like the one before them.
+// Most pixels are grey, and of the others most are like the one before them.
 void DarkenPixels(std::span<std::uint32_t> pixels) {
+  static const std::array<std::uint32_t, kByte + 1> kGreys = DarkGreys();
   std::uint32_t before = 0;
-  std::uint32_t after = DarkPixel(before);
+  std::uint32_t after = kGreys[0];
   for (std::uint32_t& pixel : pixels) {
-    if (pixel != before) {
-      before = pixel;
-      after = DarkPixel(before);
+    const std::uint32_t colour = pixel & kColour;
+    const std::uint32_t grey = pixel & kByte;
+    if (colour == grey * kGrey) {
+      pixel = kGreys[grey];
+    } else {
+      if (colour != before) {
+        before = colour;
+        after = DarkPixel(before);
+      }
+      pixel = after;
     }
-    pixel = after;
   }
 }
 

@@ -17,7 +17,7 @@ struct Colour {
 
 Colour DarkColour(const Colour& light);
 
-// The same with every pixel of a picture, 0x00RRGGBB each.
+// The same with every pixel of a picture, 0xRRGGBB each; what stands above that goes.
 void DarkenPixels(std::span<std::uint32_t> pixels);
 
 }  // namespace scrivanta

@@ -18,17 +18,16 @@ namespace scrivanta {
 namespace {
 
 constexpr UINT_PTR kSubclassId = 1;
-// Of a pixel that nothing has been drawn on: no drawing sets the highest byte.
-constexpr std::uint32_t kUntouched = 0xFF000000;
+// The highest byte of a pixel that nothing has been drawn on: no drawing leaves such a one.
+constexpr std::uint32_t kUntouched = 0x5A000000;
+constexpr std::uint32_t kHighest = 0xFF000000;
 
 constexpr wchar_t kRichEdit[] = L"RICHEDIT50W";
 
 enum class Kind {
   kPicture,  // draws itself when it is told to
   kFrame,    // only a frame around others, on the ground of the window
-  kList,     // has colours of its own, as the next
-  kTree,
-  kOther,  // asks its parent for colours
+  kOther,    // asks its parent for colours
 };
 
 bool IsClass(HWND control, const wchar_t* name) {
@@ -39,15 +38,10 @@ bool IsClass(HWND control, const wchar_t* name) {
 }
 
 Kind KindOf(HWND control) {
-  constexpr std::array kPictures = {kRichEdit, STATUSCLASSNAMEW, PROGRESS_CLASSW, WC_HEADERW};
-  if (IsClass(control, WC_BUTTONW)) {
-    return (GetWindowLongPtrW(control, GWL_STYLE) & BS_TYPEMASK) == BS_GROUPBOX ? Kind::kFrame : Kind::kPicture;
-  }
-  if (IsClass(control, WC_LISTVIEWW)) {
-    return Kind::kList;
-  }
-  if (IsClass(control, WC_TREEVIEWW)) {
-    return Kind::kTree;
+  constexpr std::array kPictures = {kRichEdit,  WC_BUTTONW,   WC_COMBOBOXW,    WC_LISTVIEWW,
+                                    WC_HEADERW, WC_TREEVIEWW, PROGRESS_CLASSW, STATUSCLASSNAMEW};
+  if (IsClass(control, WC_BUTTONW) && (GetWindowLongPtrW(control, GWL_STYLE) & BS_TYPEMASK) == BS_GROUPBOX) {
+    return Kind::kFrame;
   }
   const bool isPicture = std::ranges::any_of(kPictures, [&](const wchar_t* name) { return IsClass(control, name); });
   return isPicture ? Kind::kPicture : Kind::kOther;
@@ -109,14 +103,11 @@ void Colours::Dress(HWND window) {
 }
 
 void Colours::DressControl(HWND control) {
-  const Kind kind = KindOf(control);
-  if (kind == Kind::kPicture || kind == Kind::kFrame) {
-    SetWindowSubclass(control, kind == Kind::kFrame ? &FrameProcedure : &PictureProcedure, kSubclassId,
-                      reinterpret_cast<DWORD_PTR>(this));
-  }
+  SetWindowSubclass(control, &ControlProcedure, static_cast<UINT_PTR>(KindOf(control)),
+                    reinterpret_cast<DWORD_PTR>(this));
 }
 
-// Title and scroll bars are the system's, and so are the colours that a list is told.
+// Title and scroll bars are the system's.
 void Colours::Recolour(HWND window) {
   ShowTitleDark(window, isDark_);
   DressMenuBar(window);
@@ -136,25 +127,10 @@ void Colours::DressMenuBar(HWND window) {
   }
 }
 
+// Not those of a list or a tree: the same theme has the colours of their entries.
 void Colours::RecolourControl(HWND control) const {
-  const Kind kind = KindOf(control);
-  const auto tell = [&](UINT message, int systemColour) {
-    SendMessageW(control, message, 0, static_cast<LPARAM>(Of(systemColour)));
-  };
-  if (kind == Kind::kList) {
-    tell(LVM_SETBKCOLOR, COLOR_WINDOW);
-    tell(LVM_SETTEXTBKCOLOR, COLOR_WINDOW);
-    tell(LVM_SETTEXTCOLOR, COLOR_WINDOWTEXT);
-  } else if (kind == Kind::kTree) {
-    tell(TVM_SETBKCOLOR, COLOR_WINDOW);
-    tell(TVM_SETTEXTCOLOR, COLOR_WINDOWTEXT);
-    tell(TVM_SETLINECOLOR, COLOR_WINDOWTEXT);
-  }
-  // What is drawn by the system's theme goes dark by that, but not what is made dark here.
-  if (IsClass(control, WC_EDITW) || IsClass(control, WC_COMBOBOXW)) {
-    UseDarkTheme(control, DarkTheme::kBoxes, isDark_);
-  } else if ((kind != Kind::kPicture && kind != Kind::kFrame) || IsClass(control, kRichEdit)) {
-    UseDarkTheme(control, DarkTheme::kScrollBars, isDark_);
+  if (KindOf(control) == Kind::kOther || IsClass(control, kRichEdit)) {
+    UseDarkScrollBars(control, isDark_);
   }
 }
 
@@ -229,25 +205,36 @@ LRESULT Colours::Fill(HDC context, int ground, int text) {
   return reinterpret_cast<LRESULT>(BrushOf(ground));
 }
 
-LRESULT CALLBACK Colours::PictureProcedure(HWND control, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR id,
+LRESULT CALLBACK Colours::ControlProcedure(HWND control, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR id,
                                            DWORD_PTR selfPointer) {
   auto* const self = reinterpret_cast<Colours*>(selfPointer);
   if (message == WM_NCDESTROY) {
-    RemoveWindowSubclass(control, &PictureProcedure, id);
+    RemoveWindowSubclass(control, &ControlProcedure, id);
   } else if (self->isDark_) {
-    if (message == WM_PAINT && self->Paint(control)) {
-      return 0;
-    }
-    if (message == WM_ERASEBKGND && !self->isPrinting_) {
-      return TRUE;
-    }
-    if (ChangesButton(message) && IsClass(control, WC_BUTTONW)) {
-      const LRESULT answer = DefSubclassProc(control, message, wParam, lParam);
-      InvalidateRect(control, nullptr, FALSE);
-      return answer;
-    }
+    return self->AnswerDarkControl(control, message, wParam, lParam, id);
   }
   return DefSubclassProc(control, message, wParam, lParam);
+}
+
+LRESULT Colours::AnswerDarkControl(HWND control, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR id) {
+  const auto kind = static_cast<Kind>(id);
+  if (message == WM_PAINT && kind == Kind::kFrame) {
+    PaintFrame(control);
+    return 0;
+  }
+  if (message == WM_PAINT && kind == Kind::kPicture && Paint(control)) {
+    return 0;
+  }
+  if (message == WM_ERASEBKGND && kind == Kind::kPicture && !isPrinting_) {
+    return TRUE;
+  }
+  const LRESULT answer = DefSubclassProc(control, message, wParam, lParam);
+  if (message == WM_NCPAINT) {
+    PaintEdge(control);
+  } else if (ChangesButton(message) && IsClass(control, WC_BUTTONW)) {
+    InvalidateRect(control, nullptr, FALSE);
+  }
+  return answer;
 }
 
 bool Colours::Paint(HWND control) {
@@ -276,29 +263,40 @@ bool Colours::Paint(HWND control) {
     EndPaint(control, &painting);
     return true;
   }
-  // It draws nowhere but on the screen: that is made dark where it stands.
+  PaintOver(control, region.get(), part);
+  return true;
+}
+
+// For a control that draws nowhere but on the screen: that is made dark where it stands.
+void Colours::PaintOver(HWND control, HRGN region, const RECT& part) {
+  const SIZE size{part.right - part.left, part.bottom - part.top};
+  const auto onScreen = [&](auto draw) {
+    const bool hadCaret = HideCaret(control) != FALSE;
+    {
+      const WindowDeviceContext screen(control);
+      SelectClipRgn(screen.get(), region);
+      draw(screen.get());
+    }
+    if (hadCaret) {
+      ShowCaret(control);
+    }
+  };
+  WaitForFrame();
+  // What it leaves out must not be made dark twice.
+  onScreen([&](HDC screen) { FillRect(screen, &part, GetSysColorBrush(COLOR_BTNFACE)); });
   isPrinting_ = true;
   DefSubclassProc(control, WM_PAINT, 0, 0);
   isPrinting_ = false;
-  const bool hadCaret = HideCaret(control) != FALSE;
-  {
-    const WindowDeviceContext screen(control);
-    SelectClipRgn(screen.get(), region.get());
-    BitBlt(canvas_.context(), part.left, part.top, part.right - part.left, part.bottom - part.top, screen.get(),
-           part.left, part.top, SRCCOPY);
+  onScreen([&](HDC screen) {
+    BitBlt(canvas_.context(), part.left, part.top, size.cx, size.cy, screen, part.left, part.top, SRCCOPY);
     Darken(part);
-    BitBlt(screen.get(), part.left, part.top, part.right - part.left, part.bottom - part.top, canvas_.context(),
-           part.left, part.top, SRCCOPY);
-  }
-  if (hadCaret) {
-    ShowCaret(control);
-  }
-  return true;
+    BitBlt(screen, part.left, part.top, size.cx, size.cy, canvas_.context(), part.left, part.top, SRCCOPY);
+  });
 }
 
 bool Colours::IsUntouched(const RECT& part) {
   return std::ranges::all_of(canvas_.Row(part.top, part.left, part.right),
-                             [](std::uint32_t pixel) { return (pixel & kUntouched) == kUntouched; });
+                             [](std::uint32_t pixel) { return (pixel & kHighest) == kUntouched; });
 }
 
 void Colours::Darken(const RECT& part) {
@@ -307,16 +305,21 @@ void Colours::Darken(const RECT& part) {
   }
 }
 
-LRESULT CALLBACK Colours::FrameProcedure(HWND control, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR id,
-                                         DWORD_PTR selfPointer) {
-  auto* const self = reinterpret_cast<Colours*>(selfPointer);
-  if (message == WM_NCDESTROY) {
-    RemoveWindowSubclass(control, &FrameProcedure, id);
-  } else if (message == WM_PAINT && self->isDark_) {
-    self->PaintFrame(control);
-    return 0;
+void Colours::PaintEdge(HWND control) {
+  const bool isSunken = (GetWindowLongPtrW(control, GWL_EXSTYLE) & WS_EX_CLIENTEDGE) != 0;
+  if (!isSunken && (GetWindowLongPtrW(control, GWL_STYLE) & WS_BORDER) == 0) {
+    return;
   }
-  return DefSubclassProc(control, message, wParam, lParam);
+  RECT edge{};
+  GetWindowRect(control, &edge);
+  OffsetRect(&edge, -edge.left, -edge.top);
+  const HDC context = GetWindowDC(control);
+  FrameRect(context, &edge, BrushOf(COLOR_BTNSHADOW));
+  if (isSunken) {
+    InflateRect(&edge, -1, -1);
+    FrameRect(context, &edge, BrushOf(COLOR_WINDOW));
+  }
+  ReleaseDC(control, context);
 }
 
 void Colours::PaintFrame(HWND control) {

@@ -37,17 +37,18 @@ class Colours {
  private:
   static LRESULT CALLBACK WindowProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR id,
                                           DWORD_PTR self);
-  static LRESULT CALLBACK PictureProcedure(HWND control, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR id,
+  static LRESULT CALLBACK ControlProcedure(HWND control, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR id,
                                            DWORD_PTR self);
-  static LRESULT CALLBACK FrameProcedure(HWND control, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR id,
-                                         DWORD_PTR self);
   LRESULT AnswerDark(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
+  LRESULT AnswerDarkControl(HWND control, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR id);
   LRESULT Fill(HDC context, int ground, int text);
   void DressControl(HWND control);
   void Recolour(HWND window);
   void RecolourControl(HWND control) const;
   bool Paint(HWND control);
+  void PaintOver(HWND control, HRGN region, const RECT& part);
   void PaintFrame(HWND control);
+  void PaintEdge(HWND control);
   bool IsUntouched(const RECT& part);
   void Darken(const RECT& part);
 

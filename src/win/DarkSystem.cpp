@@ -29,12 +29,19 @@ void ShowTitleDark(HWND window, bool isDark) {
   }
 }
 
-void UseDarkTheme(HWND control, DarkTheme theme, bool isDark) {
+void UseDarkScrollBars(HWND control, bool isDark) {
   using SetTheme = HRESULT WINAPI(HWND, const wchar_t*, const wchar_t*);
   static SetTheme* const setTheme = FindFunction<SetTheme>(L"uxtheme.dll", "SetWindowTheme");
   if (setTheme != nullptr) {
-    const wchar_t* const name = theme == DarkTheme::kBoxes ? L"DarkMode_CFD" : L"DarkMode_Explorer";
-    setTheme(control, isDark ? name : nullptr, nullptr);
+    setTheme(control, isDark ? L"DarkMode_Explorer" : nullptr, nullptr);
+  }
+}
+
+void WaitForFrame() {
+  using Flush = HRESULT WINAPI();
+  static Flush* const flush = FindFunction<Flush>(L"dwmapi.dll", "DwmFlush");
+  if (flush != nullptr) {
+    flush();
   }
 }
 

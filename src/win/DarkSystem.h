@@ -7,11 +7,10 @@ namespace scrivanta {
 
 void ShowTitleDark(HWND window, bool isDark);
 
-enum class DarkTheme {
-  kBoxes,       // of edit and combo boxes
-  kScrollBars,  // and of what else is seen around a list
-};
-void UseDarkTheme(HWND control, DarkTheme theme, bool isDark);
+void UseDarkScrollBars(HWND control, bool isDark);
+
+// Returns when the screen has just been shown anew: what is drawn and drawn over before it is shown again nobody sees.
+void WaitForFrame();
 
 // What the user has chosen for all programs.
 bool IsSystemDark();

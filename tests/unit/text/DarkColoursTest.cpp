@@ -52,7 +52,7 @@ TEST(DarkColours, AreLegibleAndKeepTheirHue) {
 }
 
 TEST(DarkColours, ArePutIntoPicturesPixelByPixel) {
-  std::vector<std::uint32_t> pixels{0xFFFFFF, 0xFFFFFF, 0x0000FF, 0xFF0000, 0xFFFFFF, 0};
+  std::vector<std::uint32_t> pixels{0xFFFFFF, 0xFFFFFF, 0x0000FF, 0xFF0000, 0xFFFFFF, 0x5A7F7F7F, 0xFF123456, 0};
   const std::vector<std::uint32_t> light = pixels;
   DarkenPixels(pixels);
   for (std::size_t i = 0; i < light.size(); ++i) {
