@@ -134,7 +134,13 @@ TEST_F(ColoursTest, FollowTheSystemUnlessTheyAreChosen) {
   const HWND box = app.Editor().window();
   TellTaste(0);
   ExpectDark(box);
-  // The menus are drawn here, and still know their access keys.
+  // The menus are drawn by the program, and still know their access keys; one system asks for them, another does not.
+  const HMENU bar = GetMenu(app.MainWindow());
+  const auto answer = [&](wchar_t key, HMENU menu) {
+    return Send(app.MainWindow(), WM_MENUCHAR, MAKEWPARAM(key, MF_POPUP), reinterpret_cast<LPARAM>(menu));
+  };
+  EXPECT_EQ(answer(L'l', bar), MAKELRESULT(4, MNC_EXECUTE));
+  EXPECT_EQ(answer(L'r', GetSubMenu(bar, 1)), MAKELRESULT(1, MNC_SELECT)) << "the first of two";
   app.Press("Alt+L");
   app.ChooseInPopup(u'O');
   DialogDriver dialog = app.ExpectDialog(u"选项");
