@@ -18,6 +18,8 @@ namespace scrivanta {
 namespace {
 
 constexpr UINT_PTR kSubclassId = 1;
+// Of a window, by which its colours are found.
+constexpr wchar_t kProperty[] = L"ScrivantaColours";
 // The highest byte of a pixel that nothing has been drawn on: no drawing leaves such a one.
 constexpr std::uint32_t kUntouched = 0x5A000000;
 constexpr std::uint32_t kHighest = 0xFF000000;
@@ -56,6 +58,10 @@ bool ChangesButton(UINT message) {
 
 }  // namespace
 
+Colours* Colours::OfWindow(HWND window) {
+  return static_cast<Colours*>(GetPropW(window, kProperty));
+}
+
 COLORREF Colours::Of(int systemColour) const {
   const COLORREF light = GetSysColor(systemColour);
   if (!isDark_) {
@@ -89,6 +95,7 @@ void Colours::SetDark(bool isDark) {
 
 void Colours::Dress(HWND window) {
   windows_.push_back(window);
+  SetPropW(window, kProperty, this);
   SetWindowSubclass(window, &WindowProcedure, kSubclassId, reinterpret_cast<DWORD_PTR>(this));
   EnumChildWindows(
       window,
@@ -140,6 +147,7 @@ LRESULT CALLBACK Colours::WindowProcedure(HWND window, UINT message, WPARAM wPar
   switch (message) {
     case WM_NCDESTROY:
       std::erase(self->windows_, window);
+      RemovePropW(window, kProperty);
       RemoveWindowSubclass(window, &WindowProcedure, id);
       break;
     case WM_SYSCOLORCHANGE:

@@ -21,6 +21,9 @@ class Colours {
   Colours(const Colours&) = delete;
   Colours& operator=(const Colours&) = delete;
 
+  // Those that a window was dressed with; null for windows that are not the program's own.
+  static Colours* OfWindow(HWND window);
+
   bool isDark() const noexcept { return isDark_; }
   // Every window there is follows.
   void SetDark(bool isDark);

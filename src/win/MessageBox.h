@@ -1,4 +1,4 @@
-// The platform's message box.
+// The platform's message box, in the colours of its owner.
 #pragma once
 
 #include <windows.h>

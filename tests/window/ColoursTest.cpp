@@ -123,6 +123,9 @@ TEST_F(ColoursTest, AreOfTheScreenOnlyAndNotOfTheDocument) {
   Choose(OptColours1);
   ExpectLight(box);
   Choose(OptColours2);
+  app.Open(file);
+  ASSERT_NE(app.Editor().window(), box);
+  ExpectDark(app.Editor().window());
   app.Close();  // it asks nothing
   EXPECT_EQ(app.WaitForEnd(), 0);
   EXPECT_EQ(ReadBytes(file), saved);
@@ -146,6 +149,11 @@ TEST_F(ColoursTest, FollowTheSystemUnlessTheyAreChosen) {
   DialogDriver dialog = app.ExpectDialog(u"选项");
   ExpectDark(dialog.window());
   dialog.Close();
+  app.Close();
+  MessageBoxDriver question =
+      app.ExpectBox({.text = u"是否存盘?", .buttons = Buttons::kYesNoCancel, .icon = Icon::kQuestion});
+  ExpectDark(question.window());
+  question.Answer(Answer::kCancel);
   TellTaste(1);
   ExpectLight(box);
   Choose(OptColours1);

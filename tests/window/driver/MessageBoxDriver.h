@@ -16,6 +16,7 @@ class MessageBoxDriver {
   // difference. `settle` is called when the box has been answered.
   MessageBoxDriver(DWORD processId, const Message& expected, std::function<void()> settle);
 
+  HWND window() const noexcept { return window_; }
   // Presses the button, and returns when the box has gone. Throws DriverFailure when there is no such button.
   void Answer(scrivanta::Answer answer);
   // Closes the box by its caption.
