@@ -30,6 +30,13 @@ void ReportList::Show(std::vector<ReportRow> rows) {
   InvalidateRect(control_, nullptr, TRUE);
 }
 
+void ReportList::Choose(std::size_t row) {
+  LVITEMW item{};
+  item.state = LVIS_SELECTED | LVIS_FOCUSED;
+  item.stateMask = item.state;
+  SendMessageW(control_, LVM_SETITEMSTATE, row, reinterpret_cast<LPARAM>(&item));
+}
+
 std::optional<std::size_t> ReportList::Chosen() const {
   const LRESULT row = SendMessageW(control_, LVM_GETNEXTITEM, static_cast<WPARAM>(-1), LVNI_SELECTED);
   return row < 0 ? std::nullopt : std::optional(static_cast<std::size_t>(row));

@@ -26,6 +26,7 @@ class ReportList {
   // To be called when the dialog opens.
   void Attach(HWND control, const std::vector<ReportColumn>& columns);
   void Show(std::vector<ReportRow> rows);
+  void Choose(std::size_t row);
   // The row that is chosen, from 0.
   std::optional<std::size_t> Chosen() const;
   // Puts a box with a tick before each row. The rows are toggled by a click on the box, and those that are chosen by

@@ -15,6 +15,7 @@
 #include <string_view>
 #include <vector>
 
+#include "search/FrmFindControls.h"
 #include "shell/window/FrmOptionsControls.h"
 #include "text/win/WideText.h"
 #include "window/driver/FirstRun.h"
@@ -114,6 +115,34 @@ void TakeMenuPicture(const ProgramProcess& program, char accessKey, const std::f
   WaitUntil("the menu to go", [&] { return TopWindows(program.processId(), L"#32768").empty(); });
 }
 
+// Out of the find window: the samples as the files to replace in.
+void TakePreviewPicture(const ProgramProcess& program, const std::filesystem::path& samples,
+                        const std::filesystem::path& file) {
+  program.Menu("mnuFind");
+  const HWND find =
+      WaitFor("the find window", [&] { return FindTopWindow(program.processId(), kDialogClass, u"查找"); });
+  std::wstring files;
+  for (const wchar_t* name : {L"notes.txt", L"table.txt"}) {
+    files += std::filesystem::absolute(samples / name).native() + L"\r\n";
+  }
+  const auto type = [find](int control, const std::wstring& text) {
+    SendDlgItemMessageW(find, control, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(text.c_str()));
+  };
+  type(Combo1, L"，|<制表符>");
+  type(Combo2, L"、|：");
+  type(RichTextBox1, files);
+  PostMessageW(GetDlgItem(find, CmdReplaceInFile), BM_CLICK, 0, 0);
+  const HWND preview = WaitFor(
+      "the preview", [&] { return FindTopWindow(program.processId(), kDialogClass, u"在文件中替换：预览"); });
+  program.WaitUntilDrawn();
+  WaitUntil("the preview to be drawn", [preview] { return IsDrawn(preview); });
+  TakeScreenshot(BoundsOf(preview), file);
+  for (const HWND dialog : {preview, find}) {
+    PostMessageW(dialog, WM_CLOSE, 0, 0);
+    WaitUntil("the dialog to go", [dialog] { return IsWindow(dialog) == FALSE; });
+  }
+}
+
 void TakePictures(const std::filesystem::path& samples, const std::filesystem::path& images, bool dark) {
   const ProgramProcess program(u'"' + (samples / L"notes.txt").u16string() + u'"');
   WaitUntil("the document to open", [&] { return !program.Text().empty(); });
@@ -141,6 +170,7 @@ void TakePictures(const std::filesystem::path& samples, const std::filesystem::p
     for (const DialogPicture& picture : kFurtherDialogs) {
       TakeDialogPicture(program, picture, images);
     }
+    TakePreviewPicture(program, samples, images / L"replace-preview.png");
   }
   TakeKeysPicture(program, images / L"keys.png");
   program.Close();
