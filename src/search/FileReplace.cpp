@@ -18,13 +18,9 @@ std::string BytesOf(const PlannedFile& file, const ReplaceRule& rule, Progress& 
   if (!found || found->file.content != file.content || found->edits.size() != file.ticks.size()) {
     throw ExplainedError("it has been changed since it was looked at", u"预览以后又变了");
   }
-  TextEdits edits;
-  for (std::size_t place = 0; place < file.ticks.size(); ++place) {
-    if (file.ticks[place]) {
-      edits.push_back(std::move(found->edits[place]));
-    }
-  }
-  return ReplaceRule::BytesWith(found->file, edits);
+  std::size_t place = 0;
+  std::erase_if(found->edits, [&](const TextEdit&) { return !file.ticks[place++]; });
+  return ReplaceRule::BytesWith(found->file, found->edits);
 }
 
 class Replacing {

@@ -93,9 +93,13 @@ void ReplacePreview::TickAll(PreviewView& view, bool ticked) {
 
 void ReplacePreview::ShowState(PreviewView& view) const {
   const std::size_t places = plan_.TickedPlaces();
+  std::u16string count = u"已勾选" + DecimalText(plan_.TickedFiles()) + u"个文件中的" + DecimalText(places) +
+                         u"处，共" + DecimalText(plan_.files.size()) + u"个文件" + DecimalText(plan_.Places()) + u"处";
+  if (plan_.split > 0) {
+    count += u"；另有" + DecimalText(plan_.split) + u"处被格式代码分开，不能替换";
+  }
   view.ShowTicks();
-  view.ShowCount(u"已勾选" + DecimalText(plan_.TickedFiles()) + u"个文件中的" + DecimalText(places) + u"处，共" +
-                 DecimalText(plan_.files.size()) + u"个文件" + DecimalText(plan_.Places()) + u"处");
+  view.ShowCount(count);
   view.EnableReplace(places > 0);
 }
 

@@ -132,8 +132,8 @@ void TakePreviewPicture(const ProgramProcess& program, const std::filesystem::pa
   type(Combo2, L"、|：");
   type(RichTextBox1, files);
   PostMessageW(GetDlgItem(find, CmdReplaceInFile), BM_CLICK, 0, 0);
-  const HWND preview = WaitFor(
-      "the preview", [&] { return FindTopWindow(program.processId(), kDialogClass, u"在文件中替换：预览"); });
+  const HWND preview =
+      WaitFor("the preview", [&] { return FindTopWindow(program.processId(), kDialogClass, u"在文件中替换：预览"); });
   program.WaitUntilDrawn();
   WaitUntil("the preview to be drawn", [preview] { return IsDrawn(preview); });
   TakeScreenshot(BoundsOf(preview), file);

@@ -36,6 +36,21 @@ class StopsAt final : public Progress {
   bool kills_;
 };
 
+struct RecordedPreview final : PreviewView {
+  void ShowFolder(const std::u16string& text) override { folder = text; }
+  void ShowRows(const std::vector<PreviewRow>& all) override { rows = all; }
+  void ShowTicks() override {}
+  void ShowCount(const std::u16string& text) override { count = text; }
+  void EnableReplace(bool enable) override { mayReplace = enable; }
+  void Leave() override { left = true; }
+
+  std::u16string folder;
+  std::vector<PreviewRow> rows;
+  std::u16string count;
+  bool mayReplace = false;
+  bool left = false;
+};
+
 class FileReplaceTest : public ::testing::Test {
  protected:
   ReplacePlan Plan(const std::vector<std::filesystem::path>& files, const ReplaceRule& rule, ShownPlaces most = {}) {
@@ -109,10 +124,14 @@ TEST_F(FileReplaceTest, ShowsLinesBeforeAndAfter) {
 TEST_F(FileReplaceTest, LeavesOutWhatFormattingPartsAndWhatChangesNothing) {
   const ReplaceRule rule({.findText = u"cat|dog", .replacement = u"CAT|dog"}, BuiltInRegExpEngine());
   const auto rich = folder.Put("2.rtf", "{\\rtf1\\ansi CAT cat c\\b a\\b0 t dog\\par}");
-  const ReplacePlan plan = Plan({rich}, rule);
+  ReplacePlan plan = Plan({rich}, rule);
   ASSERT_EQ(plan.Places(), 1U);
   EXPECT_EQ(plan.split, 1U);
   EXPECT_EQ(plan.failures.at(0).reason, u"有1处被格式代码分开");
+  testing::ScriptedWorkbench workbench;
+  RecordedPreview view;
+  ReplacePreview(workbench, plan).Open(view);
+  EXPECT_EQ(view.count, u"已勾选1个文件中的1处，共1个文件1处；另有1处被格式代码分开，不能替换");
   EXPECT_TRUE(CarryOut(plan, rule, {}, none).leftOver.empty());
   EXPECT_EQ(Read(rich), "{\\rtf1\\ansi CAT CAT c\\b a\\b0 t dog\\par}");
 }
@@ -260,21 +279,6 @@ TEST_F(FileReplaceTest, HasAWayBackWheneverItIsKilled) {
     EXPECT_EQ(Read(files[0]) + Read(files[1]), "aa");
   }
 }
-
-struct RecordedPreview final : PreviewView {
-  void ShowFolder(const std::u16string& text) override { folder = text; }
-  void ShowRows(const std::vector<PreviewRow>& all) override { rows = all; }
-  void ShowTicks() override {}
-  void ShowCount(const std::u16string& text) override { count = text; }
-  void EnableReplace(bool enable) override { mayReplace = enable; }
-  void Leave() override { left = true; }
-
-  std::u16string folder;
-  std::vector<PreviewRow> rows;
-  std::u16string count;
-  bool mayReplace = false;
-  bool left = false;
-};
 
 TEST_F(FileReplaceTest, ThePreviewTakesTicksOfPlacesFilesAndAll) {
   std::filesystem::create_directory(folder.path() / "sub");
