@@ -8,6 +8,10 @@
 #include "search/FindState.h"
 #include "search/ReplaceRule.h"
 
+namespace CLI {
+class Option;
+}
+
 namespace scrivanta {
 
 class ReplaceInFiles {

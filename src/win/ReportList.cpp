@@ -84,8 +84,8 @@ void ReportList::AnswerAsked(LVITEMW& item) {
     item.pszText = shown_.data();
   }
   if ((item.mask & LVIF_STATE) != 0 && tickOf_ && row < rows_.size()) {
-    constexpr int kEmptyBox = 1;
-    constexpr int kTickedBox = 2;
+    constexpr UINT kEmptyBox = 1;
+    constexpr UINT kTickedBox = 2;
     item.state = INDEXTOSTATEIMAGEMASK(tickOf_(row) ? kTickedBox : kEmptyBox);
   }
 }
