@@ -402,7 +402,7 @@ TEST_F(FindTest, ReplacesWhatIsTickedInFilesAndPutsItBack) {
   };
   Click(list, 1);
   EXPECT_FALSE(isTicked(1));
-  preview.ChooseRow(LstPlaces, 3);
+  Send(list, WM_KEYDOWN, VK_END);
   Send(list, WM_KEYDOWN, VK_SPACE);
   EXPECT_FALSE(isTicked(3));
   EXPECT_EQ(preview.Text(LblCount), u"已勾选2个文件中的2处，共3个文件4处");
