@@ -8,7 +8,7 @@ FrmReplacePreview::FrmReplacePreview(WindowHost& host, ReplacePreview& logic)
     : Dialog(host, IDD_FRM_REPLACE_PREVIEW), logic_(logic) {}
 
 void FrmReplacePreview::OnInit() {
-  list_.Attach(Control(LstPlaces), {{u"文件", 150}, {u"行", 45}, {u"替换前", 260}, {u"替换后", 260}});
+  list_.Attach(Control(LstPlaces), {{u"文件", 140}, {u"行", 45}, {u"替换前", 250}, {u"替换后", 250}});
   list_.ShowTicks([this](std::size_t row) { return logic_.IsTicked(row); },
                   [this](const std::vector<std::size_t>& rows) { logic_.Toggle(*this, rows); });
   SetToolTip(CmdTickFile, u"勾选选中那一行所在文件的所有地方；已经全部勾选时，全部去掉");

@@ -171,7 +171,7 @@ Fingerprint Copy(const std::filesystem::path& from, ByteSink& to) {
 class CopySink final : public ByteSink {
  public:
   explicit CopySink(const std::filesystem::path& path) {
-    Do([&] { file_.emplace(path); });
+    Do([&] { file_ = std::make_unique<FileSink>(path); });
   }
   void Write(std::string_view bytes) override {
     Do([&] { file_->Write(bytes); });
@@ -192,7 +192,7 @@ class CopySink final : public ByteSink {
     }
   }
 
-  std::optional<FileSink> file_;
+  std::unique_ptr<FileSink> file_;
 };
 
 void Forget(const std::vector<KeptFile>& files) {
