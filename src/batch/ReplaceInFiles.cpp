@@ -1,5 +1,7 @@
 #include "batch/ReplaceInFiles.h"
 
+#include <algorithm>
+
 #include <CLI/CLI.hpp>
 
 #include "batch/Places.h"
@@ -11,6 +13,7 @@
 #include "text/LineText.h"
 #include "text/LineWriter.h"
 #include "text/PlatformFile.h"
+#include "text/SameFile.h"
 
 namespace scrivanta {
 
@@ -102,6 +105,9 @@ ExitStatus ReplaceInFiles::Replace(const FindState& state, PatternScope scope, B
   FoundFiles found = WalkFiles(places, FileFilter(Decode(Encoding::kUtf8, options_->filter)), context.progress,
                                {.subfolders = options_->recursive});
   DropRepeatedFiles(found.files);
+  std::erase_if(found.files, [&context](const std::filesystem::path& file) {
+    return std::ranges::any_of(context.outputFiles, [&file](const auto& output) { return IsSameFile(file, output); });
+  });
   if (!options_->undoFolder.empty()) {
     DropFilesIn(PathFromUtf8(options_->undoFolder), found.files);
   }

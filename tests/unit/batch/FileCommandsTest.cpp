@@ -127,6 +127,8 @@ TEST(ReplaceInFiles, ListsReplacesAndPutsBack) {
   EXPECT_EQ(ReadWholeFile(two), "b");
   EXPECT_EQ(ReadWholeFile(log), "a");
   EXPECT_EQ(RunBatchOn("", replace).status, 1) << "what is kept is none of the files";
+  replace.insert(replace.end(), {"-o", Argument(folder.Put("list.txt", "a"))});
+  EXPECT_EQ(RunBatchOn("", replace).status, 1) << "nor is the list that is written";
 
   folder.Put("sub/2.txt", "c");
   const BatchResult back = RunBatchOn("", {"multi-replace", "--undo", kept});
