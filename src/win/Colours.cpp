@@ -87,55 +87,55 @@ void Colours::SetDark(bool isDark) {
     return;
   }
   isDark_ = isDark;
+  brushes_.clear();
   for (const HWND window : windows_) {
     Recolour(window);
     RedrawWindow(window, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_FRAME | RDW_ALLCHILDREN);
   }
 }
 
+// As long as all is light the window is left alone: to hear its messages would cost time.
 void Colours::Dress(HWND window) {
   windows_.push_back(window);
-  SetPropW(window, kProperty, this);
-  SetWindowSubclass(window, &WindowProcedure, kSubclassId, reinterpret_cast<DWORD_PTR>(this));
-  EnumChildWindows(
-      window,
-      [](HWND control, LPARAM self) -> BOOL {
-        reinterpret_cast<Colours*>(self)->DressControl(control);
-        return TRUE;
-      },
-      reinterpret_cast<LPARAM>(this));
   if (isDark_) {
     Recolour(window);
   }
 }
 
-void Colours::DressControl(HWND control) {
-  SetWindowSubclass(control, &ControlProcedure, static_cast<UINT_PTR>(KindOf(control)),
-                    reinterpret_cast<DWORD_PTR>(this));
+void Colours::Forget(HWND window) noexcept {
+  std::erase(windows_, window);
 }
 
 // Title and scroll bars are the system's.
 void Colours::Recolour(HWND window) {
+  if (isDark_) {
+    SetPropW(window, kProperty, this);
+    SetWindowSubclass(window, &WindowProcedure, kSubclassId, reinterpret_cast<DWORD_PTR>(this));
+  }
   ShowTitleDark(window, isDark_);
   DressMenuBar(window);
   EnumChildWindows(
       window,
       [](HWND control, LPARAM self) -> BOOL {
-        reinterpret_cast<const Colours*>(self)->RecolourControl(control);
+        reinterpret_cast<Colours*>(self)->RecolourControl(control);
         return TRUE;
       },
       reinterpret_cast<LPARAM>(this));
 }
 
 void Colours::DressMenuBar(HWND window) {
-  if (const HMENU bar = GetMenu(window)) {
-    DressMenu(bar, *this);
+  const HMENU bar = GetMenu(window);
+  if (bar != nullptr && DressMenu(bar, *this)) {
     DrawMenuBar(window);
   }
 }
 
 // Not those of a list or a tree: the same theme has the colours of their entries.
-void Colours::RecolourControl(HWND control) const {
+void Colours::RecolourControl(HWND control) {
+  if (isDark_) {
+    SetWindowSubclass(control, &ControlProcedure, static_cast<UINT_PTR>(KindOf(control)),
+                      reinterpret_cast<DWORD_PTR>(this));
+  }
   if (KindOf(control) == Kind::kOther || IsClass(control, kRichEdit)) {
     UseDarkScrollBars(control, isDark_);
   }
@@ -146,7 +146,7 @@ LRESULT CALLBACK Colours::WindowProcedure(HWND window, UINT message, WPARAM wPar
   auto* const self = reinterpret_cast<Colours*>(selfPointer);
   switch (message) {
     case WM_NCDESTROY:
-      std::erase(self->windows_, window);
+      self->Forget(window);
       RemovePropW(window, kProperty);
       RemoveWindowSubclass(window, &WindowProcedure, id);
       break;
@@ -162,11 +162,8 @@ LRESULT CALLBACK Colours::WindowProcedure(HWND window, UINT message, WPARAM wPar
       return answer;
     }
     case WM_PARENTNOTIFY:
-      if (LOWORD(wParam) == WM_CREATE) {
-        self->DressControl(reinterpret_cast<HWND>(lParam));
-        if (self->isDark_) {
-          self->RecolourControl(reinterpret_cast<HWND>(lParam));
-        }
+      if (LOWORD(wParam) == WM_CREATE && self->isDark_) {
+        self->RecolourControl(reinterpret_cast<HWND>(lParam));
       }
       break;
     default:

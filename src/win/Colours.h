@@ -32,8 +32,10 @@ class Colours {
   COLORREF Of(int systemColour) const;
   HBRUSH BrushOf(int systemColour);
 
-  // Takes a window of the program in, with its controls, those that come later too. It must not outlive this.
+  // Takes a window of the program in, with its controls, those that come later too, until it goes. When it becomes
+  // dark, its controls are drawn here before others hear of it: they have to begin to listen again.
   void Dress(HWND window);
+  void Forget(HWND window) noexcept;
   // The window has a menu bar now.
   void DressMenuBar(HWND window);
 
@@ -45,9 +47,8 @@ class Colours {
   LRESULT AnswerDark(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
   LRESULT AnswerDarkControl(HWND control, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR id);
   LRESULT Fill(HDC context, int ground, int text);
-  void DressControl(HWND control);
   void Recolour(HWND window);
-  void RecolourControl(HWND control) const;
+  void RecolourControl(HWND control);
   bool Paint(HWND control);
   void PaintOver(HWND control, HRGN region, const RECT& part);
   void PaintFrame(HWND control);

@@ -183,13 +183,13 @@ std::optional<LRESULT> AnswerKey(HMENU menu, wchar_t key) {
 
 }  // namespace
 
-void DressMenu(HMENU menu, Colours& colours) {
+bool DressMenu(HMENU menu, Colours& colours) {
   MENUINFO look{};
   look.cbSize = sizeof(look);
   look.fMask = MIM_BACKGROUND;
   GetMenuInfo(menu, &look);
   if (!colours.isDark() && look.hbrBack == nullptr) {
-    return;  // it never was dark
+    return false;  // it never was dark
   }
   look.hbrBack = colours.isDark() ? colours.BrushOf(COLOR_MENU) : nullptr;
   SetMenuInfo(menu, &look);
@@ -203,6 +203,7 @@ void DressMenu(HMENU menu, Colours& colours) {
     entry.dwItemData = Pack({menu, position});
     SetMenuItemInfoW(menu, position, TRUE, &entry);
   }
+  return true;
 }
 
 void CompleteMenuBar(HWND window, Colours& colours) {

@@ -10,8 +10,9 @@ namespace scrivanta {
 
 class Colours;
 
-// Has the entries of a menu that is about to be shown drawn, or left to the system again.
-void DressMenu(HMENU menu, Colours& colours);
+// Has the entries of a menu that is about to be shown drawn, or left to the system again. False when the system
+// draws them and is to.
+bool DressMenu(HMENU menu, Colours& colours);
 
 // Draws what the system leaves light in the bar, beside the entries. After each drawing of the window's frame.
 void CompleteMenuBar(HWND window, Colours& colours);

@@ -255,6 +255,7 @@ void Dialog::ShowOwnersIcon() {
 
 void Dialog::Closed() {
   host_.loop.RemoveDialog(handle_);
+  host_.colours.Forget(handle_);
   hooks_.clear();
   toolTips_ = nullptr;
   focusOn_.reset();

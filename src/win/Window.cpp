@@ -28,6 +28,7 @@ Window::~Window() {
   if (handle_ != nullptr) {
     // The derived part is gone: what the window still says while it is destroyed is answered by the system.
     SetWindowLongPtrW(handle_, GWLP_USERDATA, 0);
+    host_.colours.Forget(handle_);
     DestroyWindow(handle_);
   }
 }
@@ -60,6 +61,7 @@ LRESULT CALLBACK Window::Procedure(HWND window, UINT message, WPARAM wParam, LPA
   }
   const LRESULT answer = self->AnswerTo(message, wParam, lParam);
   if (message == WM_NCDESTROY) {
+    self->host_.colours.Forget(window);
     SetWindowLongPtrW(window, GWLP_USERDATA, 0);
     self->handle_ = nullptr;
   }

@@ -137,6 +137,23 @@ TEST_F(ColoursTest, FollowTheSystemUnlessTheyAreChosen) {
   const HWND box = app.Editor().window();
   TellTaste(0);
   ExpectDark(box);
+  // The line numbers still follow the box.
+  app.Press("Ctrl+Shift+L");
+  app.Settle();
+  RECT before{};
+  GetWindowRect(box, &before);
+  std::u16string lines;
+  for (int line = 0; line < 1000; ++line) {
+    lines += u"\r\n";
+  }
+  app.Editor().Insert(lines);
+  WaitUntil("room for another figure", [&] {
+    RECT now{};
+    GetWindowRect(box, &now);
+    return now.left > before.left;
+  });
+  app.Menu("mnuUndo");
+  app.ExpectText(u"text");
   // The menus are drawn by the program, and still know their access keys; one system asks for them, another does not.
   const HMENU bar = GetMenu(app.MainWindow());
   const auto answer = [&](wchar_t key, HMENU menu) {
@@ -155,10 +172,10 @@ TEST_F(ColoursTest, FollowTheSystemUnlessTheyAreChosen) {
   ExpectDark(question.window());
   question.Answer(Answer::kCancel);
   TellTaste(1);
-  ExpectLight(box);
+  ExpectLight(app.Editor().window());
   Choose(OptColours1);
   TellTaste(0);
-  ExpectLight(box);
+  ExpectLight(app.Editor().window());
 }
 
 // A control that draws nowhere but on the screen.

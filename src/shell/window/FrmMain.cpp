@@ -89,14 +89,14 @@ FrmMain::FrmMain(WindowHost& host, Folders folders, Settings& settings, const Re
 
 void FrmMain::Open(std::u16string_view commandLine) {
   const DocumentArgument argument = DocumentOf(commandLine);
-  const std::filesystem::path documentPath =
-      commandLine.empty() ? ReadOptions(settings_).defaultFile : PathOfText(argument.path);
+  const Options options = ReadOptions(settings_);
+  const std::filesystem::path documentPath = commandLine.empty() ? options.defaultFile : PathOfText(argument.path);
   untitledCaption_ = NumberedCaption(kProgramTitle, TopLevelWindowTitles());
-  SetColours(ReadOptions(settings_).colours);
+  SetColours(options.colours);
   Create(windowClass_, ToWide(untitledCaption_), WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN, {0, 0, 0, 0});
   menuBar_.Create(handle());
   tray_.Create(handle(), icon_);
-  const int show = RestoreSettings();
+  const int show = RestoreSettings(options);
   RefreshState();
   ShowWindow(handle(), show);
   SetFocus(editor_.box());
@@ -112,14 +112,14 @@ void FrmMain::Open(std::u16string_view commandLine) {
   RunGuarded([this] { recovery_.OfferLeftBehind(); });
 }
 
-int FrmMain::RestoreSettings() {
+int FrmMain::RestoreSettings(const Options& options) {
   lineNumbers_.Show(ReadLineNumbers(settings_));  // before the window is laid out, when it gets its size
   std::vector<TwipRect> areas;
   std::ranges::transform(WorkAreas(), std::back_inserter(areas), &ToTwips);
   const std::optional<TwipRect> normal = ReadPlacementBeforeMaximising(settings_);
   const TwipRect placement = normal ? *normal : ReadPlacement(settings_);
   Place(handle(), FitPlacement(placement, areas), SystemDotsPerInch());
-  editor_.SetWordWrap(ReadOptions(settings_).wraps);
+  editor_.SetWordWrap(options.wraps);
   editor_.SetZoom(ReadZoom(settings_));
   return normal ? SW_SHOWMAXIMIZED : SW_SHOW;
 }
@@ -258,7 +258,14 @@ void FrmMain::OnSettingChange() {
 }
 
 void FrmMain::SetColours(ColourChoice choice) {
-  host().colours.SetDark(IsDark(choice, {.isDark = IsSystemDark(), .isHighContrast = IsHighContrast()}));
+  const bool isDark = IsDark(choice, {.isDark = IsSystemDark(), .isHighContrast = IsHighContrast()});
+  if (isDark == host().colours.isDark()) {
+    return;
+  }
+  host().colours.SetDark(isDark);
+  if (editor_.box() != nullptr) {
+    TakeUpEditBox();
+  }
 }
 
 void FrmMain::TellControls(UINT message, WPARAM wParam, LPARAM lParam) const {

@@ -25,6 +25,7 @@
 #include "shell/window/FrmMainTray.h"
 #include "shell/window/MainWindow.h"
 #include "shell/window/MenuChoice.h"
+#include "shell/window/Options.h"
 #include "shell/window/ScrivantaDesktop.h"
 #include "shell/window/StatusPanels.h"
 #include "shell/window/WindowWork.h"
@@ -114,7 +115,7 @@ class FrmMain final : public Window, public Workbench, public MainWindow, privat
   void OnSettingChange();
   void TellControls(UINT message, WPARAM wParam, LPARAM lParam) const;
   // How the window is to be shown first (SW_SHOW).
-  int RestoreSettings();
+  int RestoreSettings(const Options& options);
   void RunCommand(int commandId);
   // Runs what is no command of the menu; whatever it throws becomes one message box. False when it has thrown.
   bool RunGuarded(const std::function<void()>& action);
