@@ -15,22 +15,22 @@ namespace {
 class DressNextWindow {
  public:
   explicit DressNextWindow(Colours& colours) {
-    waiting_ = &colours;
+    waiting = &colours;
     hook_.Reset(SetWindowsHookExW(WH_CBT, &Procedure, nullptr, GetCurrentThreadId()));
   }
   DressNextWindow(const DressNextWindow&) = delete;
   DressNextWindow& operator=(const DressNextWindow&) = delete;
-  ~DressNextWindow() { waiting_ = nullptr; }
+  ~DressNextWindow() { waiting = nullptr; }
 
  private:
   static LRESULT CALLBACK Procedure(int code, WPARAM wParam, LPARAM lParam) {
-    if (code == HCBT_ACTIVATE && waiting_ != nullptr) {
-      std::exchange(waiting_, nullptr)->Dress(reinterpret_cast<HWND>(wParam));
+    if (code == HCBT_ACTIVATE && waiting != nullptr) {
+      std::exchange(waiting, nullptr)->Dress(reinterpret_cast<HWND>(wParam));
     }
     return CallNextHookEx(nullptr, code, wParam, lParam);
   }
 
-  static inline Colours* waiting_ = nullptr;
+  static inline Colours* waiting = nullptr;
   OwnedHook hook_;
 };
 
