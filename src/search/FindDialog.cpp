@@ -16,6 +16,7 @@
 #include "search/FindPlaces.h"
 #include "search/FindTokens.h"
 #include "search/Highlight.h"
+#include "search/SearchedText.h"
 #include "search/UndoFileReplace.h"
 #include "shell/workbench/FormKey.h"
 #include "shell/workbench/ReplaceSelected.h"
@@ -82,6 +83,7 @@ void FindDialog::Open(FindView& view) {
   view.SetFindBox(BoxOfText(selected.empty() ? state_.findText : selected), findHistory_.items());
   view.SetReplaceBox(BoxOfText(state_.replacement), replaceHistory_.items());
   view.SetOptions(state_.searchesUp, state_.matchesCase, state_.isRegExp);
+  view.SetInPart(false);
   view.SetDropBox(kDropHint);
   view.SetReplaceTip(state_.isRegExp ? kReplaceTip : u"");
   if (const auto place = ReadDialogPlace(workbench_.settings(), kForm)) {
@@ -97,12 +99,68 @@ void FindDialog::Reopen(FindView& view) {
 }
 
 void FindDialog::Close(const FindView& view) {
+  ConfineTo(std::nullopt);
   SaveDialogPlace(workbench_.settings(), kForm, view.Place());
 }
 
 void FindDialog::TakeOptions(FindView& view) {
   ReadOptions(view);
   view.SetReplaceTip(state_.isRegExp ? kReplaceTip : u"");
+}
+
+void FindDialog::TakePart(FindView& view) {
+  const TextRange selection = workbench_.editor().Selection();
+  const bool isWanted = view.IsInPart();
+  if (!isWanted || selection.empty()) {
+    ConfineTo(std::nullopt);
+    view.SetInPart(false);
+    if (isWanted) {
+      workbench_.prompts().Ask({.text = u"没有选中的文字。\n请先选中要在其中查找的几行，再勾选“仅在所选范围”。",
+                                .icon = Icon::kInformation,
+                                .systemModal = true});
+    }
+    return;
+  }
+  ConfineTo(selection);
+  const std::u16string selected = workbench_.editor().SelectedText();
+  const auto lines = std::ranges::count(selected, u'\n') + (selected.ends_with(kLineBreak) ? 0 : 1);
+  workbench_.ShowStatus(u"只在所选的 " + DecimalText(lines) + u" 行中查找、替换");
+}
+
+// The part stays marked while it is edited.
+void FindDialog::ConfineTo(std::optional<TextRange> part) {
+  workbench_.editor().MarkPart(part);
+  state_.isInPart = part.has_value();
+  state_.isNewSearch = true;
+}
+
+// Takes what the window holds. False when there is nothing to find, or the part to search is there no more.
+bool FindDialog::ReadToSearch(FindView& view) {
+  Read(view);
+  if (state_.isInPart && !workbench_.editor().MarkedPart()) {
+    ConfineTo(std::nullopt);
+    view.SetInPart(false);
+    workbench_.prompts().Ask(
+        {.text = u"要在其中查找的范围已经不在了，现在在全文中查找。", .icon = Icon::kInformation, .systemModal = true});
+    return false;
+  }
+  return !state_.findText.empty();
+}
+
+// What a command for all places works on: the part to search, else what is selected, else all.
+TextRange FindDialog::PartToChange() {
+  Editor& editor = workbench_.editor();
+  if (state_.isInPart) {
+    editor.SetSelection(*editor.MarkedPart());
+  }
+  return editor.Selection();
+}
+
+// Wherever the search has led, the place is seen.
+void FindDialog::ShowPlace(FindView& view) {
+  if (const auto place = workbench_.editor().SelectionOnScreen()) {
+    view.MoveOff(*place);
+  }
 }
 
 void FindDialog::ReadOptions(const FindView& view) {
@@ -147,23 +205,24 @@ void FindDialog::SaveHistories() {
 }
 
 void FindDialog::FindNext(FindView& view) {
-  Read(view);
-  scrivanta::FindNext(workbench_, state_);
+  if (ReadToSearch(view) && scrivanta::FindNext(workbench_, state_)) {
+    ShowPlace(view);
+  }
 }
 
 void FindDialog::FindPrevious(FindView& view) {
-  Read(view);
-  scrivanta::FindPrevious(workbench_, state_);
+  if (ReadToSearch(view) && scrivanta::FindPrevious(workbench_, state_)) {
+    ShowPlace(view);
+  }
 }
 
 void FindDialog::FindAll(FindView& view) {
-  Read(view);
-  if (state_.findText.empty()) {
+  if (!ReadToSearch(view)) {
     return;
   }
   auto work = workbench_.StartWork();
   const std::u16string text = workbench_.editor().Text();
-  const auto places = FindPlaces(text, state_, workbench_.regExpEngine(), work->progress());
+  const auto places = PlacesInDocument(workbench_, state_, work->progress());
   if (places.empty()) {
     SayNotFound(workbench_.prompts());
     return;
@@ -179,7 +238,9 @@ std::optional<std::u16string> FindDialog::ReplacementOfSelection() {
   const TextRange selection = editor.Selection();
   const bool isEmptyMatch =
       state_.isRegExp && !state_.isNewSearch && selection.empty() && selection.start.value == state_.lastFound;
-  if (selection.empty() && !isEmptyMatch) {
+  const std::optional<TextRange> part = state_.isInPart ? editor.MarkedPart() : std::nullopt;
+  const bool isOutside = part && (selection.start < part->start || selection.end() > part->end());
+  if ((selection.empty() && !isEmptyMatch) || isOutside) {
     return std::nullopt;
   }
   if (!state_.isRegExp) {
@@ -191,24 +252,24 @@ std::optional<std::u16string> FindDialog::ReplacementOfSelection() {
   const auto work = workbench_.StartWork();
   const RegExpReplacer replacer(workbench_.regExpEngine(), state_.findText, state_.replacement,
                                 {.ignoreCase = !state_.matchesCase, .multiLine = true});
-  const std::u16string text = editor.Text();
+  const SearchedText searched = TextToSearch(editor, state_);
   std::optional<std::u16string> replacement;
   replacer.regExp().Scan(
-      text, 0,
+      searched.text, 0,
       [&](const RegExpMatch& match) {
-        if (match.start == selection.start.value && match.value.size() == selection.length) {
+        const std::size_t start = searched.begin + match.start;
+        if (start == selection.start.value && match.value.size() == selection.length) {
           replacement.emplace();
-          replacer.AppendReplacement(*replacement, text, match);
+          replacer.AppendReplacement(*replacement, searched.text, match);
         }
-        return match.start < selection.start.value;
+        return start < selection.start.value;
       },
       work->progress());
   return replacement;
 }
 
 void FindDialog::Replace(FindView& view) {
-  Read(view);
-  if (state_.findText.empty()) {
+  if (!ReadToSearch(view)) {
     return;
   }
   Editor& editor = workbench_.editor();
@@ -223,15 +284,16 @@ void FindDialog::Replace(FindView& view) {
     state_.isNewSearch = false;
     state_.beginsAtCaret = !state_.searchesUp && !selection.empty();
   }
-  scrivanta::FindNext(workbench_, state_);
+  if (scrivanta::FindNext(workbench_, state_)) {
+    ShowPlace(view);
+  }
 }
 
 void FindDialog::ReplaceAll(FindView& view) {
-  Read(view);
-  if (state_.findText.empty()) {
+  if (!ReadToSearch(view)) {
     return;
   }
-  const TextRange selection = workbench_.editor().Selection();
+  const TextRange selection = PartToChange();
   if (view.KeepsFormatting()) {
     ReplaceAllFormatted(selection);
   } else {
@@ -295,10 +357,10 @@ void FindDialog::ReportReplaced(std::size_t replaced, std::size_t split) {
 }
 
 void FindDialog::Filter(FindView& view) {
-  Read(view);
-  if (state_.findText.empty()) {
+  if (!ReadToSearch(view)) {
     return;
   }
+  PartToChange();
   auto work = workbench_.StartWork();
   const CapturedInput input = CaptureInput(workbench_, kInputFileName, WholeTextEnd::kAsItStands);
   const std::u16string patterns = state_.isRegExp ? state_.findText : WholeLinePattern(state_.findText);

@@ -31,6 +31,8 @@ class FindView : public Interface {
   virtual bool MatchesCase() const = 0;      // ChkCapitalCheck
   virtual bool IsRegExp() const = 0;         // ChkRegExpSearch
   virtual bool KeepsFormatting() const = 0;  // ChkIncludeFormat
+  virtual bool IsInPart() const = 0;         // ChkInSelection
+  virtual void SetInPart(bool isInPart) = 0;
   virtual void SetOptions(bool searchesUp, bool matchesCase, bool isRegExp) = 0;
 
   virtual std::u16string DropBox() const = 0;  // RichTextBox1
@@ -42,6 +44,8 @@ class FindView : public Interface {
 
   virtual DialogPlace Place() const = 0;
   virtual void SetPlace(const DialogPlace& place) = 0;
+  // The window moves so that the place is seen, where there is room.
+  virtual void MoveOff(const ScreenRect& place) = 0;
 };
 
 class FindDialog {
@@ -55,6 +59,8 @@ class FindDialog {
   void Close(const FindView& view);
   // One of the options was clicked.
   void TakeOptions(FindView& view);
+  // ChkInSelection was clicked: what is selected now is the part to search and to change, until it is clicked again.
+  void TakePart(FindView& view);
 
   // The buttons. What they throw is shown by the window; the document is then as it was.
   void FindNext(FindView& view);        // CmdFindNext
@@ -79,6 +85,10 @@ class FindDialog {
   std::u16string SelectionToFind() const;
   void Read(FindView& view);
   void ReadOptions(const FindView& view);
+  bool ReadToSearch(FindView& view);
+  void ConfineTo(std::optional<TextRange> part);
+  TextRange PartToChange();
+  void ShowPlace(FindView& view);
   void SaveHistories();
   void ReplaceAllPlain(TextRange selection);
   void ReplaceAllFormatted(TextRange selection);

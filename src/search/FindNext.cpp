@@ -4,6 +4,7 @@
 
 #include "search/EditSelection.h"
 #include "search/FindPlaces.h"
+#include "search/SearchedText.h"
 #include "text/DecimalText.h"
 #include "text/LiteralFinder.h"
 
@@ -96,24 +97,6 @@ FindNextResult FindNextInText(std::u16string_view text, TextRange selection, std
   return PlainSearch(text, find, state, progress).Run(selection);
 }
 
-std::size_t FindNextInEditor(Workbench& workbench, std::u16string_view find, FindState& state) {
-  if (find.empty()) {
-    return 0;
-  }
-  Editor& editor = workbench.editor();
-  const auto work = workbench.StartWork();
-  const FindNextResult result = FindNextInText(editor.Text(), editor.Selection(), find, state, work->progress());
-  if (result.position > 0) {
-    EditSetSelection(editor, static_cast<std::ptrdiff_t>(result.position - 1),
-                     static_cast<std::ptrdiff_t>(find.size()));
-  } else if (result.occurs) {
-    EditSetSelection(editor, static_cast<std::ptrdiff_t>(result.caret), 0);
-  } else {
-    SayNotFound(workbench.prompts());
-  }
-  return result.position;
-}
-
 std::optional<TextRange> FindNextMatch(std::u16string_view text, std::size_t caret, RegExp& regExp,
                                        const FindState& state, Progress& progress) {
   std::optional<TextRange> first;
@@ -144,24 +127,38 @@ namespace {
 constexpr std::size_t kMostCounted = 32'000'000;  // characters
 constexpr std::size_t kMostCountedByPattern = 2'000'000;
 
-// What a search began with.
-struct SearchBegin {
+// A search with its positions counted from the beginning of what is searched.
+struct InnerSearch {
+  SearchedText searched;
   TextRange selection;
-  bool isNewSearch = false;
-  bool beginsAtCaret = false;
+  FindState state;
 };
 
-bool HasWrapped(const SearchBegin& begin, std::size_t place, bool searchesUp) {
-  const std::size_t caret = begin.selection.start.value;
-  if (place == caret) {
-    return !begin.isNewSearch && !begin.beginsAtCaret && !begin.selection.empty();
+// A selection that is no place in the part counts as the end that the search comes from.
+InnerSearch BeginSearch(const Editor& editor, const FindState& state) {
+  InnerSearch inner{TextToSearch(editor, state), editor.Selection(), state};
+  const std::size_t begin = inner.searched.begin;
+  const std::size_t length = inner.searched.text.size();
+  TextRange& selection = inner.selection;
+  const bool isPart = state.isInPart && editor.MarkedPart();
+  if (isPart &&
+      (selection.start.value < begin || selection.end().value > begin + length || selection.length == length)) {
+    selection = {{state.searchesUp ? length : 0}, 0};
+    inner.state.lastFound = 0;
+    inner.state.isNewSearch = true;
+    inner.state.beginsAtCaret = !state.searchesUp;
+    return inner;
   }
-  return searchesUp ? place > caret : place < caret;
+  selection.start.value -= begin;
+  inner.state.lastFound -= std::min(begin, state.lastFound);
+  return inner;
 }
 
-// Says which of how many places has been selected, and that the search has gone around the end.
-void TellPlace(Workbench& workbench, const FindState& state, const SearchBegin& begin) {
-  const std::u16string text = workbench.editor().Text();
+// Says which of how many places has been selected, and that the search has gone around the end. `found` is the search
+// after it has found, `begun` as it was before.
+void TellPlace(Workbench& workbench, const InnerSearch& found, const FindState& begun) {
+  const FindState& state = found.state;
+  const std::u16string& text = found.searched.text;
   std::u16string remark;
   if (text.size() <= (state.isRegExp ? kMostCountedByPattern : kMostCounted)) {
     const auto work = workbench.StartWork();
@@ -170,20 +167,47 @@ void TellPlace(Workbench& workbench, const FindState& state, const SearchBegin& 
         std::ranges::upper_bound(places, state.lastFound, {}, [](const TextRange& range) { return range.start.value; });
     remark = u"第 " + DecimalText(behind - places.begin()) + u" 处，共 " + DecimalText(places.size()) + u" 处";
   }
-  if (HasWrapped(begin, state.lastFound, state.searchesUp)) {
-    remark += state.searchesUp ? u"（已到文首，从文末接着找）" : u"（已到文末，从文首接着找）";
+  const std::size_t caret = found.selection.start.value;
+  const bool isSamePlace = !begun.isNewSearch && !begun.beginsAtCaret && !found.selection.empty();
+  const bool hasWrapped = state.lastFound == caret ? isSamePlace
+                          : state.searchesUp       ? state.lastFound > caret
+                                                   : state.lastFound < caret;
+  if (hasWrapped) {
+    const std::u16string_view part = state.isInPart ? u"所选范围" : u"文";
+    remark.append(u"（已到").append(part).append(state.searchesUp ? u"首，从" : u"末，从").append(part);
+    remark += state.searchesUp ? u"末接着找）" : u"首接着找）";
   }
   workbench.ShowStatus(remark);
 }
 
-bool FindNextMatchInEditor(Workbench& workbench, FindState& state) {
-  Editor& editor = workbench.editor();
+bool FindPlainIn(Workbench& workbench, std::u16string_view find, InnerSearch& inner) {
+  FindNextResult result;
+  {
+    const auto work = workbench.StartWork();
+    result = FindNextInText(inner.searched.text, inner.selection, find, inner.state, work->progress());
+  }
+  const auto select = [&](std::size_t position, std::size_t length) {
+    EditSetSelection(workbench.editor(), static_cast<std::ptrdiff_t>(inner.searched.begin + position),
+                     static_cast<std::ptrdiff_t>(length));
+  };
+  if (result.position > 0) {
+    select(result.position - 1, find.size());
+  } else if (result.occurs) {
+    select(result.caret, 0);
+  } else {
+    SayNotFound(workbench.prompts());
+  }
+  return result.position > 0;
+}
+
+bool FindMatchIn(Workbench& workbench, InnerSearch& inner) {
+  FindState& state = inner.state;
   std::optional<TextRange> match;
   {
     const auto work = workbench.StartWork();
     const auto regExp =
         workbench.regExpEngine().Compile(state.findText, {.ignoreCase = !state.matchesCase, .multiLine = true});
-    match = FindNextMatch(editor.Text(), editor.Selection().start.value, *regExp, state, work->progress());
+    match = FindNextMatch(inner.searched.text, inner.selection.start.value, *regExp, state, work->progress());
   }
   state.isNewSearch = false;
   state.beginsAtCaret = false;
@@ -191,22 +215,41 @@ bool FindNextMatchInEditor(Workbench& workbench, FindState& state) {
     SayNotFound(workbench.prompts());
     return false;
   }
-  EditSetSelection(editor, static_cast<std::ptrdiff_t>(match->start.value), static_cast<std::ptrdiff_t>(match->length));
+  const TextRange place = inner.searched.InDocument(*match);
+  EditSetSelection(workbench.editor(), static_cast<std::ptrdiff_t>(place.start.value),
+                   static_cast<std::ptrdiff_t>(place.length));
   state.lastFound = match->start.value;
   return true;
 }
 
+void EndSearch(const InnerSearch& inner, FindState& state) {
+  state.lastFound = inner.searched.begin + inner.state.lastFound;
+  state.isNewSearch = inner.state.isNewSearch;
+  state.beginsAtCaret = inner.state.beginsAtCaret;
+}
+
 }  // namespace
+
+std::size_t FindNextInEditor(Workbench& workbench, std::u16string_view find, FindState& state) {
+  if (find.empty()) {
+    return 0;
+  }
+  InnerSearch inner = BeginSearch(workbench.editor(), state);
+  const bool isFound = FindPlainIn(workbench, find, inner);
+  EndSearch(inner, state);
+  return isFound ? state.lastFound + 1 : 0;
+}
 
 bool FindNext(Workbench& workbench, FindState& state) {
   if (state.findText.empty()) {
     return false;
   }
-  const SearchBegin begin{workbench.editor().Selection(), state.isNewSearch, state.beginsAtCaret};
-  const bool isFound =
-      state.isRegExp ? FindNextMatchInEditor(workbench, state) : FindNextInEditor(workbench, state.findText, state) > 0;
+  InnerSearch inner = BeginSearch(workbench.editor(), state);
+  const FindState begun = inner.state;
+  const bool isFound = state.isRegExp ? FindMatchIn(workbench, inner) : FindPlainIn(workbench, state.findText, inner);
+  EndSearch(inner, state);
   if (isFound) {
-    TellPlace(workbench, state, begin);
+    TellPlace(workbench, inner, begun);
   }
   return isFound;
 }

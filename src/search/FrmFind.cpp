@@ -10,6 +10,7 @@
 #include "search/ScrivantaComboBox.h"
 #include "text/win/WideText.h"
 #include "win/DroppedFiles.h"
+#include "win/Monitors.h"
 #include "win/Registry.h"
 
 namespace scrivanta {
@@ -53,7 +54,7 @@ void FrmFind::OnInit() {
   SetTopMost(true);
   DragByBody();
   SetTips();
-  for (int controlId = Combo1; controlId <= RichTextBox1; ++controlId) {
+  for (int controlId = Combo1; controlId <= ChkInSelection; ++controlId) {
     HookKeys(controlId, [this, controlId](WPARAM key) { return OnKey(controlId, key); });
   }
   SetUpDropBox();
@@ -94,6 +95,7 @@ void FrmFind::SetTips() {
   constexpr char16_t kHistoryTip[] = u"F1注册表或INI文件中的清单；F2将条目过滤到前面，方便选择";
   SetToolTip(Combo1, kHistoryTip);
   SetToolTip(ChkIncludeFormat, u"【全部替换】保留源格式查找，如果有而不能被替换就取消勾选");
+  SetToolTip(ChkInSelection, u"查找、替换只在勾选时选中的几行中进行");
   SetToolTip(CmdFilter, u"将含关键字行移到文首，正则表达式方式要标记全，结尾如：.*$");
   SetToolTip(CmdSearchInFile, u"分开列出【含有】和【不含有】查找内容的文件");
   SetToolTip(CmdReplaceInFile, u"在列出的文件行中替换，不可逆转！！");
@@ -116,6 +118,9 @@ bool FrmFind::OnCommand(int controlId, int notification) {
     case ChkCapitalCheck:
     case ChkRegExpSearch:
       logic_.TakeOptions(*this);
+      return true;
+    case ChkInSelection:
+      logic_.TakePart(*this);
       return true;
     case CmdFindNext:
     case CmdFindAll:
@@ -227,6 +232,14 @@ bool FrmFind::KeepsFormatting() const {
   return IsChecked(ChkIncludeFormat);
 }
 
+bool FrmFind::IsInPart() const {
+  return IsChecked(ChkInSelection);
+}
+
+void FrmFind::SetInPart(bool isInPart) {
+  SetChecked(ChkInSelection, isInPart);
+}
+
 void FrmFind::SetOptions(bool searchesUp, bool matchesCase, bool isRegExp) {
   SetChecked(Option1, searchesUp);
   SetChecked(Option2, !searchesUp);
@@ -259,6 +272,16 @@ DialogPlace FrmFind::Place() const {
 
 void FrmFind::SetPlace(const DialogPlace& place) {
   MoveToTwips({place.left, place.top});
+}
+
+void FrmFind::MoveOff(const ScreenRect& place) {
+  const auto rectOf = [](const RECT& rect) { return ScreenRect{rect.left, rect.top, rect.right, rect.bottom}; };
+  RECT window{};
+  GetWindowRect(handle(), &window);
+  const ScreenRect moved = MovedOff(rectOf(window), place, rectOf(WorkAreaOf(window)));
+  if (moved != rectOf(window)) {
+    SetWindowPos(handle(), nullptr, moved.left, moved.top, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+  }
 }
 
 }  // namespace scrivanta

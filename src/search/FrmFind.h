@@ -40,6 +40,8 @@ class FrmFind final : public Dialog, private FindView {
   bool MatchesCase() const override;
   bool IsRegExp() const override;
   bool KeepsFormatting() const override;
+  bool IsInPart() const override;
+  void SetInPart(bool isInPart) override;
   void SetOptions(bool searchesUp, bool matchesCase, bool isRegExp) override;
   std::u16string DropBox() const override;
   void SetDropBox(const std::u16string& text) override;
@@ -47,6 +49,7 @@ class FrmFind final : public Dialog, private FindView {
   void ShowPreview(ReplacePreview& preview) override;
   DialogPlace Place() const override;
   void SetPlace(const DialogPlace& place) override;
+  void MoveOff(const ScreenRect& place) override;
 
   FindDialog logic_;
   std::unique_ptr<Subclass> dropBox_;

@@ -20,3 +20,4 @@
 #define CmdReplaceInFile 4116
 #define CmdClose 4117
 #define RichTextBox1 4118
+#define ChkInSelection 4119

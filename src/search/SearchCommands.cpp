@@ -7,8 +7,8 @@
 #include "search/FileReport.h"
 #include "search/FileSearchCommand.h"
 #include "search/FindNext.h"
-#include "search/FindPlaces.h"
 #include "search/Highlight.h"
+#include "search/SearchedText.h"
 #include "search/TextRanges.h"
 #include "shell/workbench/ResultFiles.h"
 #include "text/DecimalText.h"
@@ -43,7 +43,7 @@ void mnufindall(Workbench& workbench, const FindState& state) {
   }
   auto work = workbench.StartWork();
   const std::u16string text = workbench.editor().Text();
-  const auto places = FindPlaces(text, state, workbench.regExpEngine(), work->progress());
+  const auto places = PlacesInDocument(workbench, state, work->progress());
   if (places.empty()) {
     SayNotFound(workbench.prompts());
     return;
@@ -54,6 +54,11 @@ void mnufindall(Workbench& workbench, const FindState& state) {
   HighlightRanges(workbench, text, places, HighlightHeader::kMsSansSerif, work->progress());
   work.reset();
   workbench.ShowStatus(FoundRemark(places.size()));
+}
+
+bool TellsOfFile(std::u16string_view lines, std::size_t caret) {
+  const auto place = PlaceAt(lines, caret);
+  return place && IsFile(place->path);
 }
 
 // A place in a report of searched files is shown in this program; of any other line the path is opened.
@@ -152,7 +157,7 @@ void RegisterSearchCommands(CommandTable& table, SearchDialogs& dialogs) {
   table.Add("mnuFindNext", {[state](Workbench& workbench) { FindNext(workbench, *state); }});
   table.Add("mnuFindPrevious", {[state](Workbench& workbench) { FindPrevious(workbench, *state); }});
   table.Add("mnufindall", {[state](Workbench& workbench) { mnufindall(workbench, *state); }});
-  table.Add("mnuGoToThis", {&mnuGoToThis});
+  table.Add("mnuGoToThis", {.handler = &mnuGoToThis, .meantByEnter = &TellsOfFile});
   table.Add("mnuFindInFile", {&mnuFindInFile});
   table.Add("mnuRegGet", {&mnuRegGet});
   table.Add("mnuRegReplace", {&mnuRegReplace});

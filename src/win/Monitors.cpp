@@ -36,13 +36,17 @@ std::vector<RECT> WorkAreas() {
   return std::move(areas.list);
 }
 
-RECT KeepOnScreen(const RECT& bounds) {
+RECT WorkAreaOf(const RECT& bounds) {
   MONITORINFO info{};
   info.cbSize = sizeof(info);
   if (GetMonitorInfoW(MonitorFromRect(&bounds, MONITOR_DEFAULTTONEAREST), &info) == FALSE) {
     return bounds;
   }
-  const RECT& area = info.rcWork;
+  return info.rcWork;
+}
+
+RECT KeepOnScreen(const RECT& bounds) {
+  const RECT area = WorkAreaOf(bounds);
   const LONG left = std::max(area.left, std::min(bounds.left, area.right - (bounds.right - bounds.left)));
   const LONG top = std::max(area.top, std::min(bounds.top, area.bottom - (bounds.bottom - bounds.top)));
   RECT kept = bounds;

@@ -301,6 +301,18 @@ POINT RichEdit::PlaceOf(LONG position) const {
   return {place.x, place.y};
 }
 
+int TextHeightIn(HWND box) {
+  CHARFORMAT2W format{};
+  format.cbSize = sizeof(format);
+  SendMessageW(box, EM_GETCHARFORMAT, SCF_DEFAULT, reinterpret_cast<LPARAM>(&format));
+  int numerator = 0;
+  int denominator = 0;
+  SendMessageW(box, EM_GETZOOM, reinterpret_cast<WPARAM>(&numerator), reinterpret_cast<LPARAM>(&denominator));
+  constexpr int kTwipsPerInch = 1440;
+  const int height = MulDiv(format.yHeight, static_cast<int>(GetDpiForWindow(box)), kTwipsPerInch);
+  return denominator == 0 ? height : MulDiv(height, numerator, denominator);
+}
+
 CHARFORMAT2W RichEdit::SelectionFormat() const {
   CHARFORMAT2W format{};
   format.cbSize = sizeof(format);

@@ -20,6 +20,9 @@ namespace scrivanta {
 // The library that holds the control; to be kept as long as a control lives.
 OwnedLibrary LoadRichEditLibrary();
 
+// How high text of the default format is in such a control, as it is zoomed, in pixels.
+int TextHeightIn(HWND box);
+
 // Refers to a control, which its parent destroys.
 class RichEdit {
  public:
@@ -65,6 +68,8 @@ class RichEdit {
   // The first unit of the topmost line that is seen, and where a unit stands, in pixels of the window.
   LONG FirstVisible() const;
   POINT PlaceOf(LONG position) const;
+  // Of the default format, as it is zoomed, in pixels.
+  int TextHeight() const { return TextHeightIn(handle_); }
 
   CHARFORMAT2W SelectionFormat() const;
   // The same of another part.

@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include "shell/history/FollowEdit.h"
 #include "text/PathParts.h"
 #include "text/PlatformFile.h"
 #include "text/TextPieces.h"
@@ -57,6 +58,7 @@ class ScriptedWork final : public BusyWork, public Progress {
 
 void ScriptedEditor::Open(std::u16string_view text, TextRange selection) {
   text_ = text;
+  marked_.reset();
   changes = 0;
   SetSelection(selection);
 }
@@ -99,6 +101,9 @@ void ScriptedEditor::ReplaceSelection(std::u16string_view text) {
   ++changes;
   const std::u16string shown = WithLineBreaks(text);
   text_.replace(selection_.start.value, selection_.length, shown);
+  if (marked_) {
+    marked_ = FollowEdit(*marked_, selection_, shown.size());
+  }
   selection_ = {{selection_.start.value + shown.size()}, 0};
 }
 

@@ -27,6 +27,9 @@ class ScriptedEditor final : public Editor {
   std::u16string SelectedText() const override { return text_.substr(selection_.start.value, selection_.length); }
   TextRange Selection() const override { return selection_; }
   void SetSelection(TextRange range) override;
+  std::optional<ScreenRect> SelectionOnScreen() const override { return onScreen; }
+  void MarkPart(std::optional<TextRange> part) override { marked_ = part; }
+  std::optional<TextRange> MarkedPart() const override { return marked_; }
   std::size_t CountDisplayLines(std::u16string_view text) override;
   std::size_t CaretDisplayLine() const override;
   void SetText(std::u16string_view text) override;
@@ -46,12 +49,14 @@ class ScriptedEditor final : public Editor {
   std::function<std::u16string(std::string_view)> textOfRtf;
   std::vector<std::pair<TextRange, TextColours>> coloured;
   ScrollPosition scroll;
+  std::optional<ScreenRect> onScreen;
   int changes = 0;            // steps of undo
   std::size_t wrapWidth = 0;  // characters in a display line; 0: no wrapping
 
  private:
   std::u16string text_;
   TextRange selection_;
+  std::optional<TextRange> marked_;
 };
 
 // A question without an answer in the script fails the test and is cancelled, and so does an answer that nobody has

@@ -78,6 +78,7 @@ TEST_F(FindTest, ShowsItsControlsAndTellsWhatTheyAreFor) {
       {ChkCapitalCheck, u"区分大小写", u""},
       {ChkRegExpSearch, u"正则表达式查找", u""},
       {ChkIncludeFormat, u"保留源格式", u"【全部替换】保留源格式查找，如果有而不能被替换就取消勾选"},
+      {ChkInSelection, u"仅在所选范围", u"查找、替换只在勾选时选中的几行中进行"},
       {CmdFindNext, u"查找下一个(&N)", u""},
       {CmdFindAll, u"查找所有(&A)", u""},
       {CmdReplace, u"替换(&R)", u""},
@@ -100,9 +101,9 @@ TEST_F(FindTest, IsUsedWithTheKeyboardAlone) {
   StartWith(u"苹果 apple\r\nAPPLE 苹果");
   app.Press("Ctrl+F");
   DialogDriver dialog = app.ExpectDialog(u"查找");
-  for (const int control :
-       {Combo1, Combo2, Option2, ChkCapitalCheck, ChkRegExpSearch, ChkIncludeFormat, CmdFindNext, CmdFindAll,
-        CmdReplace, CmdReplaceAll, CmdFilter, CmdSearchInFile, CmdReplaceInFile, CmdClose, RichTextBox1, Combo1}) {
+  for (const int control : {Combo1, Combo2, Option2, ChkCapitalCheck, ChkRegExpSearch, ChkIncludeFormat, ChkInSelection,
+                            CmdFindNext, CmdFindAll, CmdReplace, CmdReplaceAll, CmdFilter, CmdSearchInFile,
+                            CmdReplaceInFile, CmdClose, RichTextBox1, Combo1}) {
     EXPECT_EQ(dialog.Focus(), control);
     app.Press("Tab");
   }
@@ -428,6 +429,46 @@ TEST_F(FindTest, ReplacesWhatIsTickedInFilesAndPutsItBack) {
   EXPECT_EQ(ReadBytes(two), rich);
   EXPECT_EQ(ReadBytes(three), Utf8(u"故旧“一二三”\n"));
   EXPECT_FALSE(app.MenuEntry("mnuUndoFileReplace").enabled);
+}
+
+TEST_F(FindTest, StaysInTheChosenLinesAndOutOfTheWay) {
+  std::u16string text;
+  for (int line = 0; line < 60; ++line) {
+    text += u"第行的字\r\n";
+  }
+  StartWith(text);
+  DialogDriver dialog = Open();
+  app.Editor().Select({{60}, 300});  // fifty lines
+  dialog.Type(Combo1, u"字").Press(ChkInSelection);
+  app.ExpectRemark(u"只在所选的 50 行中查找、替换");
+  for (std::size_t hit = 0; hit < 51; ++hit) {
+    dialog.Press(CmdFindNext);
+    ExpectSelected({{63 + hit % 50 * 6}, 1});
+    RECT window{};
+    GetWindowRect(dialog.window(), &window);
+    const POINT place = app.Editor().ScreenPlace(63 + hit % 50 * 6);
+    EXPECT_FALSE(PtInRect(&window, place)) << hit;
+  }
+  app.ExpectRemark(u"第 1 处，共 50 处（已到所选范围末，从所选范围首接着找）");
+  dialog.Type(Combo2, u"词").Press(CmdReplaceAll);
+  app.ExpectRemark(u"已替换50处");
+  EXPECT_EQ(app.Text().substr(0, 66), text.substr(0, 63) + u"词\r\n");
+  EXPECT_EQ(app.Text().substr(354), u"第行的词\r\n" + text.substr(360));
+}
+
+TEST_F(FindTest, EnterOnAPlaceOpensTheFileThere) {
+  const auto file = folder.Write(u"有.txt", Gbk(u"一\n二\n词\n"));
+  const auto list = folder.Write(u"清单.txt", Gbk(u"``" + file.u16string() + u"\r\n    1处，第3行：词\r\n"));
+  app.Start();
+  app.Open(list);
+  app.Editor().Select({{0}, 0});
+  app.Press("Enter");  // a line break, for here is no place
+  app.Menu("mnuUndo");
+  app.Menu("mnuSave");
+  app.Editor().Select({{file.u16string().size() + 10}, 0});
+  app.Press("Enter");
+  app.ExpectText(u"一\r\n二\r\n词\r\n");
+  ExpectSelected({{6}, 0});
 }
 
 TEST_F(FindTest, FollowsThePathsInTheDocument) {

@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "shell/history/EditTracker.h"
+#include "shell/history/FollowEdit.h"
 #include "shell/history/LineDifference.h"
 
 namespace scrivanta {
@@ -39,6 +40,7 @@ void DocumentHistory::Reset(const ControlView& control) {
   text_.Replace({}, control.Read({{0}, control.Length()}));
   selection_ = control.Selection();
   known_.reset();
+  marked_.reset();
   history_.Clear(selection_);
 }
 
@@ -125,8 +127,9 @@ void DocumentHistory::NoteRebuild(const ControlView& control, RichText before, b
   std::vector<ControlEdit> edits;
   ControlEdit edit = FindEditByWholeText(text_, control);
   if (!edit.empty()) {
-    TakeUp({&edit, 1});
+    Make({&edit, 1}, text_);
     edits = SplitByLines(std::move(edit));
+    MoveMark(edits);
   }
   const ControlRange selectionBefore = std::exchange(selection_, control.Selection());
   if (!edits.empty() || before || hasFormatting) {
@@ -260,6 +263,15 @@ void DocumentHistory::CatchUp(const ControlView& control, ControlRange place) {
 
 void DocumentHistory::TakeUp(std::span<const ControlEdit> edits) {
   Make(edits, text_);
+  MoveMark(edits);
+}
+
+void DocumentHistory::MoveMark(std::span<const ControlEdit> edits) {
+  for (const ControlEdit& edit : edits) {
+    if (marked_) {
+      marked_ = FollowEdit(*marked_, edit.removedRange(), edit.inserted.size());
+    }
+  }
 }
 
 void DocumentHistory::Replay(UndoTarget& target, std::span<const ControlEdit> edits) {
@@ -273,6 +285,7 @@ void DocumentHistory::Rebuild(UndoTarget& target, const RichText& richText, std:
   Make(edits, text);
   target.Rebuild(richText, text.Text());
   text_ = std::move(text);
+  MoveMark(edits);
   const ControlEdit wrong = FindEditByWholeText(text_, target);
   if (!wrong.empty()) {
     const ControlEdit right = Reversed(wrong);

@@ -78,11 +78,17 @@ class DocumentHistory {
   UndoElement UndoEntry(std::size_t index) const;
   UndoElement RedoEntry(std::size_t index) const;
 
+  // A part that stays marked whatever is edited, undone and redone; nothing when all of it has been taken away with
+  // what is around it, and after Reset.
+  void Mark(std::optional<ControlRange> part) { marked_ = part; }
+  const std::optional<ControlRange>& marked() const noexcept { return marked_; }
+
   const TextMirror& text() const noexcept { return text_; }
   const UndoHistory& history() const noexcept { return history_; }
 
  private:
   void TakeUp(std::span<const ControlEdit> edits);
+  void MoveMark(std::span<const ControlEdit> edits);
   void CatchUp(const ControlView& control, ControlRange place);
   bool MayBeErasing(ControlRange selection) const;
   SharedFormats KnownFormats(const ControlEdit& edit) const;
@@ -96,6 +102,7 @@ class DocumentHistory {
   ControlRange selection_;
   ControlPos knownStart_;
   std::optional<FormattedText> known_;
+  std::optional<ControlRange> marked_;
   bool allowed_ = true;
 };
 

@@ -83,7 +83,9 @@ FrmMain::FrmMain(WindowHost& host, Folders folders, Settings& settings, const Re
       prompts_(host, [this] { return PromptOwner(); }),
       editor_({[this] { HandleEditorChange(); }, [this] { HandleEditorSelection(); }, [this] { HandleLostFormats(); }},
               {[this] { return StartWork(); }, [this] { TakeUpEditBox(); }}),
-      keys_(host, editor_, clock_, [this](const std::function<void()>& action) { RunGuarded(action); }),
+      keys_(
+          host, editor_, clock_, [this](const std::function<void()>& action) { RunGuarded(action); },
+          [this] { return TakeEnter(); }),
       tray_([this](int commandId) { OnCommand(commandId, 0); }),
       busy_(host, bars_) {}
 
@@ -331,6 +333,17 @@ void FrmMain::RunCommand(int commandId) {
   }
   RunGuarded([&] { menuBar_.NoteCommand(entry->controlName); });
   RefreshState();
+}
+
+// The command is run from the loop, for it may take the box away whose key this is.
+bool FrmMain::TakeEnter() {
+  const FrmMainEditor::LinesAtCaret lines = editor_.TwoLinesAtCaret();
+  const auto meant = editor_.HasSelection() ? std::nullopt : commands_.MeantByEnter(lines.text, lines.caret);
+  if (!meant) {
+    return false;
+  }
+  PostMessageW(handle(), WM_COMMAND, static_cast<WPARAM>(*MenuCommandId(*meant)), 0);
+  return true;
 }
 
 bool FrmMain::RunGuarded(const std::function<void()>& action) {

@@ -117,6 +117,7 @@ class FrmMain final : public Window, public Workbench, public MainWindow, privat
   // How the window is to be shown first (SW_SHOW).
   int RestoreSettings(const Options& options);
   void RunCommand(int commandId);
+  bool TakeEnter();
   // Runs what is no command of the menu; whatever it throws becomes one message box. False when it has thrown.
   bool RunGuarded(const std::function<void()>& action);
   void LayOut();

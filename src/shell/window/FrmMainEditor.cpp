@@ -120,6 +120,43 @@ void FrmMainEditor::Redo() {
   }
 }
 
+// Of a selection of several lines the lines from one edge to the other.
+std::optional<ScreenRect> FrmMainEditor::SelectionOnScreen() const {
+  const CHARRANGE selection = box_.Selection();
+  const POINT begin = box_.PlaceOf(selection.cpMin);
+  const POINT end = box_.PlaceOf(selection.cpMax);
+  RECT seen{};
+  GetClientRect(box_.handle(), &seen);
+  const LONG bottom = end.y + 2L * box_.TextHeight();  // and the line below it
+  const RECT whole =
+      begin.y == end.y ? RECT{begin.x, begin.y, end.x + 1, bottom} : RECT{0, begin.y, seen.right, bottom};
+  RECT part{};
+  if (IntersectRect(&part, &whole, &seen) == FALSE) {
+    return std::nullopt;
+  }
+  MapWindowPoints(box_.handle(), nullptr, reinterpret_cast<POINT*>(&part), 2);
+  return ScreenRect{part.left, part.top, part.right, part.bottom};
+}
+
+FrmMainEditor::LinesAtCaret FrmMainEditor::TwoLinesAtCaret() const {
+  const ControlPos caret = control_.Selection().end();
+  const std::size_t line = breaks().LineOf(caret);
+  const ControlPos begin = breaks().LineStart(line == 0 ? 0 : line - 1);
+  const std::size_t end =
+      line + 1 < breaks().lineCount() ? breaks().LineStart(line + 1).value - 1 : breaks().controlLength();
+  const TextRange range = breaks().ToText({begin, end - begin.value});
+  return {history_.text().Text(range), breaks().ToText({caret, 0}).start.value - range.start.value};
+}
+
+void FrmMainEditor::MarkPart(std::optional<TextRange> part) {
+  history_.Mark(part ? std::optional(breaks().ToControl(*part)) : std::nullopt);
+}
+
+std::optional<TextRange> FrmMainEditor::MarkedPart() const {
+  const auto& part = history_.marked();
+  return part ? std::optional(breaks().ToText(*part)) : std::nullopt;
+}
+
 std::size_t FrmMainEditor::CountDisplayLines(std::u16string_view text) {
   return text == Text() ? box_.LineCount() : control_.CountLines(ToControlText(text));
 }

@@ -64,6 +64,12 @@ class FrmMainEditor final : public Editor, public EditBox {
   // Where the lines of the text begin, and the selection as the control has it.
   const LineBreakIndex& breaks() const noexcept { return history_.text().breaks(); }
   ControlRange ControlSelection() const { return control_.Selection(); }
+  // The line of the caret and the one before it, and where the caret is in them.
+  struct LinesAtCaret {
+    std::u16string text;
+    std::size_t caret = 0;
+  };
+  LinesAtCaret TwoLinesAtCaret() const;
   bool HasSelection() const { return !control_.Selection().empty(); }
   bool canUndo() const noexcept { return history_.canUndo(); }
   bool canRedo() const noexcept { return history_.canRedo(); }
@@ -86,6 +92,9 @@ class FrmMainEditor final : public Editor, public EditBox {
   std::u16string SelectedText() const override { return history_.text().Text(Selection()); }
   TextRange Selection() const override { return breaks().ToText(control_.Selection()); }
   void SetSelection(TextRange range) override { control_.Select(breaks().ToControl(range)); }
+  std::optional<ScreenRect> SelectionOnScreen() const override;
+  void MarkPart(std::optional<TextRange> part) override;
+  std::optional<TextRange> MarkedPart() const override;
   std::size_t CountDisplayLines(std::u16string_view text) override;
   std::size_t CaretDisplayLine() const override;
   void SetText(std::u16string_view text) override;

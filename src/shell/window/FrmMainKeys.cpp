@@ -67,7 +67,7 @@ bool FrmMainKeys::HandleKey(WPARAM key) {
     return HandleControlKey(key, shift);
   }
   SelectForErasing(key);
-  return key == VK_RETURN && shift && BreakLine();
+  return key == VK_RETURN && (shift ? BreakLine() : takeEnter_());
 }
 
 bool FrmMainKeys::HandleControlKey(WPARAM key, bool shift) {

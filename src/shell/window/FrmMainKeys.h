@@ -14,10 +14,15 @@ namespace scrivanta {
 
 class FrmMainKeys {
  public:
-  // `runGuarded` shows whatever is thrown as a message.
+  // `runGuarded` shows whatever is thrown as a message; `takeEnter` does what Enter means and tells whether it means
+  // anything but a line break.
   FrmMainKeys(WindowHost& host, FrmMainEditor& editor, const Clock& clock,
-              std::function<void(const std::function<void()>&)> runGuarded)
-      : host_(host), editor_(editor), clock_(clock), runGuarded_(std::move(runGuarded)) {}
+              std::function<void(const std::function<void()>&)> runGuarded, std::function<bool()> takeEnter)
+      : host_(host),
+        editor_(editor),
+        clock_(clock),
+        runGuarded_(std::move(runGuarded)),
+        takeEnter_(std::move(takeEnter)) {}
 
   // A message of the edit box; nothing when it is the control's.
   std::optional<LRESULT> HandleMessage(UINT message, WPARAM wParam);
@@ -41,6 +46,7 @@ class FrmMainKeys {
   FrmMainEditor& editor_;
   const Clock& clock_;
   std::function<void(const std::function<void()>&)> runGuarded_;
+  std::function<bool()> takeEnter_;
   bool isComposing_ = false;
 };
 

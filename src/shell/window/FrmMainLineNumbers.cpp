@@ -11,6 +11,7 @@
 #include "text/win/WideText.h"
 #include "win/Colours.h"
 #include "win/Handles.h"
+#include "win/RichEdit.h"
 
 namespace scrivanta {
 
@@ -29,22 +30,9 @@ LONG FirstCharacter(HWND box) {
   return static_cast<LONG>(SendMessageW(box, EM_CHARFROMPOS, 0, reinterpret_cast<LPARAM>(&corner)));
 }
 
-// As high as the text: its size, zoomed.
-int FigureHeight(HWND box) {
-  CHARFORMAT2W format{};
-  format.cbSize = sizeof(format);
-  SendMessageW(box, EM_GETCHARFORMAT, SCF_DEFAULT, reinterpret_cast<LPARAM>(&format));
-  int numerator = 0;
-  int denominator = 0;
-  SendMessageW(box, EM_GETZOOM, reinterpret_cast<WPARAM>(&numerator), reinterpret_cast<LPARAM>(&denominator));
-  constexpr int kTwipsPerInch = 1440;
-  const int height = MulDiv(format.yHeight, static_cast<int>(GetDpiForWindow(box)), kTwipsPerInch);
-  return denominator == 0 ? height : MulDiv(height, numerator, denominator);
-}
-
 OwnedFont FigureFont(HWND box) {
   LOGFONTW font{};
-  font.lfHeight = -FigureHeight(box);
+  font.lfHeight = -TextHeightIn(box);
   font.lfCharSet = GB2312_CHARSET;
   std::wstring(L"宋体").copy(font.lfFaceName, LF_FACESIZE - 1);
   return OwnedFont(CreateFontIndirectW(&font));
@@ -88,7 +76,7 @@ bool FrmMainLineNumbers::Follow(HWND box, const LineBreakIndex& breaks) {
     return false;
   }
   const LONG first = FirstCharacter(box);
-  const Place place{first, PlaceOf(box, first).y, breaks.lineCount(), FigureHeight(box)};
+  const Place place{first, PlaceOf(box, first).y, breaks.lineCount(), TextHeightIn(box)};
   if (place == drawn_) {
     return false;
   }

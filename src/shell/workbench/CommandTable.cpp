@@ -1,5 +1,6 @@
 #include "shell/workbench/CommandTable.h"
 
+#include <algorithm>
 #include <stdexcept>
 
 #include "shell/workbench/FailureMessage.h"
@@ -20,6 +21,13 @@ const Command* CommandTable::Find(std::string_view controlName) const {
 bool CommandTable::IsAvailable(std::string_view controlName, const WorkbenchState& state) const {
   const Command* command = Find(controlName);
   return command != nullptr && (!command->available || command->available(state));
+}
+
+std::optional<std::string> CommandTable::MeantByEnter(std::u16string_view lines, std::size_t caret) const {
+  const auto found = std::ranges::find_if(commands_, [&](const auto& entry) {
+    return entry.second.meantByEnter && entry.second.meantByEnter(lines, caret);
+  });
+  return found == commands_.end() ? std::nullopt : std::optional(found->first);
 }
 
 bool CommandTable::Run(std::string_view controlName, Workbench& workbench) const {

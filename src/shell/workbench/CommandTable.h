@@ -4,6 +4,7 @@
 
 #include <functional>
 #include <map>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -26,6 +27,8 @@ struct Command {
   std::function<void(Workbench&)> handler;
   std::function<bool(const WorkbenchState&)> available = nullptr;  // always, when there is none
   std::u16string_view lacks = u"现在不能用";                       // why not, where the state alone does not tell
+  // Whether Enter in the document means the command: `lines` are the line of the caret and the one before it.
+  std::function<bool(std::u16string_view lines, std::size_t caret)> meantByEnter = nullptr;
 };
 
 class CommandTable {
@@ -34,6 +37,8 @@ class CommandTable {
   void Add(std::string_view controlName, Command command);
   const Command* Find(std::string_view controlName) const;
   bool IsAvailable(std::string_view controlName, const WorkbenchState& state) const;
+  // The control name of the command that Enter means, see meantByEnter.
+  std::optional<std::string> MeantByEnter(std::u16string_view lines, std::size_t caret) const;
   // Runs a command; whatever it throws becomes one message box, and an Interrupted none. False when there is no such
   // command.
   bool Run(std::string_view controlName, Workbench& workbench) const;

@@ -10,6 +10,7 @@
 #include <string_view>
 
 #include "rtf/RtfByLines.h"
+#include "shell/workbench/ScreenRect.h"
 #include "text/Interface.h"
 #include "text/TextPos.h"
 
@@ -37,6 +38,14 @@ class Editor : public Interface {
   virtual TextRange Selection() const = 0;
   // Scrolls the caret into view. Positions beyond the end mean the end.
   virtual void SetSelection(TextRange range) = 0;
+
+  // Where the selection is seen; nothing when it is not.
+  virtual std::optional<ScreenRect> SelectionOnScreen() const = 0;
+
+  // A part of the text that stays marked, unseen, whatever is edited before it, in it and behind it. It is gone when
+  // more than all of it is removed at once, and when another document is shown.
+  virtual void MarkPart(std::optional<TextRange> part) = 0;
+  virtual std::optional<TextRange> MarkedPart() const = 0;
 
   // Lines as they are displayed: with automatic wrapping a long line of text is several of them.
   // How many the text would take in a box of this one's geometry.

@@ -135,6 +135,8 @@ class ScriptedFindView final : public FindView {
   bool MatchesCase() const override { return matchesCase; }
   bool IsRegExp() const override { return regExp; }
   bool KeepsFormatting() const override { return keepsFormatting; }
+  bool IsInPart() const override { return inPart; }
+  void SetInPart(bool isInPart) override { inPart = isInPart; }
   void SetOptions(bool searchesUp, bool caseCounts, bool isRegExp) override {
     up = searchesUp;
     matchesCase = caseCounts;
@@ -158,6 +160,7 @@ class ScriptedFindView final : public FindView {
   }
   DialogPlace Place() const override { return place; }
   void SetPlace(const DialogPlace& newPlace) override { place = newPlace; }
+  void MoveOff(const ScreenRect& seen) override { movedOff.push_back(seen); }
 
   std::u16string find;
   std::u16string replace;
@@ -167,6 +170,8 @@ class ScriptedFindView final : public FindView {
   bool matchesCase = false;
   bool regExp = false;
   bool keepsFormatting = false;
+  bool inPart = false;
+  std::vector<ScreenRect> movedOff;
   std::u16string drop;
   std::u16string tip;
   DialogPlace place;
@@ -240,6 +245,67 @@ TEST_F(FindDialogTest, KeepsWhatIsEnteredWhenItIsAskedForAgain) {
   view.place = {};
   dialog.Open(view);
   EXPECT_EQ(view.place, (DialogPlace{-30, 450}));
+}
+
+TEST_F(FindDialogTest, StaysInTheChosenPart) {
+  struct Step {
+    bool up;
+    std::size_t place;
+    std::u16string_view remark;
+  };
+  constexpr Step kSteps[] = {{false, 4, u"第 1 处，共 2 处"},
+                             {false, 8, u"第 2 处，共 2 处"},
+                             {false, 4, u"第 1 处，共 2 处（已到所选范围末，从所选范围首接着找）"},
+                             {true, 8, u"第 2 处，共 2 处（已到所选范围首，从所选范围末接着找）"}};
+  for (const bool regExp : {false, true}) {
+    workbench.editor().Open(u"字a\r\n字b\r\n字c\r\n字d", {{4}, 8});
+    Fill(regExp ? u"^字" : u"字", u"字字", regExp);
+    view.inPart = true;
+    dialog.TakePart(view);
+    EXPECT_EQ(workbench.status, u"只在所选的 2 行中查找、替换");
+    for (const Step& step : kSteps) {
+      view.up = step.up;
+      dialog.FindNext(view);
+      EXPECT_EQ(workbench.editor().Selection(), (TextRange{{step.place}, 1})) << regExp;
+      EXPECT_EQ(workbench.status, step.remark) << regExp;
+    }
+    view.up = false;
+    // The caret elsewhere is no reason to leave the part, nor is a match there replaced.
+    workbench.editor().SetSelection({{12}, 1});
+    dialog.Replace(view);
+    EXPECT_EQ(workbench.editor().Selection(), (TextRange{{4}, 1})) << regExp;
+    dialog.FindAll(view);
+    EXPECT_EQ(workbench.status, u"共找到 2 处");
+    dialog.ReplaceAll(view);
+    EXPECT_EQ(workbench.editor().Text(), u"字a\r\n字字b\r\n字字c\r\n字d") << regExp;
+    // The part has grown with what was put in.
+    workbench.editor().SetSelection({});
+    Fill(u"c", u"C");
+    dialog.ReplaceAll(view);
+    EXPECT_EQ(workbench.editor().Text(), u"字a\r\n字字b\r\n字字C\r\n字d") << regExp;
+    dialog.Close(view);
+    EXPECT_EQ(workbench.editor().MarkedPart(), std::nullopt);
+  }
+}
+
+TEST_F(FindDialogTest, SaysWhenThereIsNoPart) {
+  workbench.editor().Open(u"一二\r\n", {});
+  Fill(u"一", u"");
+  view.inPart = true;
+  dialog.TakePart(view);
+  EXPECT_FALSE(view.inPart);
+  EXPECT_EQ(workbench.prompts().messages.size(), 1U);
+
+  workbench.editor().SetSelection({{0}, 2});
+  view.inPart = true;
+  dialog.TakePart(view);
+  workbench.editor().Open(u"另一个", {});
+  dialog.ReplaceAll(view);
+  EXPECT_FALSE(view.inPart);
+  EXPECT_EQ(workbench.prompts().messages.size(), 2U);
+  EXPECT_EQ(workbench.editor().Text(), u"另一个");
+  dialog.ReplaceAll(view);
+  EXPECT_EQ(workbench.editor().Text(), u"另个");
 }
 
 TEST_F(FindDialogTest, FindsTheOtherWayWithoutChangingTheDirection) {

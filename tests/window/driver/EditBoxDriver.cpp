@@ -72,6 +72,14 @@ void EditBoxDriver::Insert(std::u16string_view text) const {
   Send(window_, EM_REPLACESEL, TRUE, reinterpret_cast<LPARAM>(ToWide(text).c_str()));
 }
 
+POINT EditBoxDriver::ScreenPlace(std::size_t position) const {
+  POINTL place{};
+  Send(window_, EM_POSFROMCHAR, reinterpret_cast<WPARAM>(&place), ToControl(Text(), position));
+  POINT point{place.x, place.y};
+  ClientToScreen(window_, &point);
+  return point;
+}
+
 CHARFORMAT2W EditBoxDriver::SelectionFormat() const {
   CHARFORMAT2W format{};
   format.cbSize = sizeof(format);

@@ -27,6 +27,8 @@ class EditBoxDriver {
   // Puts the text in place of the selection, as if it were pasted.
   void Insert(std::u16string_view text) const;
   CHARFORMAT2W SelectionFormat() const;
+  // Where a position of the text is on the desktop, in pixels.
+  POINT ScreenPlace(std::size_t position) const;
   // Of each unit of the text, as digits: 1 for bold, 2 for italics, 4 for underlined, added up; 0 for line breaks.
   // Throws DriverFailure when the rich text cannot be read.
   std::string Effects() const;

@@ -500,5 +500,45 @@ TEST(DocumentHistory, AThousandStepsOnALargeDocumentAreSmallAndReadLittle) {
   EXPECT_EQ(session.control.text, text);
 }
 
+TEST(DocumentHistory, AMarkedPartFollowsEveryEdit) {
+  struct Case {
+    ControlRange replaced;
+    std::u16string_view by;
+    std::optional<std::u16string> marked;  // the text of the part afterwards
+  };
+  // "01[2345]67", the part in brackets marked.
+  const Case cases[] = {{{{0}, 0}, u"ab", u"2345"}, {{{0}, 2}, u"", u"2345"},      {{{6}, 2}, u"x", u"2345"},
+                        {{{2}, 0}, u"a", u"a2345"}, {{{6}, 0}, u"a", u"2345a"},    {{{3}, 2}, u"abc", u"2abc5"},
+                        {{{2}, 4}, u"ab", u"ab"},   {{{1}, 2}, u"ab", u"345"},     {{{5}, 2}, u"ab", u"234"},
+                        {{{2}, 4}, u"", u""},       {{{1}, 6}, u"x", std::nullopt}};
+  for (const Case& one : cases) {
+    Session session(u"01234567");
+    session.history.Mark(ControlRange{{2}, 4});
+    session.PlaceCaret(one.replaced.start.value, one.replaced.length);
+    session.Paste(one.by);
+    const auto marked = [&session] {
+      const auto& part = session.history.marked();
+      return part ? std::optional(session.control.text.substr(part->start.value, part->length)) : std::nullopt;
+    };
+    EXPECT_EQ(marked(), one.marked) << std::string(one.by.begin(), one.by.end());
+    if (one.replaced.start.value >= 2 && one.replaced.end().value <= 6) {
+      session.history.Undo(session.control);
+      EXPECT_EQ(marked(), u"2345");
+      session.history.Redo(session.control);
+      EXPECT_EQ(marked(), one.marked);
+    }
+    session.history.Reset(session.control);
+    EXPECT_EQ(session.history.marked(), std::nullopt);
+  }
+  // A change of the whole that comes back as rich text.
+  Session session(u"head\rmarked\r");
+  session.control.formats[0] = 'b';
+  session.history.Mark(ControlRange{{5}, 6});
+  session.Rebuild(u"longer head\r\nmarked\r\n");
+  EXPECT_EQ(session.history.marked(), (ControlRange{{12}, 6}));
+  session.history.Undo(session.control);
+  EXPECT_EQ(session.history.marked(), (ControlRange{{5}, 6}));
+}
+
 }  // namespace
 }  // namespace scrivanta
