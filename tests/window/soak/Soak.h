@@ -59,6 +59,7 @@ class Soak {
   void CutCopyPaste();
   void Capitals();
   void Format();
+  void UndoUnseen();
   void RunLineCommand();
   void RunSearchCommand();
   void DeleteLines();
