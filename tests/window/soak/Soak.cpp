@@ -585,6 +585,7 @@ void Soak::ExpectSameEffects(std::size_t before, std::size_t now, std::size_t le
   }
 }
 
+// A line that the selection cuts through may be gone, and one like it written by the command.
 void Soak::ExpectLinesKeepEffects(const std::u16string& before) const {
   const auto placesOfLines = [](const std::u16string& text) {
     std::map<std::u16string, std::vector<std::size_t>> places;
@@ -595,10 +596,15 @@ void Soak::ExpectLinesKeepEffects(const std::u16string& before) const {
     }
     return places;
   };
+  const auto cuts = [this](TextPos edge, std::size_t begin, std::size_t length) {
+    return !selection_.empty() && edge.value > begin && edge.value < begin + length;
+  };
   const auto placesNow = placesOfLines(text_);
   for (const auto& [line, places] : placesOfLines(before)) {
     const auto now = placesNow.find(line);
-    if (places.size() == 1 && now != placesNow.end() && now->second.size() == 1) {
+    const bool isCut =
+        cuts(selection_.start, places.front(), line.size()) || cuts(selection_.end(), places.front(), line.size());
+    if (places.size() == 1 && !isCut && now != placesNow.end() && now->second.size() == 1) {
       ExpectSameEffects(places.front(), now->second.front(), line.size());
     }
   }
