@@ -4,6 +4,7 @@
 
 #include "calendar/FrmCalendarControls.h"
 #include "text/ExplainedError.h"
+#include "win/BoxMenu.h"
 #include "win/Keys.h"
 
 namespace scrivanta {
@@ -60,11 +61,12 @@ void FrmCalendar::MakePage() {
   SetWindowPos(page_.handle(), frame, bounds.left, bounds.top, bounds.right - bounds.left, bounds.bottom - bounds.top,
                SWP_NOACTIVATE);
   ShowWindow(frame, SW_HIDE);
-  pageKeys_ = std::make_unique<Subclass>(
-      host(), page_.handle(), [this](UINT message, WPARAM wParam, LPARAM) { return OnPageMessage(message, wParam); });
+  pageKeys_ = std::make_unique<Subclass>(host(), page_.handle(), [this](UINT message, WPARAM wParam, LPARAM lParam) {
+    return OnPageMessage(message, wParam, lParam);
+  });
 }
 
-std::optional<LRESULT> FrmCalendar::OnPageMessage(UINT message, WPARAM wParam) {
+std::optional<LRESULT> FrmCalendar::OnPageMessage(UINT message, WPARAM wParam, LPARAM lParam) {
   switch (message) {
     case WM_KEYDOWN:
       return OnPageKey(wParam) ? std::optional<LRESULT>(0) : std::nullopt;
@@ -76,7 +78,7 @@ std::optional<LRESULT> FrmCalendar::OnPageMessage(UINT message, WPARAM wParam) {
       // Tab, Enter and Esc are the dialog's.
       return DLGC_WANTARROWS;
     default:
-      return std::nullopt;
+      return AnswerWithBoxMenu(page_.handle(), message, lParam);
   }
 }
 

@@ -24,7 +24,7 @@ class FrmCalendar final : public Dialog, private CalendarView {
   bool OnCommand(int controlId, int notification) override;
   void OnClose() override;
   void MakePage();
-  std::optional<LRESULT> OnPageMessage(UINT message, WPARAM wParam);
+  std::optional<LRESULT> OnPageMessage(UINT message, WPARAM wParam, LPARAM lParam);
   bool OnPageKey(WPARAM key);
   bool Press(int controlId);
   bool Turn(int controlId);

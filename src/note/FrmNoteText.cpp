@@ -1,13 +1,12 @@
 #include "note/FrmNoteText.h"
 
 #include <algorithm>
-#include <array>
 #include <cwchar>
 #include <utility>
 
 #include "text/win/WideText.h"
+#include "win/BoxMenu.h"
 #include "win/Keys.h"
-#include "win/PopupMenu.h"
 
 namespace scrivanta {
 
@@ -82,12 +81,6 @@ std::optional<LRESULT> FrmNoteText::OnMessage(UINT message, WPARAM wParam, LPARA
         return 0;
       }
       return std::nullopt;
-    case WM_RBUTTONUP:  // not every control makes of it what the next is
-      SendMessageW(box_.handle(), WM_CONTEXTMENU, reinterpret_cast<WPARAM>(box_.handle()), GetMessagePos());
-      return 0;
-    case WM_CONTEXTMENU:
-      OpenMenu(PlaceOfContextMenu(box_.handle(), lParam));
-      return 0;
     case WM_CHAR:
       return wParam == kCtrlEnter ? std::optional<LRESULT>(0) : std::nullopt;
     case WM_GETDLGCODE:
@@ -102,30 +95,7 @@ std::optional<LRESULT> FrmNoteText::OnMessage(UINT message, WPARAM wParam, LPARA
       MarkVisible();
       return 0;
     default:
-      return std::nullopt;
-  }
-}
-
-void FrmNoteText::OpenMenu(POINT at) {
-  struct Action {
-    std::u16string_view caption;
-    UINT message;
-    WPARAM wParam = 0;
-    LPARAM lParam = 0;
-  };
-  static constexpr std::array kActions = {
-      Action{u"&U 撤消\tCtrl+Z", EM_UNDO}, Action{u"&T 剪切\tCtrl+X", WM_CUT},
-      Action{u"&C 拷贝\tCtrl+C", WM_COPY}, Action{u"&P 粘贴\tCtrl+V", EM_PASTESPECIAL, CF_UNICODETEXT},
-      Action{u"&D 删除", WM_CLEAR},        Action{u"&A 全选\tCtrl+A", EM_SETSEL, 0, -1}};
-  const CHARRANGE selection = box_.Selection();
-  std::vector<PopupEntry> entries;
-  for (const Action& action : kActions) {
-    const bool needsSelection = action.message == WM_CUT || action.message == WM_COPY || action.message == WM_CLEAR;
-    entries.push_back({std::u16string(action.caption), !needsSelection || selection.cpMin != selection.cpMax});
-  }
-  if (const std::optional<std::size_t> chosen = ChooseFromPopup(box_.handle(), at, entries)) {
-    const Action& action = kActions[*chosen];
-    box_.Send(action.message, action.wParam, action.lParam);
+      return AnswerWithBoxMenu(box_.handle(), message, lParam);
   }
 }
 

@@ -40,7 +40,6 @@ class FrmNoteText {
 
  private:
   std::optional<LRESULT> OnMessage(UINT message, WPARAM wParam, LPARAM lParam);
-  void OpenMenu(POINT at);
   CHARRANGE VisibleRange() const;
 
   RichEdit box_;

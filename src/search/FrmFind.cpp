@@ -9,6 +9,7 @@
 #include "search/FrmReplacePreview.h"
 #include "search/ScrivantaComboBox.h"
 #include "text/win/WideText.h"
+#include "win/BoxMenu.h"
 #include "win/DroppedFiles.h"
 #include "win/Monitors.h"
 #include "win/Registry.h"
@@ -68,8 +69,8 @@ void FrmFind::SetUpDropBox() {
   RevokeDragDrop(box);
   DragAcceptFiles(box, TRUE);
   DragAcceptFiles(handle(), TRUE);
-  dropBox_ =
-      std::make_unique<Subclass>(host(), box, [this](UINT message, WPARAM wParam, LPARAM) -> std::optional<LRESULT> {
+  dropBox_ = std::make_unique<Subclass>(
+      host(), box, [this, box](UINT message, WPARAM wParam, LPARAM lParam) -> std::optional<LRESULT> {
         switch (message) {
           case WM_DROPFILES:
             TakeDrop(reinterpret_cast<HDROP>(wParam));
@@ -78,7 +79,7 @@ void FrmFind::SetUpDropBox() {
             // Tab, Enter and Esc are the dialog's.
             return DLGC_WANTARROWS | DLGC_WANTCHARS;
           default:
-            return std::nullopt;
+            return AnswerWithBoxMenu(box, message, lParam);
         }
       });
 }

@@ -372,6 +372,14 @@ TEST_F(FindTest, SearchesAndReplacesInTheFilesOfAFolder) {
   app.ExpectBox(ReplaceQuestion(u"1", u"1")).Answer(Answer::kYes);
   app.ExpectBox({.text = u"已全部替换！", .systemModal = true}).Answer(Answer::kOk);
   EXPECT_EQ(ReadBytes(none), "somehing");
+
+  // The menu of the box takes its list away, and gives it back.
+  for (const char16_t key : {u'A', u'D', u'U'}) {
+    PostMessageW(dialog.Control(RichTextBox1), WM_CONTEXTMENU, 0, -1);
+    app.WaitForPopup();
+    app.ChooseInPopup(key);
+    EXPECT_EQ(dialog.Text(RichTextBox1), key == u'D' ? u"" : u"``" + none.u16string());
+  }
 }
 
 TEST_F(FindTest, ReplacesWhatIsTickedInFilesAndPutsItBack) {
