@@ -72,8 +72,8 @@ std::vector<std::uint32_t> ScreenPixels(const RECT& part) {
   std::vector<std::uint32_t> pixels(static_cast<std::size_t>(format.bmiHeader.biWidth) *
                                     static_cast<std::size_t>(format.bmiHeader.biHeight));
   const WindowDeviceContext screen(nullptr);
-  GetDIBits(screen.get(), copy.get(), 0, static_cast<UINT>(format.bmiHeader.biHeight),
-            pixels.data(), &format, DIB_RGB_COLORS);
+  GetDIBits(screen.get(), copy.get(), 0, static_cast<UINT>(format.bmiHeader.biHeight), pixels.data(), &format,
+            DIB_RGB_COLORS);
   return pixels;
 }
 
