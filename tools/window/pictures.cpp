@@ -107,8 +107,11 @@ void TakeMenuPicture(const ProgramProcess& program, char accessKey, const std::f
   });
   WaitUntil("the menu to be drawn", [menu] {
     constexpr std::uint32_t kLight = 0xB0B0B0;
-    return std::ranges::count_if(ScreenPixels(BoundsOf(menu)),
-                                 [](std::uint32_t pixel) { return (pixel & 0xFFFFFF) > kLight; }) > 1000;  // its texts
+    constexpr int kEdge = 4;
+    RECT inner = BoundsOf(menu);
+    InflateRect(&inner, -kEdge, -kEdge);
+    return std::ranges::count_if(ScreenPixels(inner), [](std::uint32_t pixel) { return (pixel & 0xFFFFFF) > kLight; }) >
+           1000;  // its texts
   });
   TakeScreenshot(BoundsOf(program.MainWindow()), file);
   PostMessageW(program.MainWindow(), WM_CANCELMODE, 0, 0);
