@@ -150,8 +150,8 @@ bool FindDialog::ReadToSearch(FindView& view) {
 // What a command for all places works on: the part to search, else what is selected, else all.
 TextRange FindDialog::PartToChange() {
   Editor& editor = workbench_.editor();
-  if (state_.isInPart) {
-    editor.SetSelection(*editor.MarkedPart());
+  if (const auto part = PartToSearch(editor, state_)) {
+    editor.SetSelection(*part);
   }
   return editor.Selection();
 }
@@ -222,7 +222,7 @@ void FindDialog::FindAll(FindView& view) {
   }
   auto work = workbench_.StartWork();
   const std::u16string text = workbench_.editor().Text();
-  const auto places = PlacesInDocument(workbench_, state_, work->progress());
+  const auto places = PlacesInDocument(text, workbench_, state_, work->progress());
   if (places.empty()) {
     SayNotFound(workbench_.prompts());
     return;
@@ -238,7 +238,7 @@ std::optional<std::u16string> FindDialog::ReplacementOfSelection() {
   const TextRange selection = editor.Selection();
   const bool isEmptyMatch =
       state_.isRegExp && !state_.isNewSearch && selection.empty() && selection.start.value == state_.lastFound;
-  const std::optional<TextRange> part = state_.isInPart ? editor.MarkedPart() : std::nullopt;
+  const std::optional<TextRange> part = PartToSearch(editor, state_);
   const bool isOutside = part && (selection.start < part->start || selection.end() > part->end());
   if ((selection.empty() && !isEmptyMatch) || isOutside) {
     return std::nullopt;

@@ -140,7 +140,7 @@ InnerSearch BeginSearch(const Editor& editor, const FindState& state) {
   const std::size_t begin = inner.searched.begin;
   const std::size_t length = inner.searched.text.size();
   TextRange& selection = inner.selection;
-  const bool isPart = state.isInPart && editor.MarkedPart();
+  const bool isPart = PartToSearch(editor, state).has_value();
   if (isPart &&
       (selection.start.value < begin || selection.end().value > begin + length || selection.length == length)) {
     selection = {{state.searchesUp ? length : 0}, 0};

@@ -43,7 +43,7 @@ void mnufindall(Workbench& workbench, const FindState& state) {
   }
   auto work = workbench.StartWork();
   const std::u16string text = workbench.editor().Text();
-  const auto places = PlacesInDocument(workbench, state, work->progress());
+  const auto places = PlacesInDocument(text, workbench, state, work->progress());
   if (places.empty()) {
     SayNotFound(workbench.prompts());
     return;

@@ -4,20 +4,26 @@
 
 namespace scrivanta {
 
+std::optional<TextRange> PartToSearch(const Editor& editor, const FindState& state) {
+  return state.isInPart ? editor.MarkedPart() : std::nullopt;
+}
+
 SearchedText TextToSearch(const Editor& editor, const FindState& state) {
   SearchedText searched{editor.Text()};
-  if (const auto part = state.isInPart ? editor.MarkedPart() : std::nullopt) {
+  if (const auto part = PartToSearch(editor, state)) {
     searched.text = searched.text.substr(part->start.value, part->length);
     searched.begin = part->start.value;
   }
   return searched;
 }
 
-std::vector<TextRange> PlacesInDocument(Workbench& workbench, const FindState& state, Progress& progress) {
-  const SearchedText searched = TextToSearch(workbench.editor(), state);
-  std::vector<TextRange> places = FindPlaces(searched.text, state, workbench.regExpEngine(), progress);
+std::vector<TextRange> PlacesInDocument(std::u16string_view text, Workbench& workbench, const FindState& state,
+                                        Progress& progress) {
+  const TextRange part = PartToSearch(workbench.editor(), state).value_or(TextRange{{0}, text.size()});
+  std::vector<TextRange> places =
+      FindPlaces(text.substr(part.start.value, part.length), state, workbench.regExpEngine(), progress);
   for (TextRange& place : places) {
-    place = searched.InDocument(place);
+    place.start.value += part.start.value;
   }
   return places;
 }

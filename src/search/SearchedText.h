@@ -2,7 +2,9 @@
 #pragma once
 
 #include <cstddef>
+#include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "regexp/RegExp.h"
@@ -18,10 +20,13 @@ struct SearchedText {
   TextRange InDocument(TextRange range) const { return {{begin + range.start.value}, range.length}; }
 };
 
-// The marked part of the editor where the state says so and there is one.
+// The marked part of the editor where the state says so and there is one; nothing when all is searched.
+std::optional<TextRange> PartToSearch(const Editor& editor, const FindState& state);
 SearchedText TextToSearch(const Editor& editor, const FindState& state);
 
-// All places in what is searched, as ranges of the document. Throws what FindPlaces throws.
-std::vector<TextRange> PlacesInDocument(Workbench& workbench, const FindState& state, Progress& progress);
+// All places in what is searched of the document, whose text this is, as ranges of the document. Throws what FindPlaces
+// throws.
+std::vector<TextRange> PlacesInDocument(std::u16string_view text, Workbench& workbench, const FindState& state,
+                                        Progress& progress);
 
 }  // namespace scrivanta

@@ -132,11 +132,11 @@ void Colours::DressMenuBar(HWND window) {
 
 // Not those of a list or a tree: the same theme has the colours of their entries.
 void Colours::RecolourControl(HWND control) {
+  const Kind kind = KindOf(control);
   if (isDark_) {
-    SetWindowSubclass(control, &ControlProcedure, static_cast<UINT_PTR>(KindOf(control)),
-                      reinterpret_cast<DWORD_PTR>(this));
+    SetWindowSubclass(control, &ControlProcedure, static_cast<UINT_PTR>(kind), reinterpret_cast<DWORD_PTR>(this));
   }
-  if (KindOf(control) == Kind::kOther || IsClass(control, kRichEdit)) {
+  if (kind == Kind::kOther || IsClass(control, kRichEdit)) {
     UseDarkScrollBars(control, isDark_);
   }
 }

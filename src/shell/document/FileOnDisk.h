@@ -2,11 +2,11 @@
 // programs have made of the file since.
 #pragma once
 
-#include <cstddef>
 #include <filesystem>
 #include <optional>
 #include <string_view>
 
+#include "text/Fingerprint.h"
 #include "text/PlatformFile.h"
 
 namespace scrivanta {
@@ -25,9 +25,9 @@ class FileOnDisk {
   const std::optional<FileStamp>& stamp() const noexcept { return own_; }
 
   // What the document was read from, or saved as.
-  void NoteContent(std::string_view bytes) noexcept { content_ = HashOf(bytes); }
+  void NoteContent(std::string_view bytes) noexcept { content_ = FingerprintOf(bytes); }
   // Whether the bytes are what was noted: the file has only been touched.
-  bool Holds(std::string_view bytes) const noexcept { return content_ == HashOf(bytes); }
+  bool Holds(std::string_view bytes) const noexcept { return content_ == FingerprintOf(bytes); }
 
   // What the user has not been told yet; each state is told once.
   enum class News { kNone, kChanged, kGone };
@@ -43,12 +43,11 @@ class FileOnDisk {
   bool ChangedExternally() const;
 
  private:
-  static std::size_t HashOf(std::string_view bytes) noexcept { return std::hash<std::string_view>{}(bytes); }
   // Nothing when there is no file of the name, or none that can be looked at: then isGone tells which.
   static std::optional<FileStamp> StampOf(const std::filesystem::path& path, bool* isGone = nullptr);
 
   std::filesystem::path path_;
-  std::optional<std::size_t> content_;  // a hash; nothing: unknown
+  std::optional<Fingerprint> content_;  // nothing: unknown
   std::optional<FileStamp> own_;
   std::optional<FileStamp> seen_;  // nothing: the user knows that the file is gone
 };
